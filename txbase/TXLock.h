@@ -1,0 +1,34 @@
+#pragma once
+
+#include <mutex>
+
+namespace TZObjects
+{
+
+/// A mutex. It is not recursive: a thread that holds it must not take it again.
+class TXLock
+{
+public:
+    TXLock() = default;
+    TXLock(const TXLock&) = delete;
+    TXLock& operator=(const TXLock&) = delete;
+
+private:
+    friend class TXScopedLock;
+    std::mutex mutex;
+};
+
+/// Holds a `TXLock` from construction to destruction.
+class TXScopedLock
+{
+public:
+    /// Waits until @p lock is free and takes it. The lock must outlive this guard.
+    explicit TXScopedLock(TXLock& lock) : guard(lock.mutex) {}
+    TXScopedLock(const TXScopedLock&) = delete;
+    TXScopedLock& operator=(const TXScopedLock&) = delete;
+
+private:
+    std::lock_guard<std::mutex> guard;
+};
+
+} // namespace TZObjects

@@ -1,0 +1,127 @@
+#include <txbase/TXString.h>
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+#include <boost/locale/utf.hpp>
+
+namespace TZObjects
+{
+namespace
+{
+
+using Utf8 = boost::locale::utf::utf_traits<char>;
+using boost::locale::utf::code_point;
+
+constexpr code_point kReplacement = 0xFFFD;
+
+bool IsHighSurrogate(code_point unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool IsLowSurrogate(code_point unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+void AppendWide(std::wstring& text, code_point c)
+{
+    if (sizeof(wchar_t) == 2 && c > 0xFFFF)
+    {
+        text += static_cast<wchar_t>(0xD800 + ((c - 0x10000) >> 10));
+        text += static_cast<wchar_t>(0xDC00 + ((c - 0x10000) & 0x3FF));
+        return;
+    }
+    text += static_cast<wchar_t>(c);
+}
+
+std::wstring FromUtf8(const char* utf8)
+{
+    std::wstring text;
+    if (!utf8)
+        return text;
+    const char* const end = utf8 + std::strlen(utf8);
+    while (utf8 != end)
+    {
+        const code_point c = Utf8::decode(utf8, end);
+        AppendWide(text, boost::locale::utf::is_valid_codepoint(c) ? c : kReplacement);
+    }
+    return text;
+}
+
+} // namespace
+
+TXString::TXString() = default;
+TXString::TXString(const char* utf8) : units(FromUtf8(utf8)) {}
+TXString::TXString(const wchar_t* text) : units(text ? text : L"") {}
+TXString::TXString(const std::wstring& text) : units(text) {}
+TXString::TXString(const TXString& other) = default;
+TXString::TXString(TXString&& other) noexcept = default;
+TXString::~TXString() = default;
+TXString& TXString::operator=(const TXString& other) = default;
+TXString& TXString::operator=(TXString&& other) noexcept = default;
+
+TXString& TXString::operator=(const std::wstring& text)
+{
+    units = text;
+    return *this;
+}
+
+TXString& TXString::operator=(const char* utf8)
+{
+    units = FromUtf8(utf8);
+    return *this;
+}
+
+TXString& TXString::operator=(const wchar_t* text)
+{
+    // A copy first: the pointer may come from this very text.
+    units = std::wstring(text ? text : L"");
+    return *this;
+}
+
+bool TXString::isEmpty() const { return units.empty(); }
+
+int TXString::length() const
+{
+    constexpr std::size_t largest = std::numeric_limits<int>::max();
+    return static_cast<int>(std::min(units.size(), largest));
+}
+
+void TXString::Empty() { units.clear(); }
+
+const wchar_t* TXString::wstr() const { return units.c_str(); }
+
+std::string TXString::toUTF8() const
+{
+    std::string utf8;
+    utf8.reserve(units.size());
+    for (std::size_t i = 0; i < units.size(); ++i)
+    {
+        auto c = static_cast<code_point>(units[i]);
+        if (IsHighSurrogate(c) && i + 1 < units.size() && IsLowSurrogate(static_cast<code_point>(units[i + 1])))
+        {
+            const auto low = static_cast<code_point>(units[++i]);
+            c = 0x10000 + ((c - 0xD800) << 10) + (low - 0xDC00);
+        }
+        else if (!boost::locale::utf::is_valid_codepoint(c))
+            c = kReplacement;
+        Utf8::encode(c, std::back_inserter(utf8));
+    }
+    return utf8;
+}
+
+std::wstring TXString::toStdWString() const { return units; }
+
+TXString::operator std::wstring() const { return units; }
+
+std::vector<TXString> TXString::split(wchar_t separator) const
+{
+    std::vector<TXString> pieces;
+    std::size_t start = 0;
+    for (;;)
+    {
+        const std::size_t end = units.find(separator, start);
+        pieces.emplace_back(units.substr(start, end == std::wstring::npos ? end : end - start));
+        if (end == std::wstring::npos)
+            return pieces;
+        start = end + 1;
+    }
+}
+
+} // namespace TZObjects
