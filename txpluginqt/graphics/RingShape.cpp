@@ -1,0 +1,61 @@
+#include <txpluginqt/graphics/RingShape.h>
+
+#include <limits>
+
+#include <QPainter>
+#include <QPolygonF>
+#include <QVarLengthArray>
+
+// Drawing from an array that is not Qt's needs the interface below QPainter; map layers hold polygons of so many points
+// that a copy of them costs more than drawing them.
+#include <private/qpaintengineex_p.h>
+#include <private/qvectorpath_p.h>
+
+#include <txpluginqt/support/Conversions.h>
+
+using TZObjects::TXPoint;
+
+RingShape::RingShape(const TXPoint* points, const int* counts, int rings) : points(points), counts(counts), rings(rings)
+{
+    for (int i = 0; i < rings; ++i)
+        total += std::max(counts[i], 0);
+}
+
+bool RingShape::IsDrawable() const
+{
+    return total <= std::numeric_limits<int>::max() / 2 && AreDrawable(points, total);
+}
+
+bool RingShape::DrawInPlace(QPainter& painter) const
+{
+    auto* const engine = dynamic_cast<QPaintEngineEx*>(painter.paintEngine());
+    if (!engine)
+        return false;
+    if (total == 0)
+        return true;
+    QVarLengthArray<QPainterPath::ElementType, 256> kinds;
+    kinds.reserve(static_cast<int>(total));
+    for (int i = 0; i < rings; ++i)
+        for (int k = 0; k < counts[i]; ++k)
+            kinds.append(k == 0 ? QPainterPath::MoveToElement : QPainterPath::LineToElement);
+    // Odd-even, and without closing lines: a ring is outlined as the host gives it.
+    engine->draw(QVectorPath(reinterpret_cast<const qreal*>(points), kinds.size(), kinds.constData(),
+                             QVectorPath::ArbitraryShapeHint));
+    return true;
+}
+
+QPainterPath RingShape::ToPath() const
+{
+    QPainterPath path;
+    const QPointF* ring = AsQPoints(points);
+    for (int i = 0; i < rings; ++i)
+    {
+        if (counts[i] < 1)
+            continue;
+        QPolygonF polygon(counts[i]);
+        std::copy(ring, ring + counts[i], polygon.begin());
+        path.addPolygon(polygon);
+        ring += counts[i];
+    }
+    return path;
+}

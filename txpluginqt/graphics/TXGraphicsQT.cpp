@@ -1,0 +1,212 @@
+// The life of a surface: construction, its target image, an attached painter, destruction.
+#include <txpluginqt/graphics/TXGraphicsQT.h>
+
+#include <QImage>
+
+#include <txgraphics/TXGraphicsEngineManager.h>
+#include <txpluginqt/graphics/PainterResources.h>
+#include <txpluginqt/resources/TXBrushQT.h>
+#include <txpluginqt/resources/TXFontQT.h>
+#include <txpluginqt/resources/TXPenQT.h>
+
+using namespace TZObjects;
+
+namespace
+{
+
+constexpr QPainter::RenderHints kAntialiased = QPainter::Antialiasing | QPainter::TextAntialiasing;
+
+bool AntialiasingByDefault() { return TXGraphicsEngineManager::instance("")->AntialiasingEnabled(); }
+
+bool CairoDrawingByDefault() { return TXGraphicsEngineManager::instance("")->CairoDrawingEnabled(); }
+
+QImage* PixelsOf(TXImage* image) { return image ? static_cast<QImage*>(image->GetInternalObject()) : nullptr; }
+
+/// What Qt would refuse with a warning: no pixels, indexed ones, or ones that another painter is painting.
+bool CanBePainted(const QImage* pixels)
+{
+    return pixels && !pixels->isNull() && pixels->format() != QImage::Format_Indexed8 && !pixels->paintingActive();
+}
+
+} // namespace
+
+TXGraphicsQT::TXGraphicsQT(TXImage* paintedImage)
+{
+    if (paintedImage)
+    {
+        UsePainter(new QPainter);
+        BeginOn(paintedImage);
+    }
+    cairoLock = std::make_unique<TXLock>();
+    TXGraphicsQT::EnableCairoDrawing(CairoDrawingByDefault());
+}
+
+TXGraphicsQT::TXGraphicsQT()
+{
+    UsePainter(new QPainter);
+    pen = new TXPenQT;
+    pen->Create();
+    brush = new TXBrushQT;
+    brush->Create(TXColor(255, 255, 255, 0), TXBrush::SolidBrush);
+    font = new TXFontQT;
+    font->Create();
+    cairoLock = std::make_unique<TXLock>();
+    TXGraphicsQT::EnableCairoDrawing(CairoDrawingByDefault());
+}
+
+TXGraphicsQT::~TXGraphicsQT()
+{
+    TXGraphicsQT::Delete();
+    Follow(nullptr);
+    pen = nullptr;
+    brush = nullptr;
+    font = nullptr;
+    image = nullptr;
+}
+
+void TXGraphicsQT::UsePainter(QPainter* current)
+{
+    painter = current;
+    internalObject = current;
+}
+
+void TXGraphicsQT::Follow(TXImage* newTarget)
+{
+    if (target)
+        target->RemoveUser(*this);
+    target = dynamic_cast<TXImageQT*>(newTarget);
+    if (target)
+        target->AddUser(*this);
+}
+
+void TXGraphicsQT::BeginOn(TXImage* newTarget)
+{
+    Follow(newTarget);
+    QImage* const pixels = PixelsOf(newTarget);
+    if (CanBePainted(pixels))
+        OwnPainter()->begin(pixels);
+}
+
+bool TXGraphicsQT::Delete()
+{
+    Detach();
+    // The destructor of an active painter ends it.
+    delete painter;
+    UsePainter(nullptr);
+    return true;
+}
+
+bool TXGraphicsQT::CreateCompatibleGraphics(int width, int height)
+{
+    Delete();
+    Follow(nullptr);
+    UsePainter(NewOrNull<QPainter>());
+    if (!image)
+        image = NewImage();
+    // The pixels under the old context go now; the objects themselves last as long as the surface.
+    const bool kept = Succeeds(
+        [&]
+        {
+            if (cairoContext)
+                replacedCairoObjects.emplace_back(std::move(cairoSurface), std::move(cairoContext));
+        });
+    if (!painter || !image || !kept || !image->CreateCompatibleImage(this, width, height))
+        return false;
+
+    BeginOn(image.get());
+    if (painter->isActive() && AntialiasingByDefault())
+        painter->setRenderHints(kAntialiased | QPainter::SmoothPixmapTransform, true);
+    if (cairoEnabled)
+        CreateCairoObjects();
+    if (painter->isActive())
+        ApplySelection(*painter);
+    return true;
+}
+
+TXRefPtr<TXImage> TXGraphicsQT::SelectImage(TXRefPtr<TXImage> newImage)
+{
+    QPainter* const own = OwnPainter();
+    if (!own || (newImage && newImage == image))
+        return nullptr;
+
+    const QPainter::RenderHints hints = image && own->isActive() ? own->renderHints() : kAntialiased;
+    if (own->isActive())
+        own->end();
+    BeginOn(newImage.get());
+    if (own->isActive() && AntialiasingByDefault())
+        own->setRenderHints(hints, true);
+    const TXRefPtr<TXImage> oldImage = std::exchange(image, newImage);
+    if (cairoEnabled)
+    {
+        DestroyCairoObjects();
+        CreateCairoObjects();
+    }
+    if (own->isActive())
+        ApplySelection(*own);
+    return oldImage;
+}
+
+void TXGraphicsQT::ApplySelection(QPainter& newlyBegun)
+{
+    if (brush)
+        ApplyBrush(newlyBegun, *brush);
+    if (pen)
+        ApplyPen(newlyBegun, *pen);
+    if (font)
+        ApplyFont(newlyBegun);
+}
+
+void TXGraphicsQT::PixelsGoing()
+{
+    QPainter* const own = OwnPainter();
+    hintsBeforeChange = kAntialiased;
+    if (own && own->isActive())
+    {
+        hintsBeforeChange = own->renderHints();
+        own->end();
+    }
+    DestroyCairoObjects();
+}
+
+void TXGraphicsQT::PixelsChanged()
+{
+    QPainter* const own = OwnPainter();
+    QImage* const pixels = PixelsOf(target);
+    if (own && CanBePainted(pixels) && own->begin(pixels))
+    {
+        if (AntialiasingByDefault())
+            own->setRenderHints(hintsBeforeChange, true);
+        ApplySelection(*own);
+    }
+    if (cairoEnabled)
+        CreateCairoObjects();
+}
+
+void TXGraphicsQT::ImageEnding() { target = nullptr; }
+
+void TXGraphicsQT::Attach(void* outsidePainter)
+{
+    if (!outsidePainter)
+        return;
+    Detach();
+    ownPainter = painter;
+    UsePainter(static_cast<QPainter*>(outsidePainter));
+    attached = true;
+}
+
+void TXGraphicsQT::Detach()
+{
+    if (!attached)
+        return;
+    UsePainter(ownPainter);
+    ownPainter = nullptr;
+    attached = false;
+}
+
+TXBrush* TXGraphicsQT::NewBrush() const { return NewOrNull<TXBrushQT>(); }
+
+TXPen* TXGraphicsQT::NewPen() const { return NewOrNull<TXPenQT>(); }
+
+TXFont* TXGraphicsQT::NewFont() const { return NewOrNull<TXFontQT>(); }
+
+TXImage* TXGraphicsQT::NewImage() const { return NewOrNull<TXImageQT>(); }

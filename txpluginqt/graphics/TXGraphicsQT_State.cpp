@@ -1,0 +1,171 @@
+// Selection of resources, painter state, and operations on the whole surface.
+#include <txpluginqt/graphics/TXGraphicsQT.h>
+
+#include <QImage>
+
+#include <txgraphics/TXLinearGradient.h>
+#include <txgraphics/TXRadialGradient.h>
+#include <txpluginqt/graphics/PainterResources.h>
+#include <txpluginqt/support/Conversions.h>
+#include <txpluginqt/support/ImageFile.h>
+
+using namespace TZObjects;
+
+namespace
+{
+
+const QImage* PixelsOf(const TXRefPtr<TXImage>& image)
+{
+    return image ? static_cast<const QImage*>(image->GetInternalObject()) : nullptr;
+}
+
+} // namespace
+
+void TXGraphicsQT::SelectPen(TXPen::PenStyle style)
+{
+    Paint([&](QPainter& p) { p.setPen(static_cast<Qt::PenStyle>(static_cast<int>(style))); });
+}
+
+TXRefPtr<TXPen> TXGraphicsQT::SelectPen(TXRefPtr<TXPen> newPen)
+{
+    if (!newPen || !painter)
+        return nullptr;
+    Paint([&](QPainter& p) { ApplyPen(p, *newPen); });
+    return std::exchange(pen, newPen);
+}
+
+TXRefPtr<TXBrush> TXGraphicsQT::SelectBrush(TXRefPtr<TXBrush> newBrush)
+{
+    if (!newBrush || !painter)
+        return nullptr;
+    Paint([&](QPainter& p) { ApplyBrush(p, *newBrush); });
+    return std::exchange(brush, newBrush);
+}
+
+TXRefPtr<TXFont> TXGraphicsQT::SelectFont(TXRefPtr<TXFont> newFont)
+{
+    if (!newFont || !painter)
+        return nullptr;
+    Paint([&](QPainter& p) { ApplyQFont(p, *newFont); });
+    const TXRefPtr<TXFont> oldFont = std::exchange(font, newFont);
+    if (cairoEnabled)
+        SelectCairoFont();
+    return oldFont;
+}
+
+void TXGraphicsQT::SelectGradient(TXGradient* gradient)
+{
+    if (!dynamic_cast<TXRadialGradient*>(gradient) && !dynamic_cast<TXLinearGradient*>(gradient))
+        return;
+    const auto* const qgradient = static_cast<const QGradient*>(gradient->GetInternalObject());
+    if (qgradient && IsDrawable(*qgradient))
+        Paint([&](QPainter& p) { p.setBrush(QBrush(*qgradient)); });
+}
+
+TXRefPtr<TXRgn> TXGraphicsQT::SelectRgn(TXRefPtr<TXRgn>) { return nullptr; }
+
+TXRefPtr<TXPen> TXGraphicsQT::GetPen()
+{
+    if (attached && pen && pen->GetInternalObject())
+        Paint([&](QPainter& p) { *static_cast<QPen*>(pen->GetInternalObject()) = p.pen(); });
+    return pen;
+}
+
+TXRefPtr<TXBrush> TXGraphicsQT::GetBrush()
+{
+    if (attached && brush && brush->GetInternalObject())
+        Paint([&](QPainter& p) { *static_cast<QBrush*>(brush->GetInternalObject()) = p.brush(); });
+    return brush;
+}
+
+TXRefPtr<TXFont> TXGraphicsQT::GetFont()
+{
+    if (attached && font && font->GetInternalObject())
+        Paint([&](QPainter& p) { *static_cast<QFont*>(font->GetInternalObject()) = p.font(); });
+    return font;
+}
+
+TXRefPtr<TXImage> TXGraphicsQT::GetImage() { return image; }
+
+bool TXGraphicsQT::Save(const TXString& fileName)
+{
+    const QImage* const pixels = PixelsOf(image);
+    return pixels && ResultOr(false, [&] { return WriteImageFile(*pixels, ToQString(fileName)); });
+}
+
+void TXGraphicsQT::Save()
+{
+    Paint([](QPainter& p) { p.save(); });
+}
+
+void TXGraphicsQT::Restore()
+{
+    Paint([](QPainter& p) { p.restore(); });
+}
+
+void TXGraphicsQT::SetOpacity(const double& opacity)
+{
+    Paint([&](QPainter& p) { p.setOpacity(opacity); });
+}
+
+double TXGraphicsQT::GetOpacity() const { return painter && painter->isActive() ? painter->opacity() : 0.0; }
+
+TXPoint TXGraphicsQT::SetWindowOrg(int x, int y)
+{
+    const TXPoint old = GetWindowOrg();
+    Paint([&](QPainter& p) { p.translate(x, y); });
+    return old;
+}
+
+TXPoint TXGraphicsQT::GetWindowOrg() const
+{
+    if (!painter || !painter->isActive())
+        return TXPoint();
+    const QTransform& transform = painter->transform();
+    return TXPoint(transform.dx(), transform.dy());
+}
+
+// The interface leaves the conversion to backends with a mapping mode; this one has none.
+void TXGraphicsQT::DPtoLP(TXPoint*, int) {}
+void TXGraphicsQT::LPtoDP(TXPoint*, int) {}
+
+void TXGraphicsQT::EnableAntialiasing(bool on)
+{
+    Paint([&](QPainter& p) { p.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing, on); });
+}
+
+void TXGraphicsQT::SetCompositionMode(TXCompositionMode mode)
+{
+    // Qt looks other numbers up in a table without an end.
+    if (mode >= CompositionMode_SourceOver && mode <= RasterOp_NotDestination)
+        Paint([&](QPainter& p)
+              { p.setCompositionMode(static_cast<QPainter::CompositionMode>(static_cast<int>(mode))); });
+}
+
+bool TXGraphicsQT::ClearWithColor(TXColor color)
+{
+    if (!image)
+        return false;
+    image->Fill(color);
+    return true;
+}
+
+bool TXGraphicsQT::BiltTo(TXGraphics* surface, int x, int y) const
+{
+    if (!surface)
+        return false;
+    const QImage* const from = PixelsOf(image);
+    const TXRefPtr<TXImage> surfaceImage = surface->GetImage();
+    const QImage* const to = PixelsOf(surfaceImage);
+    auto* const surfacePainter = static_cast<QPainter*>(surface->GetInteralObject());
+    if (!from || !to || !surfacePainter)
+        return false;
+    return !surfacePainter->isActive() || Succeeds(
+                                              [&]
+                                              {
+                                                  const PainterStateScope state(*surfacePainter);
+                                                  surfacePainter->translate(x, y);
+                                                  // Onto itself, Qt would read pixels that it has just written.
+                                                  surfacePainter->drawImage(0, 0, from == to ? from->copy() : *from);
+                                              });
+}

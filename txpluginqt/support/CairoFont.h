@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include <cairo.h>
+
+#include <txgraphics/TXFont.h>
+
+/// Selects the face @p family, valid UTF-8, into a cairo context, italic and bold as @p font is.
+void SelectCairoFace(cairo_t* context, const std::string& family, const TZObjects::TXFont& font);
+
+/// Sets the size of a context's font in pixels, kept within what cairo and FreeType survive.
+void SetCairoFontSize(cairo_t* context, double size);

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <exception>
+#include <new>
+#include <utility>
+
+#include <QPainter>
+
+/// A new object, or null when memory is short: nothing throws across the interface.
+template <class T, class... Arguments>
+T* NewOrNull(Arguments&&... arguments) noexcept
+{
+    try
+    {
+        return new T(std::forward<Arguments>(arguments)...);
+    }
+    catch (const std::bad_alloc&)
+    {
+        return nullptr;
+    }
+}
+
+/// Runs @p work, which returns nothing. @return false when it threw.
+template <class Work>
+bool Succeeds(Work&& work) noexcept
+{
+    try
+    {
+        std::forward<Work>(work)();
+        return true;
+    }
+    catch (const std::exception&)
+    {
+        return false;
+    }
+}
+
+/// What @p work returns, or @p fallback when it threw.
+template <class T, class Work>
+T ResultOr(T fallback, Work&& work) noexcept
+{
+    try
+    {
+        return std::forward<Work>(work)();
+    }
+    catch (const std::exception&)
+    {
+        return fallback;
+    }
+}
+
+/// Changes a backend's object that may be absent; then, and when memory is short, nothing happens.
+template <class T, class Change>
+void IfPresent(T* object, Change&& change) noexcept
+{
+    if (object)
+        Succeeds([&] { std::forward<Change>(change)(*object); });
+}
+
+/// Saves a painter's state and restores it at the end of the scope.
+class PainterStateScope
+{
+public:
+    explicit PainterStateScope(QPainter& painter) : painter(painter) { painter.save(); }
+    ~PainterStateScope() { painter.restore(); }
+    PainterStateScope(const PainterStateScope&) = delete;
+    PainterStateScope& operator=(const PainterStateScope&) = delete;
+
+private:
+    QPainter& painter;
+};
