@@ -2,6 +2,7 @@
 
 #include <clocale>
 #include <cstdlib>
+#include <optional>
 #include <string>
 
 #include <QByteArray>
@@ -59,6 +60,28 @@ private:
     std::string locale;
 };
 
+QtMessageHandler hostHandler = nullptr;
+
+/// Keeps what Qt has to say about the environment while an application object is made (no runtime folder, a platform that
+/// is not there) off the host's log. What ends the process is still said.
+class QuietScope
+{
+public:
+    QuietScope() { hostHandler = qInstallMessageHandler(PassFatal); }
+    ~QuietScope() { qInstallMessageHandler(hostHandler); }
+    QuietScope(const QuietScope&) = delete;
+    QuietScope& operator=(const QuietScope&) = delete;
+
+private:
+    static void PassFatal(QtMsgType type, const QMessageLogContext& context, const QString& message)
+    {
+        if (type != QtFatalMsg)
+            return;
+        qInstallMessageHandler(hostHandler);
+        QMessageLogger(context.file, context.line, context.function).fatal("%s", qUtf8Printable(message));
+    }
+};
+
 /// Makes Qt load its font engines now: those that a first text loads after an earlier application object has gone are
 /// torn down too late at the end of the process, and crash it.
 void LoadFonts() { QFontMetricsF(QFont()).height(); }
@@ -77,6 +100,7 @@ bool MakeProcessApplication()
 {
     const PlatformChoice platform;
     const LocaleScope locale;
+    const QuietScope quiet;
     // Qt keeps a reference to it.
     static int argc = 0;
     processApplication = new QGuiApplication(argc, nullptr, kApplicationFlags);
@@ -97,8 +121,12 @@ void AnnounceEngine()
     static int argc = 1;
     static char name[] = "";
     static char* argv[] = {name, nullptr};
-    const QGuiApplication application(argc, argv, kApplicationFlags);
-    LoadFonts();
+    std::optional<QGuiApplication> application;
+    {
+        const QuietScope quiet;
+        application.emplace(argc, argv, kApplicationFlags);
+        LoadFonts();
+    }
     qDebug("graphics engine create!");
 }
 
