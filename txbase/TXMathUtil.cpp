@@ -59,8 +59,8 @@ void TXMathUtil::CurveToPolyline(TXPoint* points, int count, std::vector<TXPoint
     out.push_back(points[0]);
     for (int i = 0; i + 1 < count; ++i)
     {
-        const Cubic curve = CatmullRom(points[std::max(i - 1, 0)], points[i], points[i + 1],
-                                       points[std::min(i + 2, count - 1)]);
+        const Cubic curve =
+            CatmullRom(points[std::max(i - 1, 0)], points[i], points[i + 1], points[std::min(i + 2, count - 1)]);
         const int segments = SegmentCount(curve, tolerance);
         for (int k = 1; k < segments; ++k)
             out.push_back(curve.At(static_cast<double>(k) / segments));

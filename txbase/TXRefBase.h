@@ -10,8 +10,8 @@ namespace TZObjects
 /// Base of every reference-counted object.
 ///
 /// The count starts at 0: a factory hands out a raw pointer without a reference, and the caller takes ownership by
-/// putting it into a `TXRefPtr`. The count is atomic, so that references to one object may be dropped on any thread; the
-/// object itself gives no promise beyond that.
+/// putting it into a `TXRefPtr`. The count is atomic, so that references to one object may be dropped on any thread;
+/// the object itself gives no promise beyond that.
 class TXBASE_API TXRefBase
 {
 public:

@@ -45,8 +45,8 @@ public:
     virtual TXColor GetColor() = 0;
     /// The image given to `SetTextureImage` last; null if there was none.
     virtual TXRefPtr<TXImage> textureImage() const = 0;
-    /// Fills with repetitions of @p image, as its pixels are now, from the surface's origin on, and holds a reference to
-    /// it. Null, an image without pixels, or an empty brush: nothing happens.
+    /// Fills with repetitions of @p image, as its pixels are now, from the surface's origin on, and holds a reference
+    /// to it. Null, an image without pixels, or an empty brush: nothing happens.
     virtual void SetTextureImage(TXRefPtr<TXImage> image) = 0;
     /// The backend's brush object, owned by this brush; null while the brush is empty.
     virtual void* GetInternalObject();

@@ -11,8 +11,8 @@ namespace TZObjects
 /// The font of labels and font markers, with the attributes that label drawing reads from it, and with measuring.
 ///
 /// A font is empty until `Create`. On an empty font the setters of face, height, weight, italics, underline, strike-out
-/// and spacing do nothing and getters answer neutral values; the plain attributes (width, angles, halo, shadow) are kept
-/// apart from the backend's font and can be set at any time.
+/// and spacing do nothing and getters answer neutral values; the plain attributes (width, angles, halo, shadow) are
+/// kept apart from the backend's font and can be set at any time.
 ///
 /// Measuring takes a final flag: true measures as Qt draws, false as cairo draws.
 class TXGRAPHICS_API TXFont : public TXRefBase

@@ -25,8 +25,8 @@ namespace TZObjects
 /// image, moved by the window origin. **Angles** are in degrees; rotations turn clockwise on screen, while the spans of
 /// arcs and pies run counter-clockwise from three o'clock.
 ///
-/// **State**: the surface draws with the pen, brush and font selected last. Unless an operation says otherwise it leaves
-/// pen, brush, clip, opacity, composition, hints and origin as it found them.
+/// **State**: the surface draws with the pen, brush and font selected last. Unless an operation says otherwise it
+/// leaves pen, brush, clip, opacity, composition, hints and origin as it found them.
 ///
 /// **Failure**: nothing throws. Operations that return `bool` answer false, and draw nothing, when the surface cannot
 /// draw (see `Delete`) or an argument is refused: a null pointer, too few points, or a coordinate that is not finite or
@@ -134,13 +134,13 @@ public:
     virtual void SelectPen(TXPen::PenStyle style) = 0;
     virtual TXRefPtr<TXPen> SelectPen(TXRefPtr<TXPen> pen) = 0;
     /// Paints into @p image from now on. Pen, brush, font and the antialiasing hints carry over; transform, clip,
-    /// opacity and composition start anew. Null ends painting and drops the image. The image already selected gives null
-    /// and changes nothing.
+    /// opacity and composition start anew. Null ends painting and drops the image. The image already selected gives
+    /// null and changes nothing.
     virtual TXRefPtr<TXImage> SelectImage(TXRefPtr<TXImage> image) = 0;
     virtual TXRefPtr<TXFont> SelectFont(TXRefPtr<TXFont> font) = 0;
     virtual TXRefPtr<TXBrush> SelectBrush(TXRefPtr<TXBrush> brush) = 0;
-    /// Fills with @p gradient from now on; the selected brush is not changed and stays selected. The gradient is copied.
-    /// Null, a deleted gradient or one with coordinates that are not finite changes nothing.
+    /// Fills with @p gradient from now on; the selected brush is not changed and stays selected. The gradient is
+    /// copied. Null, a deleted gradient or one with coordinates that are not finite changes nothing.
     virtual void SelectGradient(TXGradient* gradient) = 0;
     /// Regions are optional; a backend without them returns null.
     virtual TXRefPtr<TXRgn> SelectRgn(TXRefPtr<TXRgn> region) = 0;
@@ -226,8 +226,8 @@ public:
     /// Several polylines: @p points holds the parts one after another, @p counts the length of each of the @p parts.
     /// Empty parts are skipped. Calls `Polyline` for each. @return false for null, no part, or a part that failed.
     virtual bool PolyPolyline(const TXPoint* points, const int* counts, int parts);
-    /// A polygon of at least three points, closed, filled with a gradient and not outlined. The surface keeps no pen and
-    /// the gradient as brush until they are selected again.
+    /// A polygon of at least three points, closed, filled with a gradient and not outlined. The surface keeps no pen
+    /// and the gradient as brush until they are selected again.
     virtual bool Polygon(const TXPoint* points, int count, const stGradientParams& gradient) = 0;
     /// A polygon of at least three points, closed.
     virtual bool Polygon(const TXPoint* points, int count) = 0;
@@ -314,8 +314,8 @@ public:
     virtual bool DrawOutlineString(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
                                    const TXString& text, const TXColor& fill, double angle, double lineSpacing,
                                    const double& scale) = 0;
-    /// A label of columns, its top left at (@p left, @p top), rotated about (@p ox, @p oy): characters are stacked, lines
-    /// become columns from left to right.
+    /// A label of columns, its top left at (@p left, @p top), rotated about (@p ox, @p oy): characters are stacked,
+    /// lines become columns from left to right.
     virtual bool DrawVerticalString(double ox, double oy, double left, double top, TXTextVertAlign vAlign,
                                     TXTextHorizAlign hAlign, const TXString& text, const TXColor& fill, double angle,
                                     double columnSpacing, double charSpacing, bool halo, const double& scale) = 0;
@@ -365,7 +365,8 @@ public:
     /// Draws this surface's image onto @p target with its top left at (@p x, @p y) in the target's units.
     /// @return false for null, or when either has no image or the target cannot draw.
     virtual bool BiltTo(TXGraphics* target, int x, int y) const = 0;
-    /// Gives every pixel of the target image the colour, regardless of clip and opacity. @return false without an image.
+    /// Gives every pixel of the target image the colour, regardless of clip and opacity. @return false without an
+    /// image.
     virtual bool ClearWithColor(TXColor color) = 0;
     /// Sets how drawing combines with what is there.
     virtual void SetCompositionMode(TXCompositionMode mode) = 0;

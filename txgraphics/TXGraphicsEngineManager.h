@@ -41,9 +41,10 @@ public:
 
     /// Loads a backend plugin and keeps its engine here, in place of one that was here before.
     ///
-    /// The engine's own name leads to this manager from then on. If another manager has that name already, that one gets
-    /// the engine, and becomes current if this one is.
-    /// @param plugin a path, which holds a "/", or a name such as "txpluginqt", which is looked up as "libtxpluginqt.so"
+    /// The engine's own name leads to this manager from then on. If another manager has that name already, that one
+    /// gets the engine, and becomes current if this one is.
+    /// @param plugin a path, which holds a "/", or a name such as "txpluginqt", which is looked up as
+    /// "libtxpluginqt.so"
     ///        in each folder of `PluginSearchPath`.
     /// @param error when not null and loading fails: what was tried and why it failed.
     /// @return the engine; null when loading failed, in which case nothing has changed.

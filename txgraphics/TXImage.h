@@ -15,8 +15,8 @@ class TXGraphics;
 ///
 /// An image is absent until a creating operation succeeds. Every creating operation deletes the present image first,
 /// unless its arguments are refused. On an absent image accessors answer neutral values and the rest does nothing.
-/// A surface that paints into an image follows it: when the image is created anew, loaded or deleted, painting goes on in
-/// the new pixels, or ends, as if the image had been selected again.
+/// A surface that paints into an image follows it: when the image is created anew, loaded or deleted, painting goes on
+/// in the new pixels, or ends, as if the image had been selected again.
 class TXGRAPHICS_API TXImage : public TXRefBase
 {
 public:
@@ -90,8 +90,8 @@ public:
     virtual void Save(const char* path) const = 0;
     /// Gives every pixel of the rectangle, clipped to the image and truncated to whole pixels, the colour.
     virtual void Fill(const TXRect& rect, const TXColor& color) = 0;
-    /// Gives every pixel the colour. While the engine manager's default format is 10 or 15, the image is filled with the
-    /// premultiplied packed colour as a raw value, whatever its own format.
+    /// Gives every pixel the colour. While the engine manager's default format is 10 or 15, the image is filled with
+    /// the premultiplied packed colour as a raw value, whatever its own format.
     virtual void Fill(const TXColor& color) = 0;
     /// Gives every pixel the raw value.
     virtual void Fill(unsigned int value) = 0;

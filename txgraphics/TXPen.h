@@ -11,8 +11,8 @@ namespace TZObjects
 
 /// The pen that outlines shapes and draws lines: dash style, width, colour, end cap, line join.
 ///
-/// A pen is empty until `Create`. On an empty pen setters do nothing and getters answer neutral values. A surface copies
-/// the pen when it is selected; later changes reach the surface when the pen is selected again.
+/// A pen is empty until `Create`. On an empty pen setters do nothing and getters answer neutral values. A surface
+/// copies the pen when it is selected; later changes reach the surface when the pen is selected again.
 class TXGRAPHICS_API TXPen : public TXRefBase
 {
 public:

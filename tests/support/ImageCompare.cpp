@@ -45,9 +45,9 @@ void Keep(const QImage& actual, const QImage& expected)
             if (actual.pixel(x, y) != expected.pixel(x, y) && ++differing == 1)
                 first = QPoint(x, y);
     Keep(actual, expected);
-    return ::testing::AssertionFailure()
-           << differing << " pixels differ, the first at (" << first.x() << ", " << first.y() << "): 0x" << std::hex
-           << actual.pixel(first) << " where 0x" << expected.pixel(first) << " was expected";
+    return ::testing::AssertionFailure() << differing << " pixels differ, the first at (" << first.x() << ", "
+                                         << first.y() << "): 0x" << std::hex << actual.pixel(first) << " where 0x"
+                                         << expected.pixel(first) << " was expected";
 }
 
 int InkedPixels(const QImage& image)

@@ -7,8 +7,8 @@
 #include <txgraphics/txgraphics.h>
 
 /// A surface under test, painting on an image, and beside it an image of the same pixels with a `QPainter` that a test
-/// paints with directly. Both start over the same uneven background, so that every blend shows, with the same antialiased
-/// painter, a pen and a brush.
+/// paints with directly. Both start over the same uneven background, so that every blend shows, with the same
+/// antialiased painter, a pen and a brush.
 class Twins
 {
 public:

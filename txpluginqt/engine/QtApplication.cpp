@@ -19,8 +19,8 @@ namespace
 constexpr int kApplicationFlags = 0x50701;
 constexpr char kPlatformVariable[] = "QT_QPA_PLATFORM";
 
-/// Names a platform that works without a display while an application object is made: Qt aborts the whole process when it
-/// finds none. The host's own choice stands, and its environment is afterwards what it was.
+/// Names a platform that works without a display while an application object is made: Qt aborts the whole process when
+/// it finds none. The host's own choice stands, and its environment is afterwards what it was.
 class PlatformChoice
 {
 public:
@@ -62,8 +62,8 @@ private:
 
 QtMessageHandler hostHandler = nullptr;
 
-/// Keeps what Qt has to say about the environment while an application object is made (no runtime folder, a platform that
-/// is not there) off the host's log. What ends the process is still said.
+/// Keeps what Qt has to say about the environment while an application object is made (no runtime folder, a platform
+/// that is not there) off the host's log. What ends the process is still said.
 class QuietScope
 {
 public:

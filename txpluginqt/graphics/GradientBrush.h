@@ -18,8 +18,8 @@ class QPainter;
 /// @return nothing when rounding leaves fewer than two such points.
 std::optional<QLineF> LinearGradientLine(const QRectF& bounds, double angle);
 
-/// The brush that fills @p bounds as @p gradient says; `Qt::NoBrush` for a gradient of no kind. Nothing when the gradient
-/// cannot be computed.
+/// The brush that fills @p bounds as @p gradient says; `Qt::NoBrush` for a gradient of no kind. Nothing when the
+/// gradient cannot be computed.
 std::optional<QBrush> GradientBrush(const QRectF& bounds, const TZObjects::TXGraphics::stGradientParams& gradient);
 
 /// Gives the painter that brush and takes its pen away. Both stay until something else is selected.

@@ -11,5 +11,6 @@ void ApplyPen(QPainter& painter, const TZObjects::TXPen& pen);
 void ApplyBrush(QPainter& painter, TZObjects::TXBrush& brush);
 void ApplyQFont(QPainter& painter, const TZObjects::TXFont& font);
 
-/// False for a gradient that Qt's rasteriser does not survive: of no kind, or with a number that is not finite or absurd.
+/// False for a gradient that Qt's rasteriser does not survive: of no kind, or with a number that is not finite or
+/// absurd.
 bool IsDrawable(const QGradient& gradient);

@@ -103,12 +103,14 @@ bool TXGraphicsQT::PolyPolygon(const TXPoint* points, const int* counts, int par
     if (!painter || !IsRingShape(points, counts, parts))
         return false;
     const RingShape shape(points, counts, parts);
-    return shape.IsDrawable() && Paint(
-                                     [&](QPainter& p)
-                                     {
-                                         if (!shape.DrawInPlace(p))
-                                             p.drawPath(shape.ToPath());
-                                     });
+    if (!shape.IsDrawable())
+        return false;
+    return Paint(
+        [&](QPainter& p)
+        {
+            if (!shape.DrawInPlace(p))
+                p.drawPath(shape.ToPath());
+        });
 }
 
 bool TXGraphicsQT::PolyPolygon(const TXPoint* points, const int* counts, int parts, const stGradientParams& gradient)
@@ -116,19 +118,21 @@ bool TXGraphicsQT::PolyPolygon(const TXPoint* points, const int* counts, int par
     if (!painter || !IsRingShape(points, counts, parts))
         return false;
     const RingShape shape(points, counts, parts);
+    if (!shape.IsDrawable())
+        return false;
     bool computed = true;
-    return shape.IsDrawable() && Paint(
-                                     [&](QPainter& p)
-                                     {
-                                         // In place the gradient does not apply, and the brush fills.
-                                         if (shape.DrawInPlace(p))
-                                             return;
-                                         const QPainterPath rings = shape.ToPath();
-                                         computed = ApplyGradientBrush(p, rings.boundingRect(), gradient);
-                                         if (computed)
-                                             p.drawPath(rings);
-                                     }) &&
-           computed;
+    const bool painted = Paint(
+        [&](QPainter& p)
+        {
+            // In place the gradient does not apply, and the brush fills.
+            if (shape.DrawInPlace(p))
+                return;
+            const QPainterPath rings = shape.ToPath();
+            computed = ApplyGradientBrush(p, rings.boundingRect(), gradient);
+            if (computed)
+                p.drawPath(rings);
+        });
+    return painted && computed;
 }
 
 bool TXGraphicsQT::Rectangle(double x, double y, double width, double height)
@@ -148,33 +152,36 @@ bool TXGraphicsQT::Ellipse(const TXPoint& center, int radiusX, int radiusY)
 
 bool TXGraphicsQT::Ellipse(double cx, double cy, double width, double height, int angle, bool fill)
 {
-    return IsDrawable(cx, cy) && Paint(
-                                     [&](QPainter& p)
-                                     {
-                                         const PainterStateScope state(p);
-                                         p.translate(cx, cy);
-                                         if (std::abs(width - height) > kCircleTolerance && angle != 0)
-                                             p.rotate(angle);
-                                         if (!fill)
-                                             p.setBrush(Qt::NoBrush);
-                                         p.drawEllipse(TruncatedRect(0.0 - width * 0.5, 0.0 - height * 0.5, width,
-                                                                     height));
-                                     });
+    if (!IsDrawable(cx, cy))
+        return false;
+    return Paint(
+        [&](QPainter& p)
+        {
+            const PainterStateScope state(p);
+            p.translate(cx, cy);
+            if (std::abs(width - height) > kCircleTolerance && angle != 0)
+                p.rotate(angle);
+            if (!fill)
+                p.setBrush(Qt::NoBrush);
+            p.drawEllipse(TruncatedRect(0.0 - width * 0.5, 0.0 - height * 0.5, width, height));
+        });
 }
 
 bool TXGraphicsQT::EllipseByRadialGradient(const TXPoint& center, int radius, TXColor inner, TXColor outer)
 {
     QRadialGradient gradient(center.x, center.y, radius);
-    return IsDrawable(gradient) && Paint(
-                                       [&](QPainter& p)
-                                       {
-                                           gradient.setColorAt(0.0, QColor::fromRgba(inner.GetColor()));
-                                           gradient.setColorAt(1.0, QColor::fromRgba(outer.GetColor()));
-                                           // Both stay behind.
-                                           p.setPen(Qt::NoPen);
-                                           p.setBrush(QBrush(gradient));
-                                           p.drawEllipse(TruncatedPoint(center), Clamped(radius), Clamped(radius));
-                                       });
+    if (!IsDrawable(gradient))
+        return false;
+    return Paint(
+        [&](QPainter& p)
+        {
+            gradient.setColorAt(0.0, QColor::fromRgba(inner.GetColor()));
+            gradient.setColorAt(1.0, QColor::fromRgba(outer.GetColor()));
+            // Both stay behind.
+            p.setPen(Qt::NoPen);
+            p.setBrush(QBrush(gradient));
+            p.drawEllipse(TruncatedPoint(center), Clamped(radius), Clamped(radius));
+        });
 }
 
 bool TXGraphicsQT::Arc(double x, double y, double width, double height, double start, double span)

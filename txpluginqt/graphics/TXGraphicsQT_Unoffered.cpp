@@ -28,13 +28,13 @@ bool TXGraphicsQT::DrawString(double, double, double, double, TXTextVertAlign, T
 {
     return false;
 }
-bool TXGraphicsQT::DrawOutlineString(double, double, double, double, TXTextVertAlign, TXTextHorizAlign,
-                                     const TXString&, const TXColor&, double, double, const double&)
+bool TXGraphicsQT::DrawOutlineString(double, double, double, double, TXTextVertAlign, TXTextHorizAlign, const TXString&,
+                                     const TXColor&, double, double, const double&)
 {
     return false;
 }
-bool TXGraphicsQT::DrawOutlineString(double, double, TXTextVertAlign, TXTextHorizAlign, const TXString&,
-                                     const TXColor&, double, double, const double&)
+bool TXGraphicsQT::DrawOutlineString(double, double, TXTextVertAlign, TXTextHorizAlign, const TXString&, const TXColor&,
+                                     double, double, const double&)
 {
     return false;
 }

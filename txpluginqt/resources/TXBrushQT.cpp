@@ -21,8 +21,8 @@ constexpr EnumRow<TXBrush::BrushStyle, Qt::BrushStyle> kCreatableStyles[] = {
 
 // A texture is reported, but comes about through its image alone.
 constexpr EnumRow<TXBrush::BrushStyle, Qt::BrushStyle> kReportedStyles[] = {
-    {TXBrush::SolidBrush, Qt::SolidPattern},    {TXBrush::HorizontalHatch, Qt::HorPattern},
-    {TXBrush::VerticalHatch, Qt::VerPattern},   {TXBrush::CrossHatch, Qt::CrossPattern},
+    {TXBrush::SolidBrush, Qt::SolidPattern},     {TXBrush::HorizontalHatch, Qt::HorPattern},
+    {TXBrush::VerticalHatch, Qt::VerPattern},    {TXBrush::CrossHatch, Qt::CrossPattern},
     {TXBrush::TextureBrush, Qt::TexturePattern},
 };
 

@@ -132,7 +132,10 @@ bool TXImageQT::CreateCompatibleImage(TXGraphics*, const int& width, const int& 
     return true;
 }
 
-void* TXImageQT::GetBits() { return Image() ? ResultOr<void*>(nullptr, [&] { return Image()->bits(); }) : nullptr; }
+void* TXImageQT::GetBits()
+{
+    return Image() ? ResultOr<void*>(nullptr, [&] { return Image()->bits(); }) : nullptr;
+}
 
 void TXImageQT::SetBits(const void* data, unsigned int size)
 {
@@ -187,17 +190,18 @@ bool TXImageQT::Load(unsigned char* data, const int& length, const char* format)
     if (Image())
         Delete();
     auto loaded = std::unique_ptr<QImage>(NewOrNull<QImage>());
-    const bool decoded = loaded && Succeeds(
-                                       [&]
-                                       {
-                                           QByteArray bytes;
-                                           QBuffer buffer(&bytes);
-                                           buffer.open(QIODevice::WriteOnly);
-                                           buffer.write(reinterpret_cast<const char*>(data), length);
-                                           // Qt cannot read from a buffer that is still open for writing.
-                                           buffer.close();
-                                           loaded->load(&buffer, format);
-                                       }) &&
+    const bool decoded = loaded &&
+                         Succeeds(
+                             [&]
+                             {
+                                 QByteArray bytes;
+                                 QBuffer buffer(&bytes);
+                                 buffer.open(QIODevice::WriteOnly);
+                                 buffer.write(reinterpret_cast<const char*>(data), length);
+                                 // Qt cannot read from a buffer that is still open for writing.
+                                 buffer.close();
+                                 loaded->load(&buffer, format);
+                             }) &&
                          !loaded->isNull();
     if (decoded)
         internalObject = loaded.release();

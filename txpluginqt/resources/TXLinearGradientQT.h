@@ -5,7 +5,8 @@
 namespace TZObjects
 {
 
-/// A gradient along a line over a `QLinearGradient`, which it owns. Copies share it: whichever goes first frees it for all.
+/// A gradient along a line over a `QLinearGradient`, which it owns. Copies share it: whichever goes first frees it for
+/// all.
 class TXLinearGradientQT final : public TXLinearGradient
 {
 public:

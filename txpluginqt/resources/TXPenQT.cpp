@@ -72,7 +72,10 @@ void TXPenQT::SetPenStyle(PenStyle style)
     IfPresent(Pen(), [&](QPen& pen) { pen.setStyle(ToBackend(kStyles, style, Qt::NoPen)); });
 }
 
-TXPen::PenCapStyle TXPenQT::GetPenCapStyle() const { return Pen() ? ToHost(kCaps, Pen()->capStyle(), RoundCap) : RoundCap; }
+TXPen::PenCapStyle TXPenQT::GetPenCapStyle() const
+{
+    return Pen() ? ToHost(kCaps, Pen()->capStyle(), RoundCap) : RoundCap;
+}
 
 void TXPenQT::SetPenCapStyle(PenCapStyle cap)
 {

@@ -5,7 +5,8 @@
 namespace TZObjects
 {
 
-/// A gradient about a centre, with its focal point there over a `QRadialGradient`, which it owns. Copies share it: whichever goes first frees it for all.
+/// A gradient about a centre, with its focal point there over a `QRadialGradient`, which it owns. Copies share it:
+/// whichever goes first frees it for all.
 class TXRadialGradientQT final : public TXRadialGradient
 {
 public:

@@ -1,5 +1,5 @@
 #pragma once
 
-/// The largest font size in pixels that reaches Qt or cairo. Above 65,535 FreeType fails, and with it every later new size
-/// of the face in the whole process.
+/// The largest font size in pixels that reaches Qt or cairo. Above 65,535 FreeType fails, and with it every later new
+/// size of the face in the whole process.
 constexpr int kLargestFontSize = 40000;

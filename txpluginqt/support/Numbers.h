@@ -5,7 +5,8 @@
 
 #include <txbase/TXPoint.h>
 
-/// The farthest from 0 that an integer handed to Qt may lie: Qt adds a position and a size, or doubles a radius, in int.
+/// The farthest from 0 that an integer handed to Qt may lie: Qt adds a position and a size, or doubles a radius, in
+/// int.
 constexpr int kLargestInt = (1 << 30) - 1;
 
 /// The farthest from 0 that a coordinate handed to Qt may lie; far beyond it Qt's rasteriser loops or divides by zero.
