@@ -91,6 +91,13 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"notice-is-a-debug-message", kNoDisplay, 0},
                       Case{"entry-gives-one-reference", kNoDisplay, 1}));
 
+TEST(ProcessApplicationTest, EndsWithTheProcess)
+{
+    const Outcome outcome = RunSequence("application-ends-with-the-process", kNoDisplay);
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.log;
+    EXPECT_NE(outcome.log.find("application ended\n"), std::string::npos) << outcome.log;
+}
+
 TEST(PluginFileTest, ExportsItsEntryAloneInTheSectionOfAliases)
 {
     boost::dll::library_info info(TX_TEST_PLUGIN);

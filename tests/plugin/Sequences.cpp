@@ -153,6 +153,20 @@ void ApplicationOutlivesEngine()
     Expect(QCoreApplication::instance() != nullptr, "an application without an engine");
 }
 
+/// Speaks up when the application object that owns it ends.
+class Probe final : public QObject
+{
+public:
+    using QObject::QObject;
+    ~Probe() override { std::cerr << "application ended" << std::endl; }
+};
+
+void ApplicationEndsWithTheProcess()
+{
+    Draw(*Load());
+    new Probe(QCoreApplication::instance());
+}
+
 void NothingOfTheHostChanges()
 {
     std::setlocale(LC_ALL, "C");
@@ -209,6 +223,7 @@ const std::map<std::string, void (*)()> kSequences = {
     {"engine-on-thread", EngineOnThread},
     {"two-engines", TwoEngines},
     {"application-outlives-engine", ApplicationOutlivesEngine},
+    {"application-ends-with-the-process", ApplicationEndsWithTheProcess},
     {"nothing-of-the-host-changes", NothingOfTheHostChanges},
     {"notice-is-a-debug-message", NoticeIsADebugMessage},
     {"entry-gives-one-reference", EntryGivesOneReference},
