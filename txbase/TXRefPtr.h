@@ -33,6 +33,7 @@ public:
 
     /// Takes the reference to the new pointee before it drops the one to the old, so that an object which is kept alive
     /// by the old one only may be assigned.
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): copying and swapping is safe for itself.
     TXRefPtr& operator=(const TXRefPtr& other) noexcept
     {
         TXRefPtr(other).swap(*this);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <type_traits>
 
 #include <boost/locale/utf.hpp>
 
@@ -18,6 +19,8 @@ constexpr code_point kReplacement = 0xFFFD;
 
 bool IsHighSurrogate(code_point unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool IsLowSurrogate(code_point unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+code_point Unit(wchar_t unit) { return static_cast<std::make_unsigned_t<wchar_t>>(unit); }
 
 void AppendWide(std::wstring& text, code_point c)
 {
@@ -93,10 +96,10 @@ std::string TXString::toUTF8() const
     utf8.reserve(units.size());
     for (std::size_t i = 0; i < units.size(); ++i)
     {
-        auto c = static_cast<code_point>(units[i]);
-        if (IsHighSurrogate(c) && i + 1 < units.size() && IsLowSurrogate(static_cast<code_point>(units[i + 1])))
+        code_point c = Unit(units[i]);
+        if (IsHighSurrogate(c) && i + 1 < units.size() && IsLowSurrogate(Unit(units[i + 1])))
         {
-            const auto low = static_cast<code_point>(units[++i]);
+            const code_point low = Unit(units[++i]);
             c = 0x10000 + ((c - 0xD800) << 10) + (low - 0xDC00);
         }
         else if (!boost::locale::utf::is_valid_codepoint(c))

@@ -135,7 +135,7 @@ TXRefPtr<TXImage> TXGraphicsQT::SelectImage(TXRefPtr<TXImage> newImage)
     BeginOn(newImage.get());
     if (own->isActive() && AntialiasingByDefault())
         own->setRenderHints(hints, true);
-    const TXRefPtr<TXImage> oldImage = std::exchange(image, newImage);
+    TXRefPtr<TXImage> oldImage = std::exchange(image, newImage);
     if (cairoEnabled)
     {
         DestroyCairoObjects();

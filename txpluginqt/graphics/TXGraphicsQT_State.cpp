@@ -47,7 +47,7 @@ TXRefPtr<TXFont> TXGraphicsQT::SelectFont(TXRefPtr<TXFont> newFont)
     if (!newFont || !painter)
         return nullptr;
     Paint([&](QPainter& p) { ApplyQFont(p, *newFont); });
-    const TXRefPtr<TXFont> oldFont = std::exchange(font, newFont);
+    TXRefPtr<TXFont> oldFont = std::exchange(font, newFont);
     if (cairoEnabled)
         SelectCairoFont();
     return oldFont;

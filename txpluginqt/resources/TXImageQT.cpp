@@ -15,6 +15,7 @@
 #include <txpluginqt/support/ImageFile.h>
 
 // Present in programs that look for leaks, absent in all others.
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the name is the leak checker's own.
 extern "C" void __lsan_ignore_object(const void* object) __attribute__((weak));
 
 namespace TZObjects
