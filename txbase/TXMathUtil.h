@@ -14,8 +14,9 @@ class TXBASE_API TXMathUtil
 public:
     /// Flattens the smooth curve that runs through all of the given points, in order, into a polyline.
     ///
-    /// The curve is a Catmull-Rom spline. The polyline starts at the first point, passes through every other one and
-    /// ends at the last, so one point gives that point alone.
+    /// The curve is a Catmull-Rom spline, whose end points stand in for the neighbours that they lack. The polyline
+    /// starts at the first point, passes through every other one and ends at the last, so one point gives that point
+    /// alone.
     /// @param points the points that the curve passes through; they are not written to. Null gives nothing.
     /// @param count how many; below 1 gives nothing.
     /// @param out the polyline is appended here; what it held before is kept.

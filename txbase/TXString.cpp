@@ -41,8 +41,18 @@ std::wstring FromUtf8(const char* utf8)
     const char* const end = utf8 + std::strlen(utf8);
     while (utf8 != end)
     {
+        const char* const start = utf8;
         const code_point c = Utf8::decode(utf8, end);
-        AppendWide(text, boost::locale::utf::is_valid_codepoint(c) ? c : kReplacement);
+        if (boost::locale::utf::is_valid_codepoint(c))
+        {
+            AppendWide(text, c);
+            continue;
+        }
+        AppendWide(text, kReplacement);
+        // The decoder also takes the character that cut the sequence short.
+        utf8 = start + 1;
+        while (utf8 != end && Utf8::is_trail(*utf8))
+            ++utf8;
     }
     return text;
 }

@@ -51,7 +51,9 @@ LoadedPlugin LoadPluginFile(const std::string& path, std::string& error)
 
     LoadedPlugin plugin;
     dlerror();
-    plugin.library.load(path, status, boost::dll::load_mode::rtld_now | boost::dll::load_mode::rtld_local);
+    // The code of objects that a host still holds must outlive the unload.
+    constexpr auto stay = static_cast<boost::dll::load_mode::type>(RTLD_NODELETE);
+    plugin.library.load(path, status, boost::dll::load_mode::rtld_now | boost::dll::load_mode::rtld_local | stay);
     if (status)
         return failed("cannot be loaded: " + LoaderReason(path));
     if (!plugin.library.has(kEntry))
@@ -65,6 +67,10 @@ LoadedPlugin LoadPluginFile(const std::string& path, std::string& error)
     catch (const std::exception& problem)
     {
         return failed(std::string("its entry failed: ") + problem.what());
+    }
+    catch (...)
+    {
+        return failed("its entry failed");
     }
     if (!plugin.engine)
         return failed("its entry made no graphics engine");

@@ -24,6 +24,32 @@ bool LooksLoadable(const std::filesystem::path& file)
            std::filesystem::is_regular_file(file, status);
 }
 
+bool Initialised(TXPlugin& plugin)
+{
+    try
+    {
+        plugin.InitPlugin();
+        return true;
+    }
+    catch (...)
+    {
+        return false;
+    }
+}
+
+/// Tells a plugin that it is let go of; what it throws then changes nothing.
+void LetGo(TXPlugin& plugin) noexcept
+{
+    try
+    {
+        plugin.UnloadPlugin();
+    }
+    catch (...)
+    {
+        return;
+    }
+}
+
 /// The file that a name stands for; empty, with the reason in @p error, when no folder has it.
 std::string FindByName(const std::string& name, std::string& error)
 {
@@ -33,7 +59,7 @@ std::string FindByName(const std::string& name, std::string& error)
     {
         const std::filesystem::path candidate = std::filesystem::path(folder) / file;
         std::error_code status;
-        if (std::filesystem::exists(candidate, status))
+        if (std::filesystem::is_regular_file(candidate, status))
             return candidate.string();
         tried += (tried.empty() ? "" : ", ") + candidate.string();
     }
@@ -102,6 +128,11 @@ TXRefPtr<TXGraphicsEngine> TXGraphicsEngineManager::LoadPlugin(const TXString& p
     const std::string name = plugin.toUTF8();
     const std::string path = IsPath(name) ? name : FindByName(name, problem);
     LoadedPlugin loaded = path.empty() ? LoadedPlugin() : LoadPluginFile(path, problem);
+    if (loaded.engine && !Initialised(*loaded.engine))
+    {
+        problem = path + ": its initialisation failed";
+        loaded.engine = nullptr;
+    }
     if (!loaded.engine)
     {
         if (error)
@@ -119,7 +150,6 @@ TXRefPtr<TXGraphicsEngine> TXGraphicsEngineManager::LoadPlugin(const TXString& p
         registry.current = keeper;
     keeper->Unload();
     keeper->state->plugin = std::move(loaded);
-    keeper->state->plugin.engine->InitPlugin();
     return keeper->state->plugin.engine;
 }
 
@@ -127,7 +157,7 @@ void TXGraphicsEngineManager::Unload()
 {
     if (!state->plugin.engine)
         return;
-    state->plugin.engine->UnloadPlugin();
+    LetGo(*state->plugin.engine);
     state->plugin.engine = nullptr;
     state->plugin.library.unload();
 }
