@@ -181,13 +181,13 @@ public:
     virtual void Restore() = 0;
     /// Multiplies the alpha of all drawing, 0 (nothing) to 1 (as is); values beyond are clamped.
     virtual void SetOpacity(const double& opacity) = 0;
-    /// 0 when the surface cannot draw.
+    /// 0 when the surface has no painter.
     virtual double GetOpacity() const = 0;
     /// The same by a point, truncated to whole units. Calls the overload below.
     virtual TXPoint SetWindowOrg(TXPoint origin);
     /// Moves the origin by (@p x, @p y), on top of what it was moved before. @return the origin before the call.
     virtual TXPoint SetWindowOrg(int x, int y) = 0;
-    /// The origin; (0, 0) when the surface cannot draw.
+    /// The origin; (0, 0) when the surface has no painter.
     virtual TXPoint GetWindowOrg() const = 0;
     /// Converts device to logical points in place. The Qt backend leaves them unchanged.
     virtual void DPtoLP(TXPoint* points, int count) = 0;

@@ -74,7 +74,8 @@ public:
     virtual void SetPenJoinStyle(PenJoinStyle join) = 0;
     /// The width in surface units; 0 for an empty pen.
     virtual double GetWidth() const = 0;
-    /// Sets the width in surface units; what is below 1 becomes 1, so that no line is thinner than a unit.
+    /// Sets the width in surface units; what is below 1 becomes 1, so that no line is thinner than a unit. Widths that
+    /// the backend cannot draw, for Qt from 32,768 on, change nothing.
     virtual void SetWidth(double width) = 0;
     /// The colour; the default colour for an empty pen.
     virtual TXColor GetColor() const = 0;

@@ -14,9 +14,6 @@ using namespace TZObjects;
 namespace
 {
 
-/// The widest line that is drawn as wide as it is; it covers any image. Beyond it Qt's stroker loses itself in NaN.
-constexpr double kLargestWidth = 1e9;
-
 bool IsDrawablePoint(const QPointF& point) { return IsDrawable(point.x(), point.y()); }
 
 } // namespace
@@ -29,14 +26,14 @@ void ApplyPen(QPainter& painter, const TXPen& pen)
     if (qpen->style() == Qt::NoPen)
         // Not the pen itself: the painter's pen is plain black then, and so is text drawn with it.
         painter.setPen(Qt::NoPen);
-    else if (qpen->widthF() <= kLargestWidth)
-        painter.setPen(*qpen);
-    else
+    else if (std::isnan(qpen->widthF()))
     {
         QPen drawable = *qpen;
-        drawable.setWidthF(std::isfinite(qpen->widthF()) ? kLargestWidth : 1.0);
+        drawable.setWidthF(1.0);
         painter.setPen(drawable);
     }
+    else
+        painter.setPen(*qpen);
 }
 
 void ApplyBrush(QPainter& painter, TXBrush& brush)

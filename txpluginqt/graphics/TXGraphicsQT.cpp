@@ -1,6 +1,9 @@
 // The life of a surface: construction, its target image, an attached painter, destruction.
 #include <txpluginqt/graphics/TXGraphicsQT.h>
 
+#include <new>
+#include <utility>
+
 #include <QImage>
 
 #include <txgraphics/TXGraphicsEngineManager.h>
@@ -30,37 +33,39 @@ bool CanBePainted(const QImage* pixels)
 
 } // namespace
 
-TXGraphicsQT::TXGraphicsQT(TXImage* paintedImage)
+TXGraphicsQT::TXGraphicsQT(TXImage* paintedImage) : cairoLock(std::make_unique<TXLock>())
 {
     if (paintedImage)
     {
         UsePainter(new QPainter);
-        BeginOn(paintedImage);
+        if (!BeginOn(paintedImage))
+        {
+            TXGraphicsQT::Delete();
+            throw std::bad_alloc();
+        }
     }
-    cairoLock = std::make_unique<TXLock>();
     TXGraphicsQT::EnableCairoDrawing(CairoDrawingByDefault());
 }
 
 TXGraphicsQT::TXGraphicsQT()
+    : pen(new TXPenQT), brush(new TXBrushQT), font(new TXFontQT), cairoLock(std::make_unique<TXLock>())
 {
-    UsePainter(new QPainter);
-    pen = new TXPenQT;
     pen->Create();
-    brush = new TXBrushQT;
     brush->Create(TXColor(255, 255, 255, 0), TXBrush::SolidBrush);
-    font = new TXFontQT;
     font->Create();
-    cairoLock = std::make_unique<TXLock>();
+    if (!pen->GetInternalObject() || !brush->GetInternalObject() || !font->GetInternalObject())
+        throw std::bad_alloc();
+    UsePainter(new QPainter);
     TXGraphicsQT::EnableCairoDrawing(CairoDrawingByDefault());
 }
 
 TXGraphicsQT::~TXGraphicsQT()
 {
     TXGraphicsQT::Delete();
-    Follow(nullptr);
     pen = nullptr;
     brush = nullptr;
     font = nullptr;
+    Follow(nullptr);
     image = nullptr;
 }
 
@@ -70,29 +75,44 @@ void TXGraphicsQT::UsePainter(QPainter* current)
     internalObject = current;
 }
 
-void TXGraphicsQT::Follow(TXImage* newTarget)
+bool TXGraphicsQT::Follow(TXImage* newTarget)
 {
     if (target)
         target->RemoveUser(*this);
     target = dynamic_cast<TXImageQT*>(newTarget);
-    if (target)
-        target->AddUser(*this);
+    hintsBeforeChange = kAntialiased;
+    if (!target || target->AddUser(*this))
+        return true;
+    target = nullptr;
+    return false;
 }
 
-void TXGraphicsQT::BeginOn(TXImage* newTarget)
+bool TXGraphicsQT::BeginOn(TXImage* newTarget)
 {
-    Follow(newTarget);
     QImage* const pixels = PixelsOf(newTarget);
-    if (CanBePainted(pixels))
-        OwnPainter()->begin(pixels);
+    return Follow(newTarget) && (!CanBePainted(pixels) || Succeeds([&] { OwnPainter()->begin(pixels); }));
+}
+
+void TXGraphicsQT::EndPainting()
+{
+    QPainter* const own = OwnPainter();
+    if (!own || !own->isActive())
+        return;
+    // Qt would print a warning about states that are still saved.
+    for (; savedStates > 0; --savedStates)
+        own->restore();
+    own->end();
 }
 
 bool TXGraphicsQT::Delete()
 {
     Detach();
-    // The destructor of an active painter ends it.
+    EndPainting();
     delete painter;
     UsePainter(nullptr);
+    // The cairo objects stay, and with them the image whose pixels they draw into.
+    if (target && target != image)
+        Follow(nullptr);
     return true;
 }
 
@@ -130,8 +150,7 @@ TXRefPtr<TXImage> TXGraphicsQT::SelectImage(TXRefPtr<TXImage> newImage)
         return nullptr;
 
     const QPainter::RenderHints hints = image && own->isActive() ? own->renderHints() : kAntialiased;
-    if (own->isActive())
-        own->end();
+    EndPainting();
     BeginOn(newImage.get());
     if (own->isActive() && AntialiasingByDefault())
         own->setRenderHints(hints, true);
@@ -148,23 +167,24 @@ TXRefPtr<TXImage> TXGraphicsQT::SelectImage(TXRefPtr<TXImage> newImage)
 
 void TXGraphicsQT::ApplySelection(QPainter& newlyBegun)
 {
-    if (brush)
-        ApplyBrush(newlyBegun, *brush);
-    if (pen)
-        ApplyPen(newlyBegun, *pen);
-    if (font)
-        ApplyFont(newlyBegun);
+    Succeeds(
+        [&]
+        {
+            if (brush)
+                ApplyBrush(newlyBegun, *brush);
+            if (pen)
+                ApplyPen(newlyBegun, *pen);
+            if (font)
+                ApplyFont(newlyBegun);
+        });
 }
 
 void TXGraphicsQT::PixelsGoing()
 {
     QPainter* const own = OwnPainter();
-    hintsBeforeChange = kAntialiased;
     if (own && own->isActive())
-    {
         hintsBeforeChange = own->renderHints();
-        own->end();
-    }
+    EndPainting();
     DestroyCairoObjects();
 }
 
@@ -172,7 +192,7 @@ void TXGraphicsQT::PixelsChanged()
 {
     QPainter* const own = OwnPainter();
     QImage* const pixels = PixelsOf(target);
-    if (own && CanBePainted(pixels) && own->begin(pixels))
+    if (own && CanBePainted(pixels) && Succeeds([&] { own->begin(pixels); }) && own->isActive())
     {
         if (AntialiasingByDefault())
             own->setRenderHints(hintsBeforeChange, true);

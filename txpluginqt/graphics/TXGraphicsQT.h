@@ -154,9 +154,13 @@ private:
     /// The surface's own painter, parked or not; null when it has none.
     QPainter* OwnPainter() const { return attached ? ownPainter : painter; }
     /// Follows the changes of the image that the own painter paints into; null for none.
-    void Follow(TXImage* newTarget);
-    /// Begins the own painter on @p newTarget; it stays inactive when Qt cannot paint there.
-    void BeginOn(TXImage* newTarget);
+    /// @return false when memory is short, and the image must not be painted on.
+    bool Follow(TXImage* newTarget);
+    /// Begins the own painter on @p newTarget, or leaves it inactive when Qt cannot paint there.
+    /// @return false when memory is short.
+    bool BeginOn(TXImage* newTarget);
+    /// Ends the own painter's painting, if it is, with nothing left on its stack of states.
+    void EndPainting();
     /// Puts the selected brush, pen and font into a painter that has just begun.
     void ApplySelection(QPainter& target);
     void ApplyFont(QPainter& target);
@@ -201,7 +205,10 @@ private:
 
     // The image whose changes the surface follows: the selected one, or the one it was constructed on.
     TZObjects::TXImageQT* target = nullptr;
+    // What the own painter painted with when the target's pixels went.
     QPainter::RenderHints hintsBeforeChange;
+    // How many states are on the own painter's stack.
+    int savedStates = 0;
     // Cairo objects that CreateCompatibleGraphics has replaced; they end with the surface.
     std::vector<std::pair<CairoSurface, CairoContext>> replacedCairoObjects;
 };

@@ -8,6 +8,7 @@
 #include <txpluginqt/graphics/PainterResources.h>
 #include <txpluginqt/support/Conversions.h>
 #include <txpluginqt/support/ImageFile.h>
+#include <txpluginqt/support/Images.h>
 
 using namespace TZObjects;
 
@@ -95,12 +96,19 @@ bool TXGraphicsQT::Save(const TXString& fileName)
 
 void TXGraphicsQT::Save()
 {
-    Paint([](QPainter& p) { p.save(); });
+    const bool saved = Paint([](QPainter& p) { p.save(); });
+    if (saved && !attached && painter->isActive())
+        ++savedStates;
 }
 
 void TXGraphicsQT::Restore()
 {
+    // What is on the stack of an outside painter only its owner knows.
+    if (!attached && savedStates == 0)
+        return;
     Paint([](QPainter& p) { p.restore(); });
+    if (!attached)
+        --savedStates;
 }
 
 void TXGraphicsQT::SetOpacity(const double& opacity)
@@ -108,7 +116,13 @@ void TXGraphicsQT::SetOpacity(const double& opacity)
     Paint([&](QPainter& p) { p.setOpacity(opacity); });
 }
 
-double TXGraphicsQT::GetOpacity() const { return painter && painter->isActive() ? painter->opacity() : 0.0; }
+double TXGraphicsQT::GetOpacity() const
+{
+    if (!painter)
+        return 0.0;
+    // What Qt answers for a painter that is not active, without its warning.
+    return painter->isActive() ? painter->opacity() : 1.0;
+}
 
 TXPoint TXGraphicsQT::SetWindowOrg(int x, int y)
 {
@@ -160,12 +174,13 @@ bool TXGraphicsQT::BiltTo(TXGraphics* surface, int x, int y) const
     auto* const surfacePainter = static_cast<QPainter*>(surface->GetInteralObject());
     if (!from || !to || !surfacePainter)
         return false;
-    return !surfacePainter->isActive() || Succeeds(
-                                              [&]
-                                              {
-                                                  const PainterStateScope state(*surfacePainter);
-                                                  surfacePainter->translate(x, y);
-                                                  // Onto itself, Qt would read pixels that it has just written.
-                                                  surfacePainter->drawImage(0, 0, from == to ? from->copy() : *from);
-                                              });
+    return !surfacePainter->isActive() || !CanBeDrawn(*from) ||
+           Succeeds(
+               [&]
+               {
+                   const PainterStateScope state(*surfacePainter);
+                   surfacePainter->translate(x, y);
+                   // Onto itself, Qt would read pixels that it has just written.
+                   surfacePainter->drawImage(0, 0, from == to ? from->copy() : *from);
+               });
 }

@@ -6,6 +6,7 @@
 #include <txpluginqt/support/Conversions.h>
 #include <txpluginqt/support/EnumTable.h>
 #include <txpluginqt/support/Guards.h>
+#include <txpluginqt/support/Images.h>
 
 namespace TZObjects
 {
@@ -39,8 +40,15 @@ bool TXBrushQT::Create(const TXColor& color, BrushStyle style)
     if (Brush())
         Delete();
     internalObject = NewOrNull<QBrush>();
-    IfPresent(Brush(), [&](QBrush& brush) { brush.setStyle(ToBackend(kCreatableStyles, style, Qt::SolidPattern)); });
-    SetColor(color);
+    const bool made = IfPresent(Brush(),
+                                [&](QBrush& brush)
+                                {
+                                    brush.setStyle(ToBackend(kCreatableStyles, style, Qt::SolidPattern));
+                                    brush.setColor(ToQColor(color));
+                                });
+    // Rather no brush than half of one.
+    if (!made)
+        Delete();
     return true;
 }
 
@@ -68,7 +76,7 @@ TXRefPtr<TXImage> TXBrushQT::textureImage() const { return texture; }
 void TXBrushQT::SetTextureImage(TXRefPtr<TXImage> image)
 {
     const auto* const pixels = image ? static_cast<const QImage*>(image->GetInternalObject()) : nullptr;
-    if (!Brush() || !pixels)
+    if (!Brush() || !pixels || !CanBeDrawn(*pixels))
         return;
     // A copy of its own: shared pixels would move away from the image, and from everything that draws into them, at the
     // image's next change; over a caller's buffer the drawing would then miss the buffer.

@@ -109,7 +109,9 @@ bool TXImageQT::CreateCompatibleImage(const char* path)
     auto loaded = std::unique_ptr<QImage>(NewOrNull<QImage>());
     if (!loaded)
         return false;
-    if (Succeeds([&] { loaded->load(ToQString(TXString(path))); }) && !loaded->isNull())
+    // Qt would print a warning about an empty path.
+    const bool attempted = *path && Succeeds([&] { loaded->load(ToQString(TXString(path))); });
+    if (attempted && !loaded->isNull())
     {
         internalObject = loaded.release();
         return true;
@@ -251,7 +253,12 @@ void TXImageQT::Fill(unsigned int value)
 
 TXColor TXImageQT::GetPixel(int x, int y)
 {
-    return Image() && Image()->valid(x, y) ? ToTXColor(Image()->pixelColor(x, y)) : TXColor();
+    const QImage* const image = Image();
+    if (!image || !image->valid(x, y))
+        return TXColor();
+    // An index beyond the colours has none, about which Qt would print a warning.
+    const bool indexed = image->format() <= QImage::Format_Indexed8;
+    return indexed && image->pixelIndex(x, y) >= image->colorCount() ? TXColor() : ToTXColor(image->pixelColor(x, y));
 }
 
 void TXImageQT::SetPixel(int x, int y, const TXColor& color)
@@ -266,7 +273,10 @@ int TXImageQT::GetByteCount()
     return Image() ? static_cast<int>(std::min(Image()->sizeInBytes(), largest)) : 0;
 }
 
-void TXImageQT::AddUser(PixelUser& user) { users.push_back(&user); }
+bool TXImageQT::AddUser(PixelUser& user)
+{
+    return Succeeds([&] { users.push_back(&user); });
+}
 
 void TXImageQT::RemoveUser(PixelUser& user)
 {

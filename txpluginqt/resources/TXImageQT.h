@@ -54,7 +54,8 @@ public:
     int GetByteCount() override;
 
     /// Tells @p user of every change of the pixels from now on. Users are told in the order in which they were added.
-    void AddUser(PixelUser& user);
+    /// @return false when memory is short; the user then must not use the pixels.
+    bool AddUser(PixelUser& user);
     void RemoveUser(PixelUser& user);
 
 private:

@@ -37,6 +37,8 @@ constexpr EnumRow<TXPen::PenJoinStyle, Qt::PenJoinStyle> kJoins[] = {
     {TXPen::MiterJoin, Qt::MiterJoin},
 };
 
+constexpr double kTooWideForQt = 1 << 15;
+
 } // namespace
 
 TXPenQT::TXPenQT() = default;
@@ -45,16 +47,27 @@ TXPenQT::~TXPenQT() { TXPenQT::Delete(); }
 
 QPen* TXPenQT::Pen() const { return static_cast<QPen*>(internalObject); }
 
+template <class Change>
+void TXPenQT::ChangePen(Change change)
+{
+    if (!IfPresent(Pen(), change))
+        shortOfMemory = true;
+}
+
 bool TXPenQT::Create(PenStyle style, double width, TXColor color, PenCapStyle cap, PenJoinStyle join)
 {
     if (Pen())
         Delete();
     internalObject = NewOrNull<QPen>();
+    shortOfMemory = false;
     SetWidth(width);
     SetPenStyle(style);
     SetColor(color);
     SetPenCapStyle(cap);
     SetPenJoinStyle(join);
+    // Rather no pen than half of one.
+    if (shortOfMemory)
+        Delete();
     return true;
 }
 
@@ -69,7 +82,7 @@ TXPen::PenStyle TXPenQT::GetPenStyle() const { return Pen() ? ToHost(kStyles, Pe
 
 void TXPenQT::SetPenStyle(PenStyle style)
 {
-    IfPresent(Pen(), [&](QPen& pen) { pen.setStyle(ToBackend(kStyles, style, Qt::NoPen)); });
+    ChangePen([&](QPen& pen) { pen.setStyle(ToBackend(kStyles, style, Qt::NoPen)); });
 }
 
 TXPen::PenCapStyle TXPenQT::GetPenCapStyle() const
@@ -79,7 +92,7 @@ TXPen::PenCapStyle TXPenQT::GetPenCapStyle() const
 
 void TXPenQT::SetPenCapStyle(PenCapStyle cap)
 {
-    IfPresent(Pen(), [&](QPen& pen) { pen.setCapStyle(ToBackend(kCaps, cap, Qt::RoundCap)); });
+    ChangePen([&](QPen& pen) { pen.setCapStyle(ToBackend(kCaps, cap, Qt::RoundCap)); });
 }
 
 TXPen::PenJoinStyle TXPenQT::GetPenJoinStyle() const
@@ -89,22 +102,25 @@ TXPen::PenJoinStyle TXPenQT::GetPenJoinStyle() const
 
 void TXPenQT::SetPenJoinStyle(PenJoinStyle join)
 {
-    IfPresent(Pen(), [&](QPen& pen) { pen.setJoinStyle(ToBackend(kJoins, join, Qt::RoundJoin)); });
+    ChangePen([&](QPen& pen) { pen.setJoinStyle(ToBackend(kJoins, join, Qt::RoundJoin)); });
 }
 
 double TXPenQT::GetWidth() const { return Pen() ? Pen()->widthF() : 0.0; }
 
 void TXPenQT::SetWidth(double width)
 {
+    // Qt keeps the width that it has, and prints a warning.
+    if (width >= kTooWideForQt)
+        return;
     // Asked this way round, so that a NaN stays what it is.
-    IfPresent(Pen(), [&](QPen& pen) { pen.setWidthF(1.0 > width ? 1.0 : width); });
+    ChangePen([&](QPen& pen) { pen.setWidthF(1.0 > width ? 1.0 : width); });
 }
 
 TXColor TXPenQT::GetColor() const { return Pen() ? ToTXColor(Pen()->color()) : TXColor(); }
 
 void TXPenQT::SetColor(const TXColor& color)
 {
-    IfPresent(Pen(), [&](QPen& pen) { pen.setColor(ToQColor(color)); });
+    ChangePen([&](QPen& pen) { pen.setColor(ToQColor(color)); });
 }
 
 std::vector<double> TXPenQT::GetSteps() const
@@ -125,14 +141,14 @@ void TXPenQT::SetSteps(std::vector<double> steps)
     const bool finite = std::all_of(steps.begin(), steps.end(), [](double step) { return std::isfinite(step); });
     if (!finite)
         return;
-    IfPresent(Pen(),
-              [&](QPen& pen)
-              {
-                  // What Qt does with an odd pattern, without the warning that it prints.
-                  if (steps.size() % 2 == 1)
-                      steps.push_back(1.0);
-                  pen.setDashPattern(QVector<qreal>(steps.begin(), steps.end()));
-              });
+    ChangePen(
+        [&](QPen& pen)
+        {
+            // What Qt does with an odd pattern, without the warning that it prints.
+            if (steps.size() % 2 == 1)
+                steps.push_back(1.0);
+            pen.setDashPattern(QVector<qreal>(steps.begin(), steps.end()));
+        });
 }
 
 } // namespace TZObjects

@@ -34,6 +34,10 @@ public:
 
 private:
     QPen* Pen() const;
+    template <class Change>
+    void ChangePen(Change change);
+
+    bool shortOfMemory = false; // since Create
 };
 
 } // namespace TZObjects

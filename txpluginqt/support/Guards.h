@@ -49,12 +49,11 @@ T ResultOr(T fallback, Work&& work) noexcept
     }
 }
 
-/// Changes a backend's object that may be absent; then, and when memory is short, nothing happens.
+/// Changes a backend's object, unless it is absent. @return false when memory was short.
 template <class T, class Change>
-void IfPresent(T* object, Change&& change) noexcept
+bool IfPresent(T* object, Change&& change) noexcept
 {
-    if (object)
-        Succeeds([&] { std::forward<Change>(change)(*object); });
+    return !object || Succeeds([&] { std::forward<Change>(change)(*object); });
 }
 
 /// Saves a painter's state and restores it at the end of the scope.
