@@ -1,0 +1,86 @@
+#include "SurfaceTest.h"
+
+#include <utility>
+
+#include <tests/support/Twins.h>
+
+using namespace TZObjects;
+
+namespace
+{
+
+std::vector<std::string>& Messages()
+{
+    static std::vector<std::string> messages;
+    return messages;
+}
+
+void Collect(QtMsgType, const QMessageLogContext&, const QString& text) { Messages().push_back(text.toStdString()); }
+
+} // namespace
+
+MessageLog::MessageLog() : previous(qInstallMessageHandler(Collect)) { Messages().clear(); }
+
+MessageLog::~MessageLog() { qInstallMessageHandler(previous); }
+
+std::vector<std::string> MessageLog::Take() { return std::exchange(Messages(), {}); }
+
+void SurfaceTest::TearDown()
+{
+    for (const std::string& message : messages.Take())
+        ADD_FAILURE() << "printed: " << message;
+}
+
+TXRefPtr<TXImage> SurfaceTest::NewPaintedImage(int width, int height, TXImage::Format format)
+{
+    const TXRefPtr<TXImage> image = TestEngine().NewImage();
+    image->CreateImage(width, height, format);
+    PaintBackground(PixelsOf(*image));
+    return image;
+}
+
+TXRefPtr<TXGraphics> SurfaceTest::NewPaintingSurface(int width, int height, TXImage::Format format)
+{
+    const TXRefPtr<TXGraphics> surface = TestEngine().NewGraphics();
+    surface->SelectImage(NewPaintedImage(width, height, format));
+    return surface;
+}
+
+TXRefPtr<TXPen> SurfaceTest::NewPen(const TXColor& color, double width)
+{
+    const TXRefPtr<TXPen> pen = TestEngine().NewPen();
+    pen->Create(TXPen::SolidLine, width, color, TXPen::FlatCap, TXPen::MiterJoin);
+    return pen;
+}
+
+TXRefPtr<TXBrush> SurfaceTest::NewBrush(const TXColor& color)
+{
+    const TXRefPtr<TXBrush> brush = TestEngine().NewBrush();
+    brush->Create(color, TXBrush::SolidBrush);
+    return brush;
+}
+
+TXRefPtr<TXFont> SurfaceTest::NewFont(int height)
+{
+    const TXRefPtr<TXFont> font = TestEngine().NewFont();
+    font->Create();
+    font->SetFontHeight(height);
+    return font;
+}
+
+QPainter& SurfaceTest::PainterOf(TXGraphics& surface) { return *static_cast<QPainter*>(surface.GetInteralObject()); }
+
+QImage& SurfaceTest::PixelsOf(TXImage& image) { return *static_cast<QImage*>(image.GetInternalObject()); }
+
+const QPen& SurfaceTest::PenOf(TXPen& pen) { return *static_cast<const QPen*>(pen.GetInternalObject()); }
+
+const QBrush& SurfaceTest::BrushOf(TXBrush& brush) { return *static_cast<const QBrush*>(brush.GetInternalObject()); }
+
+const QFont& SurfaceTest::FontOf(TXFont& font) { return *static_cast<const QFont*>(font.GetInternalObject()); }
+
+QPainter::RenderHints SurfaceTest::FreshHints()
+{
+    QImage image(4, 4, QImage::Format_ARGB32_Premultiplied);
+    const QPainter painter(&image);
+    return painter.renderHints();
+}
