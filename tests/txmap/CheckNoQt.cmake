@@ -1,0 +1,7 @@
+execute_process(COMMAND ${READELF} --dynamic ${PROGRAM} OUTPUT_VARIABLE dynamic COMMAND_ERROR_IS_FATAL ANY)
+if(NOT dynamic MATCHES "libtxgraphics")
+  message(FATAL_ERROR "${PROGRAM} does not seem to be the program: it needs no libtxgraphics")
+endif()
+if(dynamic MATCHES "NEEDED[^\n]*(libQt|libcairo|libtxplugin)[^\n]*")
+  message(FATAL_ERROR "${PROGRAM} is linked with a backend: ${CMAKE_MATCH_0}")
+endif()

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include <txbase/TXPoint.h>
+#include <txmap/Options.h>
+
+namespace TZObjects
+{
+
+/// A shape of one or several rings in the arrays of its layer.
+struct Area
+{
+    std::size_t firstPoint = 0;
+    std::size_t firstRing = 0;
+    int rings = 0;
+    int category = 0; ///< Decides the colour; 0 for none.
+};
+
+/// A line in the array of its layer.
+struct Line
+{
+    std::size_t firstPoint = 0;
+    int count = 0;
+};
+
+/// What is visible of a layer, in pixels, in the form in which it is drawn: the points of all shapes lie one behind the
+/// other, so that one shape, or all of them at once, are handed to the surface without a copy.
+struct MapLayer
+{
+    LayerRole role = LayerRole::Any;
+    std::vector<TXPoint> areaPoints;
+    std::vector<int> ringSizes;
+    std::vector<Area> areas;
+    std::vector<TXPoint> linePoints;
+    std::vector<Line> lines;
+    std::vector<TXPoint> places;
+};
+
+} // namespace TZObjects

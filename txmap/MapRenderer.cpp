@@ -1,0 +1,213 @@
+#include <txmap/MapRenderer.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include <txgraphics/TXGraphicsEngine.h>
+#include <txgraphics/TXImage.h>
+#include <txgraphics/TXLinearGradient.h>
+#include <txmap/Failure.h>
+
+namespace TZObjects
+{
+namespace
+{
+
+// The shorter side of the map that the style's widths are meant for.
+constexpr double kUsualSide = 1024.0;
+// In small pictures lines and places get thinner only so far.
+constexpr double kSmallestUnit = 0.5;
+
+// Along a pale band, corners closer together than this part of its width cannot be told apart.
+constexpr double kBandCorner = 0.125;
+
+/// A circle as a closed ring: the surface's own ellipses have whole pixels as centre, which is too coarse for places.
+std::vector<TXPoint> Circle(const TXPoint& centre, double radius)
+{
+    constexpr int kCorners = 24;
+    constexpr double kTurn = 6.283185307179586;
+    std::vector<TXPoint> ring;
+    ring.reserve(kCorners);
+    for (int i = 0; i < kCorners; ++i)
+    {
+        const double angle = kTurn * i / kCorners;
+        ring.emplace_back(centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle));
+    }
+    return ring;
+}
+
+bool IsLand(const MapLayer& layer) { return layer.role != LayerRole::Lakes; }
+
+} // namespace
+
+MapRenderer::MapRenderer(TXGraphicsEngine& engine, const View& view, const Style& style)
+    : engine(engine), view(view), style(style),
+      unit(std::max(kSmallestUnit, std::min(view.Frame().Width(), view.Frame().Height()) / kUsualSide)),
+      surface(engine.NewGraphics())
+{
+    const PixelSize size = view.Size();
+    const bool ready = surface && surface->CreateCompatibleGraphics(size.width, size.height) && surface->GetImage() &&
+                       surface->GetImage()->GetWidth() == size.width;
+    if (!ready)
+        throw Failure(ExitCode::Drawing, "a picture of " + std::to_string(size.width) + "x" +
+                                             std::to_string(size.height) + " pixels cannot be made");
+}
+
+bool MapRenderer::Save(const std::string& path) { return surface->Save(path.c_str()); }
+
+void MapRenderer::Require(bool drawn)
+{
+    if (!drawn)
+        throw Failure(ExitCode::Drawing, "the plugin refused to draw");
+}
+
+TXRefPtr<TXPen> MapRenderer::MakePen(const Stroke& stroke) const
+{
+    TXRefPtr<TXPen> pen(engine.NewPen());
+    Require(pen && pen->Create(TXPen::SolidLine, stroke.width * unit, stroke.color, TXPen::RoundCap, TXPen::RoundJoin));
+    return pen;
+}
+
+TXRefPtr<TXBrush> MapRenderer::MakeBrush(const TXColor& color) const
+{
+    TXRefPtr<TXBrush> brush(engine.NewBrush());
+    Require(brush && brush->Create(color, TXBrush::SolidBrush));
+    return brush;
+}
+
+void MapRenderer::Use(const Stroke& stroke) { surface->SelectPen(MakePen(stroke)); }
+void MapRenderer::Use(const TXColor& fill) { surface->SelectBrush(MakeBrush(fill)); }
+
+void MapRenderer::Draw(const std::vector<MapLayer>& layers, const std::vector<GraticuleLine>& graticule)
+{
+    DrawSea();
+    DrawShores(layers);
+    for (const MapLayer& layer : layers)
+        DrawAreas(layer);
+    DrawGraticule(graticule);
+    for (const MapLayer& layer : layers)
+        DrawLines(layer);
+    for (const MapLayer& layer : layers)
+        DrawPlaces(layer);
+    DrawMargins();
+}
+
+void MapRenderer::DrawMargins()
+{
+    const TXRect& frame = view.Frame();
+    const double width = view.Size().width;
+    const double height = view.Size().height;
+    for (const TXRect& margin : {TXRect(0.0, width, 0.0, frame.top), TXRect(0.0, width, frame.bottom, height),
+                                 TXRect(0.0, frame.left, 0.0, height), TXRect(frame.right, width, 0.0, height)})
+        if (margin.Width() > 0.0 && margin.Height() > 0.0)
+            Require(surface->fillRect(margin, style.paper));
+}
+
+void MapRenderer::DrawSea()
+{
+    // The gradient belongs to the globe, not to the picture: a part of the world has the colours that it has on the map
+    // of the whole.
+    const TXRect& frame = view.Frame();
+    const GeoBox& box = view.Visible();
+    const TXPoint equator = view.ToPixel(box.west, 0.0);
+    const TXPoint north = view.ToPixel(box.west, 85.0);
+    const TXPoint south = view.ToPixel(box.west, -85.0);
+    TXRefPtr<TXLinearGradient> gradient(engine.NewLinearGradient(equator.x, north.y, equator.x, south.y));
+    Require(gradient.get() != nullptr);
+    gradient->SetColorAt(0.0, style.oceanAtPoles);
+    gradient->SetColorAt(0.5, style.oceanAtEquator);
+    gradient->SetColorAt(1.0, style.oceanAtPoles);
+    Require(surface->FillRect(frame, gradient.get()));
+}
+
+void MapRenderer::DrawShores(const std::vector<MapLayer>& layers)
+{
+    // Where the bands of two countries overlap, the lighter one wins, so that they do not add up along a coast.
+    surface->SetCompositionMode(TXGraphics::CompositionMode_Lighten);
+    for (const Stroke& band : style.shore)
+    {
+        Use(band);
+        for (const MapLayer& layer : layers)
+            if (IsLand(layer))
+                DrawBand(layer, band.width * unit);
+    }
+    surface->SetCompositionMode(TXGraphics::CompositionMode_SourceOver);
+}
+
+void MapRenderer::DrawBand(const MapLayer& layer, double width)
+{
+    // What the sum of all points costs is the sorting of a wide line's whole outline and the rounding of its corners. A
+    // band hides both the joints between pieces, which have round caps, and corners that are closer than its blur.
+    constexpr std::size_t kPiece = 128;
+    const double finest = width * kBandCorner;
+    const TXPoint* point = layer.areaPoints.data();
+    for (const int size : layer.ringSizes)
+    {
+        piece.assign(1, *point);
+        for (int i = 1; i < size; ++i)
+        {
+            if (std::hypot(point[i].x - piece.back().x, point[i].y - piece.back().y) < finest && i < size - 1)
+                continue;
+            piece.push_back(point[i]);
+            if (piece.size() < kPiece)
+                continue;
+            Require(surface->Polyline(piece.data(), static_cast<int>(piece.size())));
+            piece.assign(1, point[i]);
+        }
+        Require(surface->Polyline(piece.data(), static_cast<int>(piece.size())));
+        point += size;
+    }
+}
+
+void MapRenderer::DrawAreas(const MapLayer& layer)
+{
+    if (layer.areas.empty())
+        return;
+    std::vector<TXRefPtr<TXBrush>> brushes;
+    for (int category = 0; category <= style.Categories(); ++category)
+        brushes.push_back(MakeBrush(IsLand(layer) ? style.Fill(category) : style.lake));
+    Use(IsLand(layer) ? style.outline : style.lakeShore);
+    for (const Area& area : layer.areas)
+    {
+        surface->SelectBrush(brushes[static_cast<std::size_t>(area.category)]);
+        Require(surface->PolyPolygon(layer.areaPoints.data() + area.firstPoint, layer.ringSizes.data() + area.firstRing,
+                                     area.rings));
+    }
+}
+
+void MapRenderer::DrawLines(const MapLayer& layer)
+{
+    if (layer.lines.empty())
+        return;
+    Use(layer.role == LayerRole::Borders ? style.border : style.river);
+    for (const Line& line : layer.lines)
+        Require(surface->Polyline(layer.linePoints.data() + line.firstPoint, line.count));
+}
+
+void MapRenderer::DrawPlaces(const MapLayer& layer)
+{
+    if (layer.places.empty())
+        return;
+    Use(style.placeRing);
+    Use(style.placeFill);
+    for (const TXPoint& place : layer.places)
+    {
+        const std::vector<TXPoint> circle = Circle(place, style.placeRadius * unit);
+        Require(surface->Polygon(circle.data(), static_cast<int>(circle.size())));
+    }
+}
+
+void MapRenderer::DrawGraticule(const std::vector<GraticuleLine>& graticule)
+{
+    TXRefPtr<TXPen> pen = MakePen(style.graticule);
+    pen->SetPenCapStyle(TXPen::FlatCap);
+    pen->SetSteps(style.graticuleDashes);
+    surface->SelectPen(pen);
+    for (const GraticuleLine& line : graticule)
+    {
+        const TXPoint ends[] = {line.from, line.to};
+        Require(surface->Polyline(ends, 2));
+    }
+}
+
+} // namespace TZObjects

@@ -1,0 +1,213 @@
+#include <txmap/Options.h>
+
+#include <gdal.h>
+
+#include <charconv>
+#include <cmath>
+
+#include <CLI/CLI.hpp>
+
+#include <txmap/Failure.h>
+
+namespace TZObjects
+{
+namespace
+{
+
+constexpr int kMaxSide = 16384;
+constexpr double kSmallestBox = 1e-6;
+
+[[noreturn]] void Refuse(const std::string& option, const std::string& value, const std::string& reason)
+{
+    throw Failure(ExitCode::Usage, option + " " + value + ": " + reason);
+}
+
+/// All numbers of a text such as "2048x1024" or "-10,35,30,60"; none when anything else is in it.
+template <class Number>
+std::vector<Number> NumbersIn(const std::string& text, char separator)
+{
+    std::vector<Number> numbers;
+    const char* position = text.data();
+    const char* const end = position + text.size();
+    for (;; ++position)
+    {
+        Number number{};
+        const auto [behind, error] = std::from_chars(position, end, number);
+        if (error != std::errc() || (behind != end && *behind != separator))
+            return {};
+        numbers.push_back(number);
+        position = behind;
+        if (position == end)
+            return numbers;
+    }
+}
+
+PixelSize ParseSize(const std::string& text)
+{
+    const std::vector<int> sides = NumbersIn<int>(text, 'x');
+    if (sides.size() != 2)
+        Refuse("--size", text, "must be WIDTHxHEIGHT in pixels, such as 2048x1024");
+    for (const int side : sides)
+        if (side < 1 || side > kMaxSide)
+            Refuse("--size", text, "each side must be from 1 to " + std::to_string(kMaxSide) + " pixels");
+    return {sides[0], sides[1]};
+}
+
+GeoBox ParseBox(const std::string& text, const Projection& projection)
+{
+    const std::vector<double> edges = NumbersIn<double>(text, ',');
+    if (edges.size() != 4)
+        Refuse("--bbox", text, "must be WEST,SOUTH,EAST,NORTH in degrees, such as -10,35,30,60");
+    GeoBox box{edges[0], edges[1], edges[2], edges[3]};
+    // Written so that a NaN is refused as well.
+    if (!(std::abs(box.west) <= 360.0 && std::abs(box.east) <= 360.0))
+        Refuse("--bbox", text, "longitudes must be from -360 to 360");
+    if (!(box.south >= -90.0 && box.north <= 90.0 && box.north - box.south >= kSmallestBox))
+        Refuse("--bbox", text, "SOUTH must be less than NORTH, both from -90 to 90");
+    if (box.east < box.west)
+        box.east += 360.0;
+    if (!(box.east - box.west >= kSmallestBox && box.east - box.west <= 360.0))
+        Refuse("--bbox", text, "must be up to 360 degrees wide, and not empty");
+    const double maxLatitude = projection.MaxLatitude();
+    if (box.north <= kSmallestBox - maxLatitude || box.south >= maxLatitude - kSmallestBox)
+        Refuse("--bbox", text, "lies beyond the outermost latitudes of the projection");
+    return box;
+}
+
+double ParseGraticule(const std::string& text)
+{
+    const std::vector<double> step = NumbersIn<double>(text, ',');
+    if (step.size() != 1 || !(step[0] >= 0.0 && step[0] <= 90.0))
+        Refuse("--graticule", text, "must be a number of degrees from 0 to 90");
+    return step[0];
+}
+
+std::string VersionText()
+{
+    return std::string("txmap ") + TXMAP_VERSION + " (GDAL " + GDALVersionInfo("RELEASE_NAME") + ")\n";
+}
+
+/// The options as they are written, before their meaning is looked at.
+struct RawOptions
+{
+    std::vector<std::string> inputs, countries, lakes, borders, lines;
+    std::string output = "map.png", size, crs = "EPSG:4326", box, graticule, colorBy, plugin = "txpluginqt";
+    bool version = false, listPlugins = false;
+};
+
+void Declare(CLI::App& app, RawOptions& raw)
+{
+    app.add_option(
+        "inputs", raw.inputs,
+        "Vector data, drawn as its geometry suggests: areas as countries, lines as rivers, points as places. "
+        "Anything that GDAL reads; FILE#LAYER picks one layer");
+    // Each of these may be given several times and takes one value each time; what follows is an input again.
+    const auto addLayers = [&](const char* name, std::vector<std::string>& sources, const char* description)
+    { app.add_option(name, sources, description)->allow_extra_args(false)->type_name("FILE[#LAYER]"); };
+    addLayers("--countries", raw.countries, "Areas to draw as countries, in the colours of --color-by");
+    addLayers("--lakes", raw.lakes, "Areas to draw as water");
+    addLayers("--borders", raw.borders, "Lines to draw as borders");
+    addLayers("--lines", raw.lines, "Lines to draw as rivers");
+    app.add_option("-o,--output", raw.output, "The picture to write; its suffix names the format (default map.png)")
+        ->type_name("FILE");
+    app.add_option("--size", raw.size,
+                   "The size of the picture in pixels (default: the proportions of the box, longer side 2048). The box "
+                   "grows evenly to fill the size")
+        ->type_name("WxH");
+    app.add_option("--crs", raw.crs, "The projection: EPSG:4326 (default) or EPSG:3857")->type_name("NAME");
+    app.add_option("--bbox", raw.box,
+                   "What to show, in degrees (default: the world). EAST may lie beyond 180, or be less than WEST, to "
+                   "cross the date line")
+        ->type_name("WEST,SOUTH,EAST,NORTH");
+    app.add_option("--graticule", raw.graticule, "Degrees between lines of longitude and latitude; 0 for none")
+        ->type_name("DEGREES");
+    app.add_option("--color-by", raw.colorBy,
+                   "The attribute whose values colour the countries (default: mapcolor or a like one, else a name)")
+        ->type_name("FIELD");
+    app.add_option("--plugin", raw.plugin, "The drawing plugin, by path or by name (default txpluginqt)")
+        ->type_name("PATH|NAME");
+    app.add_flag("--list-plugins", raw.listPlugins, "List the drawing plugins that can be loaded");
+    app.add_flag("--version", raw.version, "Print the version");
+}
+
+/// An empty value would read as an option that was not given.
+void RefuseEmptyValues(const CLI::App& app)
+{
+    for (const char* const option : {"--output", "--size", "--crs", "--bbox", "--graticule", "--color-by", "--plugin"})
+        if (app.count(option) > 0 && app.get_option(option)->as<std::string>().empty())
+            Refuse(option, "''", "must not be empty");
+}
+
+Options Interpret(const RawOptions& raw)
+{
+    Options options;
+    const auto add = [&](const std::vector<std::string>& sources, LayerRole role)
+    {
+        for (const std::string& source : sources)
+            options.layers.push_back({source, role});
+    };
+    add(raw.inputs, LayerRole::Any);
+    add(raw.countries, LayerRole::Countries);
+    add(raw.lakes, LayerRole::Lakes);
+    add(raw.borders, LayerRole::Borders);
+    add(raw.lines, LayerRole::Lines);
+    if (options.layers.empty())
+        throw Failure(ExitCode::Usage, "no input: name a file of vector data, or see txmap --help");
+
+    const std::optional<Projection> projection = Projection::FromName(raw.crs);
+    if (!projection)
+        Refuse("--crs", raw.crs, "unknown projection; known are EPSG:4326 and EPSG:3857");
+    options.projection = *projection;
+    if (!raw.size.empty())
+        options.size = ParseSize(raw.size);
+    if (!raw.box.empty())
+        options.box = ParseBox(raw.box, options.projection);
+    if (!raw.graticule.empty())
+        options.graticule = ParseGraticule(raw.graticule);
+    options.output = raw.output;
+    options.colorBy = raw.colorBy;
+    options.plugin = raw.plugin;
+    return options;
+}
+
+Options TextOnly(const std::string& text)
+{
+    Options options;
+    options.action = Options::Action::ShowText;
+    options.text = text;
+    return options;
+}
+
+} // namespace
+
+Options ParseOptions(int argc, const char* const* argv)
+{
+    CLI::App app("Draws geodata as a map, through a drawing plugin that is loaded at run time.", "txmap");
+    RawOptions raw;
+    Declare(app, raw);
+    try
+    {
+        app.parse(argc, argv);
+    }
+    catch (const CLI::CallForHelp&)
+    {
+        return TextOnly(app.help() + "\nExit codes: 0 success, 1 rendering or writing failed, 2 wrong usage, "
+                                     "3 no usable plugin, 4 unusable data.\n");
+    }
+    catch (const CLI::ParseError& error)
+    {
+        throw Failure(ExitCode::Usage, error.what());
+    }
+    if (raw.version)
+        return TextOnly(VersionText());
+    if (raw.listPlugins)
+    {
+        Options options;
+        options.action = Options::Action::ListPlugins;
+        return options;
+    }
+    RefuseEmptyValues(app);
+    return Interpret(raw);
+}
+
+} // namespace TZObjects

@@ -1,0 +1,97 @@
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include <txmap/Failure.h>
+#include <txmap/GeometryReader.h>
+#include <txmap/Graticule.h>
+#include <txmap/MapRenderer.h>
+#include <txmap/Options.h>
+#include <txmap/OutputFile.h>
+#include <txmap/PluginSession.h>
+#include <txmap/Style.h>
+#include <txmap/VectorSource.h>
+
+namespace TZObjects
+{
+namespace
+{
+
+void Render(const Options& options)
+{
+    OutputFile output(options.output);
+    const View view(options.projection, options.box, options.size);
+    const Style style = AtlasStyle();
+
+    PrepareGdal();
+    GeometryReader reader(view, options.colorBy, style.Categories());
+    std::vector<MapLayer> layers;
+    for (const LayerRequest& request : options.layers)
+        layers.push_back(reader.Read(VectorSource(request.source), request.role));
+
+    const PluginSession plugin(options.plugin);
+    MapRenderer renderer(plugin.Engine(), view, style);
+    renderer.Draw(layers, MakeGraticule(view, options.graticule.value_or(SuitableStep(view))));
+    if (!renderer.Save(output.Begin()))
+        throw Failure(ExitCode::Drawing, "--output " + options.output + ": the picture cannot be written");
+    output.Commit();
+}
+
+void Run(int argc, const char* const* argv)
+{
+    const Options options = ParseOptions(argc, argv);
+    switch (options.action)
+    {
+    case Options::Action::ShowText:
+        std::cout << options.text;
+        break;
+    case Options::Action::ListPlugins:
+        ListPlugins(std::cout);
+        break;
+    case Options::Action::Render:
+        Render(options);
+        break;
+    }
+    if (!std::cout.flush())
+        throw Failure(ExitCode::Drawing, "standard output cannot be written");
+}
+
+/// Prints a message as the one line that a failed run leaves.
+int Report(const std::string& message, ExitCode code)
+{
+    std::string line = message;
+    for (char& letter : line)
+        if (letter == '\n' || letter == '\r')
+            letter = ' ';
+    std::cerr << "txmap: " << line << '\n';
+    return static_cast<int>(code);
+}
+
+} // namespace
+} // namespace TZObjects
+
+int main(int argc, char** argv)
+{
+    using namespace TZObjects;
+    // Standard error is for our own messages; a backend's debugging output is shown to those who ask for it.
+    setenv("QT_LOGGING_RULES", "*.debug=false", 0);
+    try
+    {
+        Run(argc, argv);
+        return static_cast<int>(ExitCode::Success);
+    }
+    catch (const Failure& failure)
+    {
+        return Report(failure.what(), failure.Code());
+    }
+    catch (const std::bad_alloc&)
+    {
+        return Report("out of memory", ExitCode::Drawing);
+    }
+    catch (const std::exception& error)
+    {
+        return Report(error.what(), ExitCode::Drawing);
+    }
+}
