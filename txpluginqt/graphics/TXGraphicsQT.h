@@ -190,6 +190,52 @@ private:
         return true;
     }
 
+    template <class WithCr, class WithQt>
+    bool OnTextPath(WithCr withCr, WithQt withQt);
+    /// Draws a label with the selected font, antialiased, and puts the painter's state back.
+    template <class Draw>
+    bool PaintLabel(Draw draw);
+
+    bool DrawStringWithQt(double ox, double oy, double left, double right, double top, double bottom,
+                          TXTextVertAlign vAlign, TXTextHorizAlign hAlign, const TXString& text, double angle,
+                          const double& scale);
+    bool DrawStringWithQt(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign, const TXString& text,
+                          double angle, double lineSpacing, const double& scale);
+    bool DrawStringWithQt(double x, double y, double dx, double dy, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
+                          const TXString& text, double angle, const double& scale);
+    bool DrawOutlineStringWithQt(double ox, double oy, double left, double top, TXTextVertAlign vAlign,
+                                 TXTextHorizAlign hAlign, const TXString& text, const TXColor& fill, double angle,
+                                 double lineSpacing, const double& scale);
+    bool DrawOutlineStringWithQt(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
+                                 const TXString& text, const TXColor& fill, double angle, double lineSpacing,
+                                 const double& scale);
+    bool DrawVerticalStringWithQt(double ox, double oy, double left, double top, TXTextVertAlign vAlign,
+                                  TXTextHorizAlign hAlign, const TXString& text, const TXColor& fill, double angle,
+                                  double columnSpacing, double charSpacing, bool halo, const double& scale);
+    bool DrawVerticalStringWithQt(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
+                                  const TXString& text, const TXColor& fill, double angle, double columnSpacing,
+                                  double charSpacing, bool halo, const double& scale);
+
+    bool DrawStringWithCr(double ox, double oy, double left, double right, double top, double bottom,
+                          TXTextVertAlign vAlign, TXTextHorizAlign hAlign, const TXString& text, double angle,
+                          const double& scale);
+    bool DrawStringWithCr(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign, const TXString& text,
+                          double angle, double lineSpacing, const double& scale);
+    bool DrawStringWithCr(double x, double y, double dx, double dy, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
+                          const TXString& text, double angle, const double& scale);
+    bool DrawOutlineStringWithCr(double ox, double oy, double left, double top, TXTextVertAlign vAlign,
+                                 TXTextHorizAlign hAlign, const TXString& text, const TXColor& fill, double angle,
+                                 double lineSpacing, const double& scale);
+    bool DrawOutlineStringWithCr(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
+                                 const TXString& text, const TXColor& fill, double angle, double lineSpacing,
+                                 const double& scale);
+    bool DrawVerticalStringWithCr(double ox, double oy, double left, double top, TXTextVertAlign vAlign,
+                                  TXTextHorizAlign hAlign, const TXString& text, const TXColor& fill, double angle,
+                                  double columnSpacing, double charSpacing, bool halo, const double& scale);
+    bool DrawVerticalStringWithCr(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
+                                  const TXString& text, const TXColor& fill, double angle, double columnSpacing,
+                                  double charSpacing, bool halo, const double& scale);
+
     QPainter* painter = nullptr;
     TXRefPtr<TXPen> pen;
     TXRefPtr<TXBrush> brush;

@@ -1,4 +1,4 @@
-// Labels, markers, images and clipping, which this backend does not offer yet: false, and nothing drawn.
+// Markers, images and clipping, which this backend does not offer yet: false, and nothing drawn.
 #include <txpluginqt/graphics/TXGraphicsQT.h>
 
 bool TXGraphicsQT::VectorMarker(const double&, const double&, const double&, const double&, const double&,
@@ -8,46 +8,6 @@ bool TXGraphicsQT::VectorMarker(const double&, const double&, const double&, con
 }
 bool TXGraphicsQT::VectorMarker(double, double, double, double, double, const TXPoint*, int, bool) { return false; }
 bool TXGraphicsQT::FontMarker(double, double, double, double, double, TXString, short) { return false; }
-bool TXGraphicsQT::DrawString(double, double, double, double, double, double, TXTextVertAlign, TXTextHorizAlign,
-                              const TXString&, double, const double&)
-{
-    return false;
-}
-bool TXGraphicsQT::DrawString(double, double, TXTextVertAlign, TXTextHorizAlign, const TXString&, double, double,
-                              const double&)
-{
-    return false;
-}
-bool TXGraphicsQT::DrawString(double, double, double, double, TXTextVertAlign, TXTextHorizAlign, const TXString&,
-                              double, const double&)
-{
-    return false;
-}
-bool TXGraphicsQT::DrawString(double, double, double, double, TXTextVertAlign, TXTextHorizAlign, const TXString&,
-                              const double&)
-{
-    return false;
-}
-bool TXGraphicsQT::DrawOutlineString(double, double, double, double, TXTextVertAlign, TXTextHorizAlign, const TXString&,
-                                     const TXColor&, double, double, const double&)
-{
-    return false;
-}
-bool TXGraphicsQT::DrawOutlineString(double, double, TXTextVertAlign, TXTextHorizAlign, const TXString&, const TXColor&,
-                                     double, double, const double&)
-{
-    return false;
-}
-bool TXGraphicsQT::DrawVerticalString(double, double, double, double, TXTextVertAlign, TXTextHorizAlign,
-                                      const TXString&, const TXColor&, double, double, double, bool, const double&)
-{
-    return false;
-}
-bool TXGraphicsQT::DrawVerticalString(double, double, TXTextVertAlign, TXTextHorizAlign, const TXString&,
-                                      const TXColor&, double, double, double, bool, const double&)
-{
-    return false;
-}
 bool TXGraphicsQT::DrawImage(TXImage*, double) { return false; }
 bool TXGraphicsQT::DrawImage(const TXRect&, TXImage*, const TXRect&, double) { return false; }
 bool TXGraphicsQT::DrawImage4BitmapRotate(const TXRect&, TXImage*, const TXRect&, double, double) { return false; }

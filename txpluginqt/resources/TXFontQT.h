@@ -63,6 +63,7 @@ public:
 
 private:
     QFont* Font() const;
+    bool CanMeasureWithQt() const;
 
     int width = 0;
     int angle = 0;

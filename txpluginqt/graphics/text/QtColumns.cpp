@@ -1,0 +1,62 @@
+#include <txpluginqt/graphics/text/QtColumns.h>
+
+#include <algorithm>
+
+#include <QFontMetricsF>
+
+#include <txpluginqt/graphics/text/Alignment.h>
+
+namespace
+{
+
+/// The gap after a column, as a part of the font's height.
+qreal GapFactor(bool firstColumn, bool italic)
+{
+    if (firstColumn)
+        return italic ? 0.3 : 0.2;
+    return italic ? 0.2 : 0.05;
+}
+
+} // namespace
+
+QtColumns::QtColumns(const QString& text, const QFont& font, qreal columnSpacing, qreal charSpacing)
+    : font(font), columnSpacing(columnSpacing)
+{
+    const QFontMetricsF metrics(font);
+    ascent = metrics.ascent();
+    // The ascent, not the height: a descender may touch the next character.
+    step = ascent + charSpacing;
+    // A slant that the font itself does not have makes no wider gaps.
+    const bool italic = font.style() != QFont::StyleNormal;
+    for (const QString& line : text.split(QLatin1Char('\n')))
+    {
+        qreal width = 0.0;
+        for (int k = 0; k < line.size(); ++k)
+            width = std::max(width, metrics.horizontalAdvance(line.mid(k, 1)));
+        const qreal length = line.size() * step - charSpacing;
+        height = columns.empty() ? length : std::max(height, length);
+        columns.push_back({line, width, length, metrics.height() * GapFactor(columns.empty(), italic)});
+    }
+}
+
+qreal QtColumns::Width() const
+{
+    qreal width = static_cast<qreal>(columns.size() - 1) * columnSpacing;
+    for (const Column& column : columns)
+        width += column.width + (columns.size() > 1 ? column.gap : 0.0);
+    return width;
+}
+
+QPainterPath QtColumns::Outlines(const QPointF& topLeft, int align) const
+{
+    QPainterPath outlines;
+    qreal x = topLeft.x();
+    for (const Column& column : columns)
+    {
+        const qreal top = topLeft.y() + AlignedOffset(align, height - column.height);
+        for (int k = 0; k < column.text.size(); ++k)
+            outlines.addText(x, top + ascent + k * step, font, column.text.mid(k, 1));
+        x += column.width + columnSpacing + column.gap;
+    }
+    return outlines;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <vector>
+
+#include <QFont>
+#include <QPainterPath>
+#include <QStringList>
+
+/// The columns of a vertical label, measured as Qt draws them: each line of the text is a column, and each UTF-16 unit
+/// of it one character below the one before.
+class QtColumns
+{
+public:
+    /// @param columnSpacing extra space between columns.
+    /// @param charSpacing extra space between the characters of a column.
+    QtColumns(const QString& text, const QFont& font, qreal columnSpacing, qreal charSpacing);
+
+    /// The width of the whole label. With more than one column it includes the gap after the last one.
+    qreal Width() const;
+    /// The height of the longest column.
+    qreal Height() const { return height; }
+
+    /// The outlines of all characters, the label's top left at @p topLeft.
+    /// @param align 1 lets the columns' tops meet, 3 their ends; any other value centres them.
+    QPainterPath Outlines(const QPointF& topLeft, int align) const;
+
+private:
+    struct Column
+    {
+        QString text;
+        qreal width;
+        qreal height;
+        qreal gap; // on top of the column spacing
+    };
+
+    QFont font;
+    std::vector<Column> columns;
+    qreal columnSpacing;
+    qreal ascent;
+    qreal step;
+    qreal height = 0.0;
+};

@@ -1,0 +1,59 @@
+#include <txpluginqt/graphics/text/RichTextTags.h>
+
+#include <QLatin1String>
+#include <QString>
+
+namespace
+{
+
+struct Tag
+{
+    QLatin1String label;
+    QLatin1String html;
+};
+
+constexpr Tag MakeTag(const char* label, int labelLength, const char* html, int htmlLength)
+{
+    return {QLatin1String(label, labelLength), QLatin1String(html, htmlLength)};
+}
+
+template <std::size_t L, std::size_t H>
+constexpr Tag MakeTag(const char (&label)[L], const char (&html)[H])
+{
+    return MakeTag(label, int(L) - 1, html, int(H) - 1);
+}
+
+// No replacement holds a tag, so the order of the passes does not matter.
+constexpr Tag kTags[] = {
+    MakeTag("</ACP>", "</span>"),
+    MakeTag("</BOL>", "</span>"),
+    MakeTag("</ITA>", "</span>"),
+    MakeTag("</SCP>", "</span>"),
+    MakeTag("</UND>", "</u>"),
+    MakeTag("</acp>", "</span>"),
+    MakeTag("</bol>", "</span>"),
+    MakeTag("</ita>", "</span>"),
+    MakeTag("</scp>", "</span>"),
+    MakeTag("</und>", "</u>"),
+    MakeTag("<ACP>", "<span style=\"text-transform:uppercase\">"),
+    MakeTag("<BOL>", "<span style=\"font-weight:700\">"),
+    MakeTag("<ITA>", "<span style=\"font-style:italic\">"),
+    MakeTag("<SCP>", "<span style=\"text-transform:lowercase\">"),
+    MakeTag("<UND>", "<u>"),
+    MakeTag("<acp>", "<span style=\"text-transform:uppercase\">"),
+    MakeTag("<bol>", "<span style=\"font-weight:700\">"),
+    MakeTag("<ita>", "<span style=\"font-style:italic\">"),
+    MakeTag("<scp>", "<span style=\"text-transform:lowercase\">"),
+    MakeTag("<und>", "<u>"),
+};
+
+} // namespace
+
+void ConvertRichTextTags(QString& text)
+{
+    // Nearly every label is plain, and must not pay for the tags.
+    if (!text.contains(QLatin1Char('<')))
+        return;
+    for (const Tag& tag : kTags)
+        text.replace(tag.label, tag.html, Qt::CaseSensitive);
+}

@@ -1,0 +1,25 @@
+#include <txpluginqt/support/RichTextDocument.h>
+
+#include <QFont>
+#include <QImage>
+#include <QTextLayout>
+#include <QUrl>
+#include <QVariant>
+
+RichTextDocument::RichTextDocument(const QString& html, const QFont& font)
+{
+    setDefaultFont(font);
+    setHtml(html);
+}
+
+QVariant RichTextDocument::loadResource(int type, const QUrl&)
+{
+    if (type != QTextDocument::ImageResource)
+        return QByteArray();
+    // For an image without pixels Qt would open the named file after all.
+    QImage pixel(1, 1, QImage::Format_ARGB32_Premultiplied);
+    pixel.fill(Qt::transparent);
+    return pixel;
+}
+
+bool IsRichText(const QString& text) { return Qt::mightBeRichText(text); }
