@@ -114,7 +114,6 @@ public:
 
     /// @name Life of the surface
     /// @{
-
     /// Gives the surface a target of its own size: the selected image, or a new one when none is selected, is made
     /// afresh in the default format, transparent white. An attached painter is detached. Transform, clip, opacity and
     /// composition start anew; pen, brush and font are applied again.
@@ -129,7 +128,6 @@ public:
     /// The selecting operations return what was selected before. A null argument, or a surface that cannot draw, gives
     /// null and changes nothing.
     /// @{
-
     /// Draws with a thin black pen of the style from now on; the selected pen is not changed and stays selected.
     virtual void SelectPen(TXPen::PenStyle style) = 0;
     virtual TXRefPtr<TXPen> SelectPen(TXRefPtr<TXPen> pen) = 0;
@@ -157,7 +155,6 @@ public:
     /// @name Attributes kept for the host
     /// Drawing operations take their alignment as arguments and do not read these.
     /// @{
-
     virtual void SetTextHorizAlign(int align);
     virtual void SetTextVertAlign(int align);
     /// `TextAlignLeft` until set.
@@ -171,7 +168,6 @@ public:
     /// @}
     /// @name State
     /// @{
-
     /// Writes the target image to a file; the format follows the name's suffix.
     /// @return false without an image or when the file cannot be written; a file that was there before is kept then.
     virtual bool Save(const TXString& fileName) = 0;
@@ -198,7 +194,6 @@ public:
     /// @name The current path
     /// Building needs no target and returns true; a coordinate that is refused adds nothing.
     /// @{
-
     virtual bool MoveTo(double x, double y) = 0;
     virtual bool LineTo(double x, double y) = 0;
     /// A cubic Bézier curve with control points (@p c1x, @p c1y) and (@p c2x, @p c2y) to (@p x, @p y).
@@ -215,7 +210,6 @@ public:
     /// @name Shapes
     /// Areas are filled with the brush, odd-even, and outlined with the pen.
     /// @{
-
     /// The same by points. Calls the overload below.
     virtual bool Line(TXPoint from, TXPoint to);
     /// A line between points rounded to whole units, halves away from zero.
@@ -267,7 +261,6 @@ public:
     /// @}
     /// @name Markers
     /// @{
-
     /// A symbol of points: scaled by (@p scaleX, @p scaleY), moved by (@p offsetX, @p offsetY) and rotated by @p angle
     /// about (@p x, @p y). Closed symbols are polygons, open ones polylines.
     virtual bool VectorMarker(const double& offsetX, const double& offsetY, const double& scaleX, const double& scaleY,
@@ -292,7 +285,6 @@ public:
     /// "\n" separates lines. @p scale multiplies the size. The text's colour is the pen's unless one is given. Labels
     /// may carry the tags <BOL>, <ITA>, <UND>, <ACP>, <SCP>. A font must be selected.
     /// @{
-
     /// A label in the box (@p left, @p right, @p top, @p bottom), rotated about (@p ox, @p oy).
     virtual bool DrawString(double ox, double oy, double left, double right, double top, double bottom,
                             TXTextVertAlign vAlign, TXTextHorizAlign hAlign, const TXString& text, double angle,
@@ -328,7 +320,6 @@ public:
     /// @name Images
     /// @p opacity multiplies the image's alpha, 0 to 1.
     /// @{
-
     /// Draws the whole image at the origin. @return false for null only.
     virtual bool DrawImage(TXImage* image, double opacity) = 0;
     /// Draws the part @p src of the image into @p dst, both clipped to the target.
@@ -346,7 +337,6 @@ public:
     /// @name Clipping
     /// A region is given as the rings of `PolyPolygon` are, odd-even, and replaces the one before.
     /// @{
-
     /// Clips to a region and fills it with a gradient.
     virtual void SetClipRegion(const TXPoint* points, const int* counts, int parts,
                                const stGradientParams& gradient) = 0;
@@ -358,7 +348,6 @@ public:
     /// @}
     /// @name Whole surfaces
     /// @{
-
     /// Draws the part @p srcRect of another surface's image into @p dst. Calls `DrawImage` with opacity 1.
     /// @return false for null or a source without an image.
     virtual bool StretchBlt(const TXRect& dst, const TXGraphics* source, const TXRect& srcRect);
@@ -375,7 +364,6 @@ public:
     /// @name Factories
     /// A new object without a reference, null when memory is short.
     /// @{
-
     virtual TXBrush* NewBrush() const = 0;
     virtual TXPen* NewPen() const = 0;
     virtual TXFont* NewFont() const = 0;
@@ -384,7 +372,6 @@ public:
     /// @}
     /// @name Painter and text path
     /// @{
-
     /// Switches antialiasing of shapes and text.
     virtual void EnableAntialiasing(bool on) = 0;
     /// Draws with an outside painter (the backend's painter object) until `Detach`; it is neither owned nor ended here.

@@ -24,6 +24,8 @@ namespace
 constexpr double kSlantAngle = 351.0;
 constexpr double kSlantShear = 0.16;
 
+constexpr int kTooWideForQt = 1 << 15;
+
 // The nudge by which one of the renderers, and no other, lifts its baselines.
 constexpr double kCentredLift = 1.0;
 
@@ -100,7 +102,9 @@ void StrokeHalo(QPainter& painter, const QPainterPath& outlines, const TXFont& f
 {
     const TXColor color = font.GetFontHaloColor();
     QPen halo(QColor(color.getR(), color.getG(), color.getB()));
-    halo.setWidth(font.GetFontHaloWidth());
+    // Qt would print a warning and keep the width of 1.
+    if (font.GetFontHaloWidth() < kTooWideForQt)
+        halo.setWidth(font.GetFontHaloWidth());
     painter.strokePath(outlines, halo);
 }
 
