@@ -1,42 +1,18 @@
-#include <sys/wait.h>
-
-#include <array>
-#include <cstdio>
 #include <string>
 #include <vector>
 
 #include <boost/dll/library_info.hpp>
 
 #include <gtest/gtest.h>
+#include <tests/support/ChildProcess.h>
 
 namespace
 {
 
-struct Outcome
-{
-    int exitCode = -1;
-    std::string log;
-};
-
-Outcome RunCommand(const std::string& command)
-{
-    Outcome outcome;
-    std::FILE* const pipe = popen(command.c_str(), "r");
-    if (!pipe)
-        return outcome;
-    std::array<char, 4096> buffer{};
-    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), pipe))
-        outcome.log.append(buffer.data(), count);
-    const int status = pclose(pipe);
-    if (WIFEXITED(status))
-        outcome.exitCode = WEXITSTATUS(status);
-    return outcome;
-}
-
 /// Runs a sequence in a process of its own. @p environment is a list of arguments for env(1).
 Outcome RunSequence(const std::string& sequence, const std::string& environment)
 {
-    return RunCommand("env " + environment + " '" TX_LOAD_SEQUENCE "' " + sequence + " '" TX_TEST_PLUGIN "' 2>&1");
+    return RunCommand("env " + environment + " '" TX_LOAD_SEQUENCE "' " + sequence + " '" TX_TEST_PLUGIN "'");
 }
 
 int NoticesIn(const std::string& log)

@@ -16,6 +16,7 @@
 #include <QImage>
 #include <QPainter>
 
+#include <tests/support/ChildProcess.h>
 #include <txgraphics/txgraphics.h>
 
 using namespace TZObjects;
@@ -24,15 +25,9 @@ namespace
 {
 
 const char* plugin = nullptr;
-int problems = 0;
+Expectations expectations;
 
-void Expect(bool condition, const char* what)
-{
-    if (condition)
-        return;
-    ++problems;
-    std::cerr << "expected: " << what << std::endl;
-}
+void Expect(bool condition, const char* what) { expectations.Expect(condition, what); }
 
 TXGraphicsEngineManager* Manager() { return TXGraphicsEngineManager::instance(""); }
 
@@ -241,5 +236,5 @@ int main(int argc, char** argv)
     }
     plugin = argv[2];
     sequence->second();
-    return problems == 0 ? 0 : 1;
+    return expectations.ExitCode();
 }

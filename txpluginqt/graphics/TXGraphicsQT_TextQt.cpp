@@ -24,8 +24,6 @@ namespace
 constexpr double kSlantAngle = 351.0;
 constexpr double kSlantShear = 0.16;
 
-constexpr int kTooWideForQt = 1 << 15;
-
 // The nudge by which one of the renderers, and no other, lifts its baselines.
 constexpr double kCentredLift = 1.0;
 
@@ -73,8 +71,9 @@ private:
     QSizeF size;
 };
 
-/// The widest line of a rich label's lines and the sum of their heights, each line measured alone.
-QSizeF RichLinesExtent(const QString& text, const QFont& font)
+/// The widest line of a rich label's lines and the sum of their heights, each line measured alone: rich ones with the
+/// painter's font, which may be older than the selected one's settings.
+QSizeF RichLinesExtent(const QString& text, const QFont& font, const QFont& painterFont)
 {
     const QFontMetricsF metrics(font);
     QSizeF extent(0.0, 0.0);
@@ -83,7 +82,7 @@ QSizeF RichLinesExtent(const QString& text, const QFont& font)
         QSizeF size = metrics.boundingRect(line).size();
         if (IsRichText(line))
         {
-            const QSizeF rich = RichTextDocument(line, font).size();
+            const QSizeF rich = RichTextDocument(line, painterFont).size();
             size = QSizeF(Truncated(rich.width()), Truncated(rich.height()));
         }
         extent = QSizeF(std::max(extent.width(), size.width()), extent.height() + size.height());
@@ -101,11 +100,8 @@ void FillOutlines(QPainter& painter, const QPainterPath& outlines)
 void StrokeHalo(QPainter& painter, const QPainterPath& outlines, const TXFont& font)
 {
     const TXColor color = font.GetFontHaloColor();
-    QPen halo(QColor(color.getR(), color.getG(), color.getB()));
-    // Qt would print a warning and keep the width of 1.
-    if (font.GetFontHaloWidth() < kTooWideForQt)
-        halo.setWidth(font.GetFontHaloWidth());
-    painter.strokePath(outlines, halo);
+    const QBrush opaque(QColor(color.getR(), color.getG(), color.getB()));
+    painter.strokePath(outlines, QPen(opaque, font.GetFontHaloWidth()));
 }
 
 /// Turns the painter to a label: anchor, rotation, scale.
@@ -149,11 +145,11 @@ bool TXGraphicsQT::PaintLabel(Draw draw)
         });
 }
 
-bool TXGraphicsQT::DrawStringWithQt(double ox, double oy, double left, double right, double top, double,
+bool TXGraphicsQT::DrawStringWithQt(double ox, double oy, double left, double right, double top, double bottom,
                                     TXTextVertAlign, TXTextHorizAlign hAlign, const TXString& text, double angle,
                                     const double& scale)
 {
-    if (!IsDrawable(ox, oy, left, right, top, angle) || !IsDrawableScale(scale))
+    if (!IsDrawable(ox, oy, left, right, top, bottom, angle) || !IsDrawableScale(scale))
         return false;
     return PaintLabel(
         [&](QPainter& p, const QFont& qfont)
@@ -231,7 +227,7 @@ bool TXGraphicsQT::DrawStringWithQt(double x, double y, TXTextVertAlign, TXTextH
                                                hAlign, Qt::WindingFill));
                 return;
             }
-            const QSizeF lines = RichLinesExtent(label, p.font());
+            const QSizeF lines = RichLinesExtent(label, qfont, p.font());
             RichLabel rich(label, p.font());
             const double growth = (scale - 1.0) * 0.5;
             MoveToAnchor(p, QPointF(x - growth * lines.width(), y - growth * lines.height()), *font);

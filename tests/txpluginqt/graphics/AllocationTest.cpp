@@ -4,9 +4,9 @@
 
 #include <QPainterPath>
 
-#include "AllocationCount.h"
 #include "Rings.h"
 #include "SurfaceTest.h"
+#include <tests/support/AllocationCount.h>
 
 using namespace TZObjects;
 

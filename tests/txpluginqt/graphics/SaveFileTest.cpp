@@ -106,7 +106,7 @@ TEST_F(SaveFileTest, FailureWhileWritingKeepsAnOlderFile)
     EXPECT_EQ(Read("picture.jpg"), QByteArray("older"));
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "something was left behind";
     // Qt's writer of this format tells by itself why it failed.
-    messages.Take();
+    TakeMessages();
 }
 
 } // namespace

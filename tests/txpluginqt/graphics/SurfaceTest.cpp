@@ -1,35 +1,8 @@
 #include "SurfaceTest.h"
 
-#include <utility>
-
 #include <tests/support/Twins.h>
 
 using namespace TZObjects;
-
-namespace
-{
-
-std::vector<std::string>& Messages()
-{
-    static std::vector<std::string> messages;
-    return messages;
-}
-
-void Collect(QtMsgType, const QMessageLogContext&, const QString& text) { Messages().push_back(text.toStdString()); }
-
-} // namespace
-
-MessageLog::MessageLog() : previous(qInstallMessageHandler(Collect)) { Messages().clear(); }
-
-MessageLog::~MessageLog() { qInstallMessageHandler(previous); }
-
-std::vector<std::string> MessageLog::Take() { return std::exchange(Messages(), {}); }
-
-void SurfaceTest::TearDown()
-{
-    for (const std::string& message : messages.Take())
-        ADD_FAILURE() << "printed: " << message;
-}
 
 TXRefPtr<TXImage> SurfaceTest::NewPaintedImage(int width, int height, TXImage::Format format)
 {

@@ -1,38 +1,16 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include <QImage>
 #include <QPainter>
 
 #include <gtest/gtest.h>
-#include <tests/support/TestEngine.h>
+#include <tests/support/QuietTest.h>
 #include <txgraphics/txgraphics.h>
 
-/// Collects what is printed through Qt while it lives.
-class MessageLog
-{
-public:
-    MessageLog();
-    ~MessageLog();
-    MessageLog(const MessageLog&) = delete;
-    MessageLog& operator=(const MessageLog&) = delete;
-
-    /// The messages so far, which are forgotten by this call.
-    std::vector<std::string> Take();
-
-private:
-    QtMessageHandler previous;
-};
-
-/// A test of surfaces. Whatever it does, nothing may be printed through Qt, and the engine manager's settings are what
-/// a process starts with before and after it.
-class SurfaceTest : public ::testing::Test
+/// A test of surfaces.
+class SurfaceTest : public QuietTest
 {
 protected:
-    void TearDown() override;
-
     /// A new image over the uneven background of the test twins.
     static TZObjects::TXRefPtr<TZObjects::TXImage>
     NewPaintedImage(int width = 60, int height = 40,
@@ -59,10 +37,4 @@ protected:
     /// The hints that a painter has when it has just begun on an image.
     static QPainter::RenderHints FreshHints();
     static constexpr QPainter::RenderHints kAntialiasing = QPainter::Antialiasing | QPainter::TextAntialiasing;
-
-    /// What Qt printed during the test so far; a test that expects messages takes them away with this.
-    MessageLog messages;
-
-private:
-    ManagerSettingsGuard settings;
 };

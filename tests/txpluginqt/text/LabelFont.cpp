@@ -1,0 +1,34 @@
+#include "LabelFont.h"
+
+#include <tests/support/TestEngine.h>
+
+using namespace TZObjects;
+
+TXRefPtr<TXFont> MakeFont(const FontChoice& choice)
+{
+    const TXRefPtr<TXFont> font = TestEngine().NewFont();
+    font->Create();
+    font->SetFontBold(choice.bold);
+    font->SetFontItalicMode(choice.italic);
+    font->SetFontName(TXString(choice.family));
+    font->SetFontHeight(choice.height);
+    font->SetFontUnderline(choice.underline);
+    font->SetWordSpacing(choice.letterSpacing);
+    font->SetFontHalo(choice.halo);
+    font->SetFontHaloWidth(choice.haloWidth);
+    font->SetFontHaloColor(choice.haloColor);
+    font->SetFontAngle(choice.angle);
+    return font;
+}
+
+QFont DirectFont(const FontChoice& choice)
+{
+    QFont font;
+    font.setWeight(choice.bold ? 75 : 50);
+    font.setStyle(choice.italic == TXFont::ItalicFace ? QFont::StyleItalic : QFont::StyleNormal);
+    font.setFamily(QString::fromStdWString(choice.family));
+    font.setPixelSize(choice.height);
+    font.setUnderline(choice.underline);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, choice.letterSpacing);
+    return font;
+}
