@@ -12,6 +12,8 @@
 #include <txpluginqt/support/CairoHandles.h>
 #include <txpluginqt/support/Guards.h>
 
+struct CairoTextStyle;
+
 /// A surface over a `QPainter`, which paints into the `QImage` of the target image, and a cairo context on the same
 /// pixels for labels.
 class TXGraphicsQT final : public TZObjects::TXGraphics, private TZObjects::PixelUser
@@ -167,7 +169,12 @@ private:
     /// Makes the cairo surface and context over the selected image's pixels; both stay null where that is impossible.
     void CreateCairoObjects();
     void DestroyCairoObjects();
+    /// Makes them again after an error, set up as they were.
+    void RemakeCairoObjects();
+    void ApplyCairoFontOptions();
     void SelectCairoFont();
+    /// The context, made again when it has fallen into an error; null when there is none.
+    cairo_t* ReadyCairoContext();
 
     /// "False without a painter, else true", where that is the whole contract. An inactive painter draws nothing.
     template <class Draw>
@@ -236,6 +243,14 @@ private:
                                   const TXString& text, const TXColor& fill, double angle, double columnSpacing,
                                   double charSpacing, bool halo, const double& scale);
 
+    struct CairoLabel;
+    template <class LayOut>
+    bool PaintCairoLabel(const CairoLabel& label, const CairoTextStyle& style, LayOut layOut);
+    bool PaintCairoLines(const CairoLabel& label, const CairoTextStyle& style, TXTextHorizAlign hAlign);
+    bool PaintCairoColumns(const CairoLabel& label, const TXColor& fill, TXTextVertAlign vAlign, bool wantsHalo);
+    CairoTextStyle OrdinaryCairoStyle() const;
+    CairoTextStyle OutlineCairoStyle(const TXColor& fill) const;
+
     QPainter* painter = nullptr;
     TXRefPtr<TXPen> pen;
     TXRefPtr<TXBrush> brush;
@@ -255,6 +270,8 @@ private:
     QPainter::RenderHints hintsBeforeChange;
     // How many states are on the own painter's stack.
     int savedStates = 0;
+    // Only a context that the switch has made draws with its own font options.
+    bool cairoFontOptionsSet = false;
     // Cairo objects that CreateCompatibleGraphics has replaced; they end with the surface.
     std::vector<std::pair<CairoSurface, CairoContext>> replacedCairoObjects;
 };

@@ -17,17 +17,24 @@ void TXGraphicsQT::EnableCairoDrawing(bool on)
     CreateCairoObjects();
     if (!cairoContext)
         return;
+    ApplyCairoFontOptions();
+    SelectCairoFont();
+}
+
+void TXGraphicsQT::ApplyCairoFontOptions()
+{
     const CairoFontOptions options(cairo_font_options_create());
     cairo_font_options_set_antialias(options.get(), CAIRO_ANTIALIAS_GOOD);
     cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_MEDIUM);
     cairo_set_font_options(cairoContext.get(), options.get());
-    SelectCairoFont();
+    cairoFontOptionsSet = true;
 }
 
 bool TXGraphicsQT::CairoDrawingEnabled() const { return cairoEnabled; }
 
 void TXGraphicsQT::CreateCairoObjects()
 {
+    cairoFontOptionsSet = false;
     const auto* const pixels = image ? static_cast<const QImage*>(image->GetInternalObject()) : nullptr;
     if (!pixels)
         return;
@@ -48,6 +55,16 @@ void TXGraphicsQT::DestroyCairoObjects()
 {
     cairoContext.reset();
     cairoSurface.reset();
+}
+
+void TXGraphicsQT::RemakeCairoObjects()
+{
+    const bool hadFontOptions = cairoFontOptionsSet;
+    DestroyCairoObjects();
+    CreateCairoObjects();
+    if (cairoContext && hadFontOptions)
+        ApplyCairoFontOptions();
+    SelectCairoFont();
 }
 
 void TXGraphicsQT::SelectCairoFont()

@@ -15,3 +15,16 @@ struct CairoDeleter
 using CairoContext = std::unique_ptr<cairo_t, CairoDeleter>;
 using CairoSurface = std::unique_ptr<cairo_surface_t, CairoDeleter>;
 using CairoFontOptions = std::unique_ptr<cairo_font_options_t, CairoDeleter>;
+
+/// Saves a context's state and restores it at the end of the scope.
+class CairoStateScope
+{
+public:
+    explicit CairoStateScope(cairo_t* context) : context(context) { cairo_save(context); }
+    ~CairoStateScope() { cairo_restore(context); }
+    CairoStateScope(const CairoStateScope&) = delete;
+    CairoStateScope& operator=(const CairoStateScope&) = delete;
+
+private:
+    cairo_t* context;
+};

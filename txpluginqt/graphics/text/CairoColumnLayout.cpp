@@ -1,0 +1,90 @@
+#include <txpluginqt/graphics/text/CairoTextLayout.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include <QStringList>
+
+namespace
+{
+
+constexpr double kRulePart = 20.0;
+
+/// A column's characters, each a piece of its own, so that a halo never covers a neighbour's fill.
+struct Column
+{
+    std::vector<CairoTextPiece> pieces;
+    double width = 0.0;
+    double height = 0.0;
+    double firstHeight = 0.0;
+};
+
+/// @param x where the column's glyphs lie.
+Column LayOutColumn(const QString& text, const CairoTextMetrics& metrics, double x)
+{
+    const double step = metrics.extents.ascent + metrics.charSpacing * metrics.scale;
+    Column column;
+    double y = 0.0;
+    for (int i = 0; i < text.size(); ++i)
+    {
+        std::optional<GlyphRun> run = GlyphRun::FromText(metrics.font, text.mid(i, 1), x, y);
+        if (!run)
+            continue;
+        const double width = run->Extents().width;
+        const double height = std::abs(run->Extents().y_bearing);
+        if (column.pieces.empty())
+            column.firstHeight = height;
+        CairoTextPiece piece;
+        piece.strikeOut = {x, y - height * 0.5, width};
+        piece.underline = {x, metrics.extents.descent / metrics.scale + y, width};
+        piece.runs.push_back(std::move(*run));
+        column.pieces.push_back(std::move(piece));
+        column.width = std::max(column.width, width);
+        column.height += step;
+        y += step;
+    }
+    return column;
+}
+
+/// The gap after a column, as a part of the font's height.
+double GapFactor(bool firstColumn, bool italic)
+{
+    if (firstColumn)
+        return italic ? 0.3 : 0.2;
+    return italic ? 0.2 : 0.05;
+}
+
+} // namespace
+
+CairoTextLayout LayOutCairoColumns(const QString& text, const CairoTextMetrics& metrics, int vAlign, bool italic)
+{
+    std::vector<Column> columns;
+    double tallest = 0.0;
+    double x = 0.0;
+    for (const QString& line : text.split(QLatin1Char('\n')))
+    {
+        columns.push_back(LayOutColumn(line, metrics, x));
+        tallest = std::max(tallest, columns.back().height);
+        x += columns.back().width + metrics.lineSpacing * metrics.scale;
+    }
+
+    CairoTextLayout layout;
+    layout.ruleWidth = metrics.extents.height / kRulePart;
+    double gaps = 0.0;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+    {
+        Column& column = columns[i];
+        const bool centred = vAlign == 1 || vAlign == 3;
+        const double offset =
+            (centred ? (tallest - column.height) * 0.5 : 0.0) + (metrics.extents.ascent + column.firstHeight) * 0.5;
+        for (CairoTextPiece& piece : column.pieces)
+        {
+            piece.x = gaps;
+            piece.y = offset;
+            layout.pieces.push_back(std::move(piece));
+        }
+        gaps += metrics.extents.height * GapFactor(i == 0, italic);
+    }
+    return layout;
+}

@@ -1,0 +1,65 @@
+#include <txpluginqt/graphics/text/CairoTextPainter.h>
+
+#include <cmath>
+
+#include <txpluginqt/support/CairoHandles.h>
+
+using TZObjects::TXColor;
+
+namespace
+{
+
+constexpr double kRadiansPerDegree = 3.141592653589793 / 180;
+
+void SetSource(cairo_t* context, const TXColor& color)
+{
+    cairo_set_source_rgba(context, color.getR() / 255.0, color.getG() / 255.0, color.getB() / 255.0,
+                          color.getA() / 255.0);
+}
+
+void AddRule(cairo_t* context, const CairoRule& rule)
+{
+    // At a scale of 0 the underline lies nowhere.
+    if (!std::isfinite(rule.y))
+        return;
+    cairo_move_to(context, rule.x, rule.y);
+    cairo_line_to(context, rule.x + rule.length, rule.y);
+}
+
+void PaintPiece(cairo_t* context, const CairoTextPiece& piece, const CairoTextStyle& style, double ruleWidth)
+{
+    const CairoStateScope state(context);
+    cairo_translate(context, piece.x, piece.y);
+    for (const GlyphRun& run : piece.runs)
+        run.AddOutlines(context);
+    if (style.halo)
+    {
+        SetSource(context, style.haloColor);
+        cairo_set_line_width(context, style.haloWidth);
+        cairo_stroke_preserve(context);
+    }
+    SetSource(context, style.color);
+    cairo_fill(context);
+    if (!style.underline && !style.strikeOut)
+        return;
+    if (style.strikeOut)
+        AddRule(context, piece.strikeOut);
+    if (style.underline)
+        AddRule(context, piece.underline);
+    cairo_set_line_width(context, ruleWidth);
+    cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
+    cairo_stroke(context);
+}
+
+} // namespace
+
+void PaintCairoText(cairo_t* context, const CairoTextLayout& layout, const CairoTextStyle& style, double x, double y,
+                    double angle)
+{
+    const CairoStateScope state(context);
+    cairo_new_path(context);
+    cairo_translate(context, x, y);
+    cairo_rotate(context, angle * kRadiansPerDegree);
+    for (const CairoTextPiece& piece : layout.pieces)
+        PaintPiece(context, piece, style, layout.ruleWidth);
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cairo.h>
+
+#include <txbase/TXColor.h>
+#include <txpluginqt/graphics/text/CairoTextLayout.h>
+
+/// How a label is painted.
+struct CairoTextStyle
+{
+    TZObjects::TXColor color;
+    bool halo = false;
+    TZObjects::TXColor haloColor;
+    double haloWidth = 0.0;
+    bool underline = false;
+    bool strikeOut = false;
+};
+
+/// Paints a laid-out label with its origin at (@p x, @p y), turned by @p angle in degrees, clockwise. The context's
+/// state is afterwards what it was, but for its path, which is empty.
+void PaintCairoText(cairo_t* context, const CairoTextLayout& layout, const CairoTextStyle& style, double x, double y,
+                    double angle);
