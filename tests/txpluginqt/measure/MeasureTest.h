@@ -2,10 +2,10 @@
 
 #include <vector>
 
+#include <tests/support/QuietTest.h>
 #include <tests/txpluginqt/text/LabelFont.h>
 #include <tests/txpluginqt/text/LabelTexts.h>
 #include <tests/txpluginqt/text/Measures.h>
-#include <tests/support/QuietTest.h>
 
 /// A test of a font's measuring. The manager's settings are put back after it.
 class MeasureTest : public QuietTest
