@@ -26,6 +26,9 @@ void Keep(const QImage& actual, const QImage& expected)
     difference.save(base + "-difference.png");
 }
 
+// Numbers in a failure are written one by one, and lose their base in between.
+std::string Hexadecimal(QRgb pixel) { return QString::number(pixel, 16).toStdString(); }
+
 } // namespace
 
 ::testing::AssertionResult SamePixels(const QImage& actual, const QImage& expected)
@@ -46,8 +49,8 @@ void Keep(const QImage& actual, const QImage& expected)
                 first = QPoint(x, y);
     Keep(actual, expected);
     return ::testing::AssertionFailure() << differing << " pixels differ, the first at (" << first.x() << ", "
-                                         << first.y() << "): 0x" << std::hex << actual.pixel(first) << " where 0x"
-                                         << expected.pixel(first) << " was expected";
+                                         << first.y() << "): 0x" << Hexadecimal(actual.pixel(first)) << " where 0x"
+                                         << Hexadecimal(expected.pixel(first)) << " was expected";
 }
 
 int InkedPixels(const QImage& image)

@@ -190,6 +190,9 @@ void TXGraphicsQT::PixelsGoing()
 
 void TXGraphicsQT::PixelsChanged()
 {
+    // First, so that the font reaches the new context as well.
+    if (cairoEnabled)
+        CreateCairoObjects();
     QPainter* const own = OwnPainter();
     QImage* const pixels = PixelsOf(target);
     if (own && CanBePainted(pixels) && Succeeds([&] { own->begin(pixels); }) && own->isActive())
@@ -198,8 +201,6 @@ void TXGraphicsQT::PixelsChanged()
             own->setRenderHints(hintsBeforeChange, true);
         ApplySelection(*own);
     }
-    if (cairoEnabled)
-        CreateCairoObjects();
 }
 
 void TXGraphicsQT::ImageEnding() { target = nullptr; }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include <txpluginqt/graphics/text/CairoTextLayout.h>
 #include <txpluginqt/graphics/text/CairoTextPainter.h>
@@ -26,9 +27,13 @@ TXColor ColorOver(TXColor start, const TXColor& color)
     return start;
 }
 
-/// Where the top left of a label lies that is turned about (@p ox, @p oy) and scaled from there.
+/// Where the top left of a label lies that is turned about (@p ox, @p oy) and scaled from there. No number when one of
+/// the coordinates is refused, even where they cancel out.
 TXPoint TurnedAbout(double ox, double oy, double left, double top, double angle, double scale)
 {
+    constexpr double refused = std::numeric_limits<double>::quiet_NaN();
+    if (!IsDrawable(ox, oy, left, top))
+        return TXPoint(refused, refused);
     const double radians = angle * kPi / 180;
     const double dx = (left - ox) * scale;
     const double dy = (top - oy) * scale;

@@ -11,10 +11,10 @@ namespace
 
 constexpr double kRulePart = 20.0;
 
-/// A column's characters, each a piece of its own, so that a halo never covers a neighbour's fill.
+/// A column's characters, each a part of its own, so that a halo never covers a neighbour's fill.
 struct Column
 {
-    std::vector<CairoTextPiece> pieces;
+    std::vector<CairoTextPart> characters;
     double width = 0.0;
     double height = 0.0;
     double firstHeight = 0.0;
@@ -33,13 +33,13 @@ Column LayOutColumn(const QString& text, const CairoTextMetrics& metrics, double
             continue;
         const double width = run->Extents().width;
         const double height = std::abs(run->Extents().y_bearing);
-        if (column.pieces.empty())
+        if (column.characters.empty())
             column.firstHeight = height;
-        CairoTextPiece piece;
-        piece.strikeOut = {x, y - height * 0.5, width};
-        piece.underline = {x, metrics.extents.descent / metrics.scale + y, width};
-        piece.runs.push_back(std::move(*run));
-        column.pieces.push_back(std::move(piece));
+        CairoTextPart character;
+        character.strikeOut = {x, y - height * 0.5, width};
+        character.underline = {x, metrics.extents.descent / metrics.scale + y, width};
+        character.runs.push_back(std::move(*run));
+        column.characters.push_back(std::move(character));
         column.width = std::max(column.width, width);
         column.height += step;
         y += step;
@@ -78,12 +78,11 @@ CairoTextLayout LayOutCairoColumns(const QString& text, const CairoTextMetrics& 
         const bool centred = vAlign == 1 || vAlign == 3;
         const double offset =
             (centred ? (tallest - column.height) * 0.5 : 0.0) + (metrics.extents.ascent + column.firstHeight) * 0.5;
-        for (CairoTextPiece& piece : column.pieces)
-        {
-            piece.x = gaps;
-            piece.y = offset;
-            layout.pieces.push_back(std::move(piece));
-        }
+        CairoTextPiece piece;
+        piece.x = gaps;
+        piece.y = offset;
+        piece.parts = std::move(column.characters);
+        layout.pieces.push_back(std::move(piece));
         gaps += metrics.extents.height * GapFactor(i == 0, italic);
     }
     return layout;

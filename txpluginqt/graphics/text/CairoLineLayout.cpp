@@ -15,27 +15,36 @@ namespace
 constexpr double kRulePart = 15.0;
 constexpr double kSpacedLineRulePart = 20.0;
 
-/// One line as a piece at the origin, and how wide it counts.
+/// One line at the origin, and how wide it counts.
 struct Line
 {
-    CairoTextPiece piece;
+    CairoTextPart part;
     double width = 0.0;
 };
 
-void SetRules(CairoTextPiece& piece, double length, double strikeOut, double underline)
+void SetRules(CairoTextPart& part, double length, double strikeOut, double underline)
 {
-    piece.strikeOut = {0.0, strikeOut, length};
-    piece.underline = {0.0, underline, length};
+    part.strikeOut = {0.0, strikeOut, length};
+    part.underline = {0.0, underline, length};
+}
+
+void AddLine(CairoTextLayout& layout, CairoTextPart part, double x = 0.0, double y = 0.0)
+{
+    CairoTextPiece line;
+    line.x = x;
+    line.y = y;
+    line.parts.push_back(std::move(part));
+    layout.pieces.push_back(std::move(line));
 }
 
 /// The descent is divided by the scale, though it has been scaled with the font.
 double UnderlineDepth(const CairoTextMetrics& metrics) { return metrics.extents.descent / metrics.scale; }
 
 /// A line whose rules hang on the ink of its first glyphs; its top is at 0.
-void SetRulesByInk(CairoTextPiece& piece, const CairoTextMetrics& metrics, double length, const GlyphRun& first)
+void SetRulesByInk(CairoTextPart& part, const CairoTextMetrics& metrics, double length, const GlyphRun& first)
 {
     const double ascent = metrics.extents.ascent;
-    SetRules(piece, length, ascent - std::abs(first.Extents().y_bearing) * 0.5, ascent + UnderlineDepth(metrics));
+    SetRules(part, length, ascent - std::abs(first.Extents().y_bearing) * 0.5, ascent + UnderlineDepth(metrics));
 }
 
 /// The whole text as one run.
@@ -45,10 +54,10 @@ CairoTextLayout PlainLine(const QString& text, const CairoTextMetrics& metrics)
     std::optional<GlyphRun> run = GlyphRun::FromText(metrics.font, text, 0.0, metrics.extents.ascent);
     if (!run)
         return layout;
-    CairoTextPiece piece;
-    SetRulesByInk(piece, metrics, run->Extents().width, *run);
-    piece.runs.push_back(std::move(*run));
-    layout.pieces.push_back(std::move(piece));
+    CairoTextPart part;
+    SetRulesByInk(part, metrics, run->Extents().width, *run);
+    part.runs.push_back(std::move(*run));
+    AddLine(layout, std::move(part));
     return layout;
 }
 
@@ -65,11 +74,11 @@ Line SpacedLine(const QString& text, const CairoTextMetrics& metrics)
             continue;
         x += run->Extents().width + run->Extents().x_bearing + spacing;
         line.width += run->Extents().width;
-        line.piece.runs.push_back(std::move(*run));
+        line.part.runs.push_back(std::move(*run));
     }
     line.width += (text.size() - 1) * spacing;
-    if (!line.piece.runs.empty())
-        SetRulesByInk(line.piece, metrics, line.width, line.piece.runs.front());
+    if (!line.part.runs.empty())
+        SetRulesByInk(line.part, metrics, line.width, line.part.runs.front());
     return line;
 }
 
@@ -90,13 +99,12 @@ CairoTextLayout PlainLines(const QStringList& texts, const CairoTextMetrics& met
         if (!lines[i] || lines[i]->IsEmpty())
             continue;
         const double width = lines[i]->Extents().width;
-        CairoTextPiece piece;
-        piece.x = AlignedOffset(hAlign, widest - width);
-        piece.y = step * static_cast<double>(i) + metrics.extents.ascent;
+        CairoTextPart part;
         // By the font alone, and from the baseline, unlike in all other layouts.
-        SetRules(piece, width, metrics.extents.descent - metrics.extents.ascent * 0.5, UnderlineDepth(metrics));
-        piece.runs.push_back(std::move(*lines[i]));
-        layout.pieces.push_back(std::move(piece));
+        SetRules(part, width, metrics.extents.descent - metrics.extents.ascent * 0.5, UnderlineDepth(metrics));
+        part.runs.push_back(std::move(*lines[i]));
+        AddLine(layout, std::move(part), AlignedOffset(hAlign, widest - width),
+                step * static_cast<double>(i) + metrics.extents.ascent);
     }
     return layout;
 }
@@ -115,11 +123,9 @@ CairoTextLayout SpacedLines(const QStringList& texts, const CairoTextMetrics& me
     const double step = metrics.extents.height + metrics.lineSpacing;
     for (std::size_t i = 0; i < lines.size(); ++i)
     {
-        if (lines[i].piece.runs.empty())
-            continue;
-        lines[i].piece.x = AlignedOffset(hAlign, widest - lines[i].width);
-        lines[i].piece.y = step * static_cast<double>(i);
-        layout.pieces.push_back(std::move(lines[i].piece));
+        if (!lines[i].part.runs.empty())
+            AddLine(layout, std::move(lines[i].part), AlignedOffset(hAlign, widest - lines[i].width),
+                    step * static_cast<double>(i));
     }
     return layout;
 }
@@ -141,8 +147,8 @@ CairoTextLayout LayOutCairoLines(const QString& text, const CairoTextMetrics& me
     {
         rulePart = kSpacedLineRulePart;
         Line line = SpacedLine(text, metrics);
-        if (!line.piece.runs.empty())
-            layout.pieces.push_back(std::move(line.piece));
+        if (!line.part.runs.empty())
+            AddLine(layout, std::move(line.part));
     }
     else
         layout = PlainLine(text, metrics);

@@ -17,14 +17,20 @@ struct CairoRule
 };
 
 /// What is painted in one go: outlines that get one halo and one fill, and the rules that belong to them.
+struct CairoTextPart
+{
+    std::vector<GlyphRun> runs;
+    CairoRule strikeOut{};
+    CairoRule underline{};
+};
+
+/// A line or a column: parts that are painted one after another, each in the state that the one before has left.
 struct CairoTextPiece
 {
     /// Where the piece's own origin lies in the label.
     double x = 0.0;
     double y = 0.0;
-    std::vector<GlyphRun> runs;
-    CairoRule strikeOut{};
-    CairoRule underline{};
+    std::vector<CairoTextPart> parts;
 };
 
 /// A label laid out by cairo, as plain data in the label's own coordinates: origin at the anchor, not rotated.

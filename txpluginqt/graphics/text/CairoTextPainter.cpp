@@ -26,11 +26,9 @@ void AddRule(cairo_t* context, const CairoRule& rule)
     cairo_line_to(context, rule.x + rule.length, rule.y);
 }
 
-void PaintPiece(cairo_t* context, const CairoTextPiece& piece, const CairoTextStyle& style, double ruleWidth)
+void PaintPart(cairo_t* context, const CairoTextPart& part, const CairoTextStyle& style, double ruleWidth)
 {
-    const CairoStateScope state(context);
-    cairo_translate(context, piece.x, piece.y);
-    for (const GlyphRun& run : piece.runs)
+    for (const GlyphRun& run : part.runs)
         run.AddOutlines(context);
     if (style.halo)
     {
@@ -43,10 +41,11 @@ void PaintPiece(cairo_t* context, const CairoTextPiece& piece, const CairoTextSt
     if (!style.underline && !style.strikeOut)
         return;
     if (style.strikeOut)
-        AddRule(context, piece.strikeOut);
+        AddRule(context, part.strikeOut);
     if (style.underline)
-        AddRule(context, piece.underline);
+        AddRule(context, part.underline);
     cairo_set_line_width(context, ruleWidth);
+    // The halos of later parts are stroked with it too.
     cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
     cairo_stroke(context);
 }
@@ -61,5 +60,10 @@ void PaintCairoText(cairo_t* context, const CairoTextLayout& layout, const Cairo
     cairo_translate(context, x, y);
     cairo_rotate(context, angle * kRadiansPerDegree);
     for (const CairoTextPiece& piece : layout.pieces)
-        PaintPiece(context, piece, style, layout.ruleWidth);
+    {
+        const CairoStateScope pieceState(context);
+        cairo_translate(context, piece.x, piece.y);
+        for (const CairoTextPart& part : piece.parts)
+            PaintPart(context, part, style, layout.ruleWidth);
+    }
 }

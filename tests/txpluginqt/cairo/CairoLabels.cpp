@@ -1,0 +1,292 @@
+#include "CairoLabels.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <vector>
+
+#include <QStringList>
+
+using TZObjects::TXColor;
+
+namespace
+{
+
+constexpr double kPi = 3.141592653589793;
+
+using GlyphList = std::vector<std::unique_ptr<Glyphs>>;
+
+/// The heights of the rules of a piece of text, and how they are stroked.
+struct Rules
+{
+    double strikeOut;
+    double underline;
+    double length;
+    double width;
+};
+
+/// Halo, text and rules of the path that has been made; the rules start at @p x.
+void PaintPath(cairo_t* cr, const ExpectedLabel& label, double x, const Rules& rules)
+{
+    if (label.halo)
+        StrokeHalo(cr, label.haloColor, label.haloWidth);
+    FillPath(cr, label.color);
+    if (!label.underline && !label.strikeOut)
+        return;
+    if (label.strikeOut)
+        AddRule(cr, x, rules.strikeOut, rules.length);
+    if (label.underline)
+        AddRule(cr, x, rules.underline, rules.length);
+    StrokeRules(cr, label.color, rules.width);
+}
+
+/// A line laid out character by character, its top at 0.
+struct SpacedLine
+{
+    GlyphList characters;
+    double width = 0.0;
+
+    SpacedLine(cairo_scaled_font_t* font, const QString& text, double ascent, double spacing)
+    {
+        double x = 0.0;
+        for (int i = 0; i < text.size(); ++i)
+        {
+            auto glyphs = std::make_unique<Glyphs>(font, text.mid(i, 1), x, ascent);
+            if (!glyphs->Converted())
+                continue;
+            x += glyphs->Extents().width + glyphs->Extents().x_bearing + spacing;
+            width += glyphs->Extents().width;
+            characters.push_back(std::move(glyphs));
+        }
+        width += (text.size() - 1) * spacing;
+    }
+
+    void Paint(cairo_t* cr, const ExpectedLabel& label, const cairo_font_extents_t& metrics, double ruleWidth) const
+    {
+        if (characters.empty())
+            return;
+        for (const auto& character : characters)
+            character->AddTo(cr);
+        const double bearing = std::abs(characters.front()->Extents().y_bearing);
+        PaintPath(cr, label, 0.0,
+                  {metrics.ascent - bearing * 0.5, metrics.ascent + metrics.descent / label.scale, width, ruleWidth});
+    }
+};
+
+double Aligned(int align, double room) { return align == 1 ? 0.0 : align == 3 ? room : room * 0.5; }
+
+void DrawPlainLine(cairo_t* cr, cairo_scaled_font_t* font, const ExpectedLabel& label,
+                   const cairo_font_extents_t& metrics)
+{
+    const Glyphs glyphs(font, label.text, 0.0, metrics.ascent);
+    if (!glyphs.Converted())
+        return;
+    glyphs.AddTo(cr);
+    const cairo_text_extents_t& ink = glyphs.Extents();
+    PaintPath(cr, label, 0.0,
+              {metrics.ascent - std::abs(ink.y_bearing) * 0.5, metrics.ascent + metrics.descent / label.scale,
+               ink.width, metrics.height / 15});
+}
+
+void DrawPlainLines(cairo_t* cr, cairo_scaled_font_t* font, const ExpectedLabel& label,
+                    const cairo_font_extents_t& metrics)
+{
+    GlyphList lines;
+    double widest = 0.0;
+    for (const QString& line : label.text.split('\n'))
+    {
+        lines.push_back(std::make_unique<Glyphs>(font, line, 0.0, 0.0));
+        widest = std::max(widest, lines.back()->Extents().width);
+    }
+    double top = 0.0;
+    for (const auto& line : lines)
+    {
+        if (!line->IsNull())
+        {
+            const double width = line->Extents().width;
+            cairo_save(cr);
+            cairo_translate(cr, Aligned(label.align, widest - width), top + metrics.ascent);
+            line->AddTo(cr);
+            PaintPath(
+                cr, label, 0.0,
+                {metrics.descent - metrics.ascent * 0.5, metrics.descent / label.scale, width, metrics.height / 15});
+            cairo_restore(cr);
+        }
+        top += metrics.height + label.lineSpacing * label.scale;
+    }
+}
+
+void DrawSpacedLines(cairo_t* cr, cairo_scaled_font_t* font, const ExpectedLabel& label,
+                     const cairo_font_extents_t& metrics)
+{
+    std::vector<SpacedLine> lines;
+    double widest = 0.0;
+    for (const QString& line : label.text.split('\n'))
+    {
+        lines.emplace_back(font, line, metrics.ascent, label.charSpacing * label.scale);
+        widest = std::max(widest, lines.back().width);
+    }
+    double top = 0.0;
+    for (const SpacedLine& line : lines)
+    {
+        cairo_save(cr);
+        cairo_translate(cr, Aligned(label.align, widest - line.width), top);
+        line.Paint(cr, label, metrics, metrics.height / 15);
+        cairo_restore(cr);
+        top += metrics.height + label.lineSpacing;
+    }
+}
+
+/// One line of the label as a column of characters, the first baseline at 0.
+struct Column
+{
+    GlyphList characters;
+    std::vector<double> baselines;
+    double x;
+    double widest = 0.0;
+    double height = 0.0;
+
+    Column(cairo_scaled_font_t* font, const QString& text, double x, double step) : x(x)
+    {
+        for (int i = 0; i < text.size(); ++i)
+        {
+            auto glyphs = std::make_unique<Glyphs>(font, text.mid(i, 1), x, height);
+            if (!glyphs->Converted())
+                continue;
+            widest = std::max(widest, glyphs->Extents().width);
+            characters.push_back(std::move(glyphs));
+            baselines.push_back(height);
+            height += step;
+        }
+    }
+
+    double FirstHeight() const { return characters.empty() ? 0.0 : std::abs(characters[0]->Extents().y_bearing); }
+
+    void Paint(cairo_t* cr, const ExpectedLabel& label, const cairo_font_extents_t& metrics) const
+    {
+        for (std::size_t i = 0; i < characters.size(); ++i)
+        {
+            characters[i]->AddTo(cr);
+            const cairo_text_extents_t& ink = characters[i]->Extents();
+            PaintPath(cr, label, x,
+                      {baselines[i] - std::abs(ink.y_bearing) * 0.5, metrics.descent / label.scale + baselines[i],
+                       ink.width, metrics.height / 20});
+        }
+    }
+};
+
+} // namespace
+
+Glyphs::Glyphs(cairo_scaled_font_t* font, const QString& text, double x, double y)
+    : status(cairo_scaled_font_text_to_glyphs(font, x, y, text.toUtf8().constData(), -1, &array, &count, nullptr,
+                                              nullptr, nullptr))
+{
+    if (Converted())
+        cairo_scaled_font_glyph_extents(font, array, count, &extents);
+}
+
+Glyphs::~Glyphs() { cairo_glyph_free(array); }
+
+void Glyphs::AddTo(cairo_t* context) const { cairo_glyph_path(context, array, count); }
+
+void SetSource(cairo_t* context, const TXColor& color)
+{
+    cairo_set_source_rgba(context, color.getR() / 255.0, color.getG() / 255.0, color.getB() / 255.0,
+                          color.getA() / 255.0);
+}
+
+cairo_font_extents_t UseSize(cairo_t* context, double size)
+{
+    cairo_font_extents_t extents;
+    cairo_set_font_size(context, size);
+    cairo_font_extents(context, &extents);
+    return extents;
+}
+
+cairo_text_extents_t AddText(cairo_t* context, const QString& text, double x, double y)
+{
+    const Glyphs glyphs(cairo_get_scaled_font(context), text, x, y);
+    glyphs.AddTo(context);
+    return glyphs.Extents();
+}
+
+void FillPath(cairo_t* context, const TXColor& color)
+{
+    SetSource(context, color);
+    cairo_fill(context);
+}
+
+void StrokeHalo(cairo_t* context, const TXColor& color, double width)
+{
+    SetSource(context, color);
+    cairo_set_line_width(context, width);
+    cairo_stroke_preserve(context);
+}
+
+void AddRule(cairo_t* context, double x, double y, double length)
+{
+    cairo_move_to(context, x, y);
+    cairo_line_to(context, x + length, y);
+}
+
+void StrokeRules(cairo_t* context, const TXColor& color, double width)
+{
+    SetSource(context, color);
+    cairo_set_line_width(context, width);
+    cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
+    cairo_stroke(context);
+}
+
+void ExpectedLabel::DrawLines(cairo_t* context) const
+{
+    cairo_new_path(context);
+    const cairo_font_extents_t metrics = UseSize(context, std::max(fontHeight * scale, 0.1));
+    cairo_scaled_font_t* const font = cairo_get_scaled_font(context);
+    cairo_save(context);
+    cairo_translate(context, x, y);
+    cairo_rotate(context, angle * kPi / 180);
+    const bool several = text.contains('\n');
+    const bool spaced = std::abs(charSpacing * scale) > 0.0;
+    if (several && spaced)
+        DrawSpacedLines(context, font, *this, metrics);
+    else if (several)
+        DrawPlainLines(context, font, *this, metrics);
+    else if (spaced)
+        SpacedLine(font, text, metrics.ascent, charSpacing * scale).Paint(context, *this, metrics, metrics.height / 20);
+    else
+        DrawPlainLine(context, font, *this, metrics);
+    cairo_restore(context);
+}
+
+void ExpectedLabel::DrawColumns(cairo_t* context) const
+{
+    cairo_new_path(context);
+    const cairo_font_extents_t metrics = UseSize(context, std::max(fontHeight * scale, 0.1));
+    cairo_scaled_font_t* const font = cairo_get_scaled_font(context);
+    cairo_save(context);
+    std::vector<Column> columns;
+    double advance = 0.0;
+    double tallest = 0.0;
+    for (const QString& line : text.split('\n'))
+    {
+        columns.emplace_back(font, line, advance, metrics.ascent + charSpacing * scale);
+        advance += columns.back().widest + lineSpacing * scale;
+        tallest = std::max(tallest, columns.back().height);
+    }
+    cairo_translate(context, x, y);
+    cairo_rotate(context, angle * kPi / 180);
+    double gaps = 0.0;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+    {
+        const double centring = align == 1 || align == 3 ? (tallest - columns[i].height) * 0.5 : 0.0;
+        cairo_save(context);
+        cairo_translate(context, gaps, centring + (metrics.ascent + columns[i].FirstHeight()) * 0.5);
+        columns[i].Paint(context, *this, metrics);
+        cairo_restore(context);
+        if (i == 0)
+            gaps += metrics.height * (italic ? 0.3 : 0.2);
+        else
+            gaps += metrics.height * (italic ? 0.2 : 0.05);
+    }
+    cairo_restore(context);
+}

@@ -1,0 +1,251 @@
+// Underline and strike-out: how thick they are, and at which height each layout puts them.
+#include <cmath>
+
+#include "Entries.h"
+
+using namespace TZObjects;
+
+namespace
+{
+
+constexpr double kX = 40.0;
+constexpr double kY = 30.0;
+
+Look Ruled(double spacing)
+{
+    Look look;
+    look.height = 24;
+    look.underline = true;
+    look.strikeOut = true;
+    look.spacing = spacing;
+    return look;
+}
+
+/// A context that stands at the anchor while it lives.
+class AtAnchor
+{
+public:
+    AtAnchor(cairo_t* context, double x, double y) : context(context)
+    {
+        cairo_save(context);
+        cairo_translate(context, x, y);
+    }
+    ~AtAnchor() { cairo_restore(context); }
+    AtAnchor(const AtAnchor&) = delete;
+    AtAnchor& operator=(const AtAnchor&) = delete;
+
+private:
+    cairo_t* context;
+};
+
+class RulesAtScale : public SilentTest, public ::testing::WithParamInterface<double>
+{
+protected:
+    /// Draws a label at the anchor with the scale of this test.
+    bool Draw(CairoTwins& twins, const wchar_t* text)
+    {
+        LabelCall call;
+        call.ox = kX;
+        call.oy = kY;
+        call.text = text;
+        call.scale = scale;
+        call.fill = Look().pen;
+        return (columns ? kVerticalEntry : kPointEntry).draw(twins.Surface(), call);
+    }
+
+    const double scale = GetParam();
+    bool columns = false;
+};
+
+TEST_P(RulesAtScale, OfAPlainLineAreAFifteenthAndHangOnItsInk)
+{
+    const Look look = Ruled(0.0);
+    CairoTwins twins(look);
+    cairo_t* const cr = twins.Direct();
+
+    EXPECT_TRUE(Draw(twins, L"Hag"));
+
+    const AtAnchor anchor(cr, kX, kY);
+    const cairo_font_extents_t font = UseSize(cr, 24 * scale);
+    const cairo_text_extents_t ink = AddText(cr, "Hag", 0, font.ascent);
+    FillPath(cr, look.pen);
+    AddRule(cr, 0, font.ascent - std::abs(ink.y_bearing) * 0.5, ink.width);
+    AddRule(cr, 0, font.ascent + font.descent / scale, ink.width);
+    StrokeRules(cr, look.pen, font.height / 15);
+    EXPECT_TRUE(twins.SameAndInked());
+}
+
+TEST_P(RulesAtScale, OfASpacedLineAreATwentiethAndHangOnItsFirstCharacter)
+{
+    const Look look = Ruled(3.5);
+    CairoTwins twins(look);
+    cairo_t* const cr = twins.Direct();
+
+    EXPECT_TRUE(Draw(twins, L"gH"));
+
+    const AtAnchor anchor(cr, kX, kY);
+    const cairo_font_extents_t font = UseSize(cr, 24 * scale);
+    const cairo_text_extents_t g = AddText(cr, "g", 0, font.ascent);
+    const cairo_text_extents_t h = AddText(cr, "H", g.width + g.x_bearing + 3.5 * scale, font.ascent);
+    FillPath(cr, look.pen);
+    const double length = g.width + h.width + 3.5 * scale;
+    AddRule(cr, 0, font.ascent - std::abs(g.y_bearing) * 0.5, length);
+    AddRule(cr, 0, font.ascent + font.descent / scale, length);
+    StrokeRules(cr, look.pen, font.height / 20);
+    EXPECT_TRUE(twins.SameAndInked());
+}
+
+TEST_P(RulesAtScale, OfPlainLinesAreAFifteenthAndHangOnTheBaseline)
+{
+    const Look look = Ruled(0.0);
+    CairoTwins twins(look);
+    cairo_t* const cr = twins.Direct();
+
+    EXPECT_TRUE(Draw(twins, L"Hag\naH"));
+
+    const cairo_font_extents_t font = UseSize(cr, 24 * scale);
+    const char* const lines[] = {"Hag", "aH"};
+    for (int i = 0; i < 2; ++i)
+    {
+        const AtAnchor anchor(cr, kX, kY + font.height * i + font.ascent);
+        const cairo_text_extents_t ink = AddText(cr, lines[i], 0, 0);
+        FillPath(cr, look.pen);
+        AddRule(cr, 0, font.descent - font.ascent * 0.5, ink.width);
+        AddRule(cr, 0, font.descent / scale, ink.width);
+        StrokeRules(cr, look.pen, font.height / 15);
+    }
+    EXPECT_TRUE(twins.SameAndInked());
+}
+
+TEST_P(RulesAtScale, OfSpacedLinesAreAFifteenthAndHangOnTheirFirstCharacters)
+{
+    const Look look = Ruled(3.5);
+    CairoTwins twins(look);
+    cairo_t* const cr = twins.Direct();
+
+    EXPECT_TRUE(Draw(twins, L"gH\nAg"));
+
+    const cairo_font_extents_t font = UseSize(cr, 24 * scale);
+    const char* const lines[][2] = {{"g", "H"}, {"A", "g"}};
+    for (int i = 0; i < 2; ++i)
+    {
+        const AtAnchor anchor(cr, kX, kY + font.height * i);
+        const cairo_text_extents_t first = AddText(cr, lines[i][0], 0, font.ascent);
+        const double second = first.width + first.x_bearing + 3.5 * scale;
+        const cairo_text_extents_t last = AddText(cr, lines[i][1], second, font.ascent);
+        FillPath(cr, look.pen);
+        const double length = first.width + last.width + 3.5 * scale;
+        AddRule(cr, 0, font.ascent - std::abs(first.y_bearing) * 0.5, length);
+        AddRule(cr, 0, font.ascent + font.descent / scale, length);
+        StrokeRules(cr, look.pen, font.height / 15);
+    }
+    EXPECT_TRUE(twins.SameAndInked());
+}
+
+TEST_P(RulesAtScale, OfColumnsAreATwentiethForEachCharacter)
+{
+    const Look look = Ruled(0.0);
+    CairoTwins twins(look);
+    cairo_t* const cr = twins.Direct();
+    columns = true;
+
+    EXPECT_TRUE(Draw(twins, L"Hg"));
+
+    const cairo_font_extents_t font = UseSize(cr, 24 * scale);
+    const cairo_text_extents_t h = AddText(cr, "H", 0, 0);
+    cairo_new_path(cr);
+    const AtAnchor anchor(cr, kX, kY + (font.ascent + std::abs(h.y_bearing)) * 0.5);
+    const char* const characters[] = {"H", "g"};
+    for (int i = 0; i < 2; ++i)
+    {
+        const double baseline = font.ascent * i;
+        const cairo_text_extents_t ink = AddText(cr, characters[i], 0, baseline);
+        FillPath(cr, look.pen);
+        AddRule(cr, 0, baseline - std::abs(ink.y_bearing) * 0.5, ink.width);
+        AddRule(cr, 0, font.descent / scale + baseline, ink.width);
+        StrokeRules(cr, look.pen, font.height / 20);
+    }
+    EXPECT_TRUE(twins.SameAndInked());
+}
+
+INSTANTIATE_TEST_SUITE_P(Scales, RulesAtScale, ::testing::Values(0.5, 1.0, 2.0));
+
+class Rules : public SilentTest
+{
+};
+
+TEST_F(Rules, AreDrawnEachByItsOwnSwitch)
+{
+    for (const bool underline : {true, false})
+    {
+        Look look;
+        look.underline = underline;
+        look.strikeOut = !underline;
+        CairoTwins twins(look);
+        cairo_t* const cr = twins.Direct();
+
+        EXPECT_TRUE(twins.Surface().DrawString(kX, kY, TXGraphics::TextAlignTop, TXGraphics::TextAlignLeft, L"Hx", 0.0,
+                                               0.0, 1.0));
+
+        const AtAnchor anchor(cr, kX, kY);
+        const cairo_font_extents_t font = UseSize(cr, 20);
+        const cairo_text_extents_t ink = AddText(cr, "Hx", 0, font.ascent);
+        FillPath(cr, look.pen);
+        AddRule(cr, 0, underline ? font.ascent + font.descent : font.ascent - std::abs(ink.y_bearing) * 0.5, ink.width);
+        StrokeRules(cr, look.pen, font.height / 15);
+        EXPECT_TRUE(twins.SameAndInked());
+    }
+}
+
+TEST_F(Rules, HaveTheColourOfTheTextAndNoHalo)
+{
+    Look look = Ruled(0.0);
+    look.halo = true;
+    look.pen = TXColor(10, 120, 30, 130);
+    CairoTwins twins(look);
+    cairo_t* const cr = twins.Direct();
+
+    EXPECT_TRUE(
+        twins.Surface().DrawString(kX, kY, TXGraphics::TextAlignTop, TXGraphics::TextAlignLeft, L"Hx", 0.0, 0.0, 1.0));
+
+    const AtAnchor anchor(cr, kX, kY);
+    const cairo_font_extents_t font = UseSize(cr, 24);
+    const cairo_text_extents_t ink = AddText(cr, "Hx", 0, font.ascent);
+    StrokeHalo(cr, look.haloColor, 3);
+    FillPath(cr, look.pen);
+    AddRule(cr, 0, font.ascent - std::abs(ink.y_bearing) * 0.5, ink.width);
+    AddRule(cr, 0, font.ascent + font.descent, ink.width);
+    StrokeRules(cr, look.pen, font.height / 15);
+    EXPECT_TRUE(twins.SameAndInked());
+}
+
+TEST_F(Rules, OfALaterColumnFollowItsCharacters)
+{
+    Look look = Ruled(0.0);
+    look.strikeOut = false;
+    CairoTwins twins(look);
+    cairo_t* const cr = twins.Direct();
+
+    EXPECT_TRUE(twins.Surface().DrawVerticalString(kX, kY, TXGraphics::TextAlignVCenter, TXGraphics::TextAlignLeft,
+                                                   L"W\nH", look.pen, 0.0, 6.0, 0.0, false, 1.0));
+
+    const cairo_font_extents_t font = UseSize(cr, 24);
+    const char* const columns[] = {"W", "H"};
+    double x = 0.0;
+    double gap = 0.0;
+    for (const char* const column : columns)
+    {
+        const cairo_text_extents_t ink = AddText(cr, column, x, 0);
+        cairo_new_path(cr);
+        const AtAnchor anchor(cr, kX + gap, kY + (font.ascent + std::abs(ink.y_bearing)) * 0.5);
+        AddText(cr, column, x, 0);
+        FillPath(cr, look.pen);
+        AddRule(cr, x, font.descent, ink.width);
+        StrokeRules(cr, look.pen, font.height / 20);
+        x += ink.width + 6;
+        gap = font.height * 0.2;
+    }
+    EXPECT_TRUE(twins.SameAndInked());
+}
+
+} // namespace
