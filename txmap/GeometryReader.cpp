@@ -65,8 +65,8 @@ bool LooksLikeDegrees(OGRLayer& layer)
 
 } // namespace
 
-GeometryReader::GeometryReader(const View& view, std::string colorBy, int classes)
-    : builder(view), colorBy(std::move(colorBy)), categories(classes)
+GeometryReader::GeometryReader(const View& view, std::string colorBy, int classes, const LabelOptions& labels)
+    : builder(view), colorBy(std::move(colorBy)), categories(classes), names(labels)
 {
 }
 
@@ -88,6 +88,7 @@ MapLayer GeometryReader::Read(const VectorSource& data, LayerRole role)
         if (Suits(*layer, role))
         {
             colorField = FindColorField(*layer);
+            names.Open(*layer, role);
             ReadFeatures(*layer, role);
             return builder.Take(role);
         }
@@ -142,9 +143,10 @@ void GeometryReader::Add(OGRFeature& feature, LayerRole role)
     if (geometry->hasCurveGeometry())
         geometry.reset(geometry->getLinearGeometry());
     std::vector<PolygonPtr> polygons;
+    name = names.Of(feature);
     AddGeometry(std::move(geometry), role, polygons);
     if (!polygons.empty())
-        Clippable(builder.AddArea(std::move(polygons), role == LayerRole::Lakes ? 0 : Category(feature)));
+        Clippable(builder.AddArea(std::move(polygons), role == LayerRole::Lakes ? 0 : Category(feature), name));
 }
 
 void GeometryReader::AddGeometry(std::unique_ptr<OGRGeometry> geometry, LayerRole role,
@@ -179,7 +181,11 @@ void GeometryReader::AddGeometry(std::unique_ptr<OGRGeometry> geometry, LayerRol
     else if (type == wkbLineString && !WantsAreas(role))
         Clippable(builder.AddLine(*geometry->toLineString()));
     else if (type == wkbPoint && role == LayerRole::Any)
-        builder.AddPlace(geometry->toPoint()->getX(), geometry->toPoint()->getY());
+    {
+        // A feature of several points is labelled at one of them.
+        if (builder.AddPlace(geometry->toPoint()->getX(), geometry->toPoint()->getY(), name))
+            name.text.clear();
+    }
 }
 
 int GeometryReader::FindColorField(OGRLayer& layer) const

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <txmap/Category.h>
+#include <txmap/FeatureNames.h>
 #include <txmap/MapLayer.h>
 #include <txmap/MapLayerBuilder.h>
 #include <txmap/Options.h>
@@ -27,11 +28,14 @@ public:
     /// @param view what the picture shows; it must outlive the reader.
     /// @param colorBy the attribute that colours areas; empty for the first that suits.
     /// @param classes how many colours there are.
-    GeometryReader(const View& view, std::string colorBy, int classes);
+    /// @param labels which names to read, if any.
+    GeometryReader(const View& view, std::string colorBy, int classes, const LabelOptions& labels = {});
 
     /// Reads the first layer of @p data that suits @p role. @throw Failure with `ExitCode::Data` when none does, or
     /// reading fails.
     MapLayer Read(const VectorSource& data, LayerRole role);
+    /// What became of the names. To be asked when all layers are read.
+    const FeatureNames& Names() const { return names; }
 
 private:
     void ReadFeatures(OGRLayer& layer, LayerRole role);
@@ -45,6 +49,8 @@ private:
     MapLayerBuilder builder;
     std::string colorBy;
     CategoryTable categories;
+    FeatureNames names;
+    FeatureName name;        ///< That of the feature that is being read, until it is used.
     std::string sourceName;  ///< What is being read, for messages.
     long long featureId = 0; ///< The feature that is being read, for messages.
     int colorField = -1;     ///< The index of the attribute that colours areas; -1 for none.

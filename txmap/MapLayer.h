@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 #include <txbase/TXPoint.h>
@@ -25,6 +26,22 @@ struct Line
     int count = 0;
 };
 
+/// What a feature is called, and how much that matters.
+struct FeatureName
+{
+    std::string text; ///< In UTF-8, as the data has it; empty for none.
+    bool capital = false;
+    double rank = 0.0; ///< 0 for the most important.
+    double population = 0.0;
+};
+
+/// The name of an area or of a place in the array of its layer.
+struct NamedFeature
+{
+    std::size_t index = 0;
+    FeatureName name;
+};
+
 /// What is visible of a layer, in pixels, in the form in which it is drawn: the points of all shapes lie one behind the
 /// other, so that one shape, or all of them at once, are handed to the surface without a copy.
 struct MapLayer
@@ -36,6 +53,8 @@ struct MapLayer
     std::vector<TXPoint> linePoints;
     std::vector<Line> lines;
     std::vector<TXPoint> places;
+    std::vector<NamedFeature> areaNames;  ///< Of those areas that have one.
+    std::vector<NamedFeature> placeNames; ///< Of those places that have one.
 };
 
 } // namespace TZObjects

@@ -76,12 +76,17 @@ MapLayer MapLayerBuilder::Take(LayerRole role)
     return std::exchange(layer, MapLayer());
 }
 
-void MapLayerBuilder::AddPlace(double longitude, double latitude)
+bool MapLayerBuilder::AddPlace(double longitude, double latitude, const FeatureName& name)
 {
+    const std::size_t before = layer.places.size();
     const GeoBox place{longitude, latitude, longitude, latitude};
     for (const double offset : kWorlds)
         if (view.ClipBox().Contains(place.Shifted(offset)))
             layer.places.push_back(view.ToPixel(longitude + offset, latitude));
+    const bool visible = layer.places.size() > before;
+    if (visible && !name.text.empty())
+        layer.placeNames.push_back({before, name});
+    return visible;
 }
 
 bool MapLayerBuilder::AddLine(const OGRLineString& line)
@@ -121,7 +126,7 @@ void MapLayerBuilder::AppendLines(const OGRGeometry& geometry, double offset)
         layer.lines.push_back({first, count});
 }
 
-bool MapLayerBuilder::AddArea(std::vector<PolygonPtr> polygons, int category)
+bool MapLayerBuilder::AddArea(std::vector<PolygonPtr> polygons, int category, const FeatureName& name)
 {
     Area area{layer.areaPoints.size(), layer.ringSizes.size(), 0, category};
     std::vector<PolygonPtr> cut;
@@ -148,8 +153,11 @@ bool MapLayerBuilder::AddArea(std::vector<PolygonPtr> polygons, int category)
                 if (!AddPolygon(*polygon, area))
                     return false;
     }
-    if (area.rings > 0)
-        layer.areas.push_back(area);
+    if (area.rings == 0)
+        return true;
+    if (!name.text.empty())
+        layer.areaNames.push_back({layer.areas.size(), name});
+    layer.areas.push_back(area);
     return true;
 }
 

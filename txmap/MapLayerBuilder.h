@@ -23,11 +23,11 @@ public:
     explicit MapLayerBuilder(const View& view) : view(view) {}
 
     /// Adds the polygons of one shape. @return false when the geometry library cannot clip it.
-    bool AddArea(std::vector<PolygonPtr> polygons, int category);
+    bool AddArea(std::vector<PolygonPtr> polygons, int category, const FeatureName& name = {});
     /// Adds a line. @return false when the geometry library cannot clip it.
     bool AddLine(const OGRLineString& line);
-    /// Adds a place.
-    void AddPlace(double longitude, double latitude);
+    /// Adds a place. @return whether it is visible.
+    bool AddPlace(double longitude, double latitude, const FeatureName& name = {});
     /// Hands over what was added, and starts anew.
     MapLayer Take(LayerRole role);
 

@@ -31,6 +31,12 @@ public:
     void Draw(const std::vector<MapLayer>& layers, const std::vector<GraticuleLine>& graticule);
     /// Writes the picture to a file; the suffix names the format. @return false when it cannot be written.
     bool Save(const std::string& path);
+    /// What the map is drawn on.
+    TXGraphics& Surface() const { return *surface; }
+    const View& MapView() const { return view; }
+    const Style& MapStyle() const { return style; }
+    /// What the style calls a pixel, in pixels of this picture.
+    double Unit() const { return unit; }
 
 private:
     void DrawSea();
@@ -51,7 +57,7 @@ private:
     TXGraphicsEngine& engine;
     const View& view;
     const Style& style;
-    double unit; ///< What the style calls a pixel, in pixels of this picture.
+    double unit;
     TXRefPtr<TXGraphics> surface;
     std::vector<TXPoint> piece; ///< Scratch space, kept so that it need not be allocated again.
 };

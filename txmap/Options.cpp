@@ -2,12 +2,12 @@
 
 #include <gdal.h>
 
-#include <charconv>
 #include <cmath>
 
 #include <CLI/CLI.hpp>
 
 #include <txmap/Failure.h>
+#include <txmap/OptionValues.h>
 
 namespace TZObjects
 {
@@ -16,31 +16,6 @@ namespace
 
 constexpr int kMaxSide = 16384;
 constexpr double kSmallestBox = 1e-6;
-
-[[noreturn]] void Refuse(const std::string& option, const std::string& value, const std::string& reason)
-{
-    throw Failure(ExitCode::Usage, option + " " + value + ": " + reason);
-}
-
-/// All numbers of a text such as "2048x1024" or "-10,35,30,60"; none when anything else is in it.
-template <class Number>
-std::vector<Number> NumbersIn(const std::string& text, char separator)
-{
-    std::vector<Number> numbers;
-    const char* position = text.data();
-    const char* const end = position + text.size();
-    for (;; ++position)
-    {
-        Number number{};
-        const auto [behind, error] = std::from_chars(position, end, number);
-        if (error != std::errc() || (behind != end && *behind != separator))
-            return {};
-        numbers.push_back(number);
-        position = behind;
-        if (position == end)
-            return numbers;
-    }
-}
 
 PixelSize ParseSize(const std::string& text)
 {
@@ -92,8 +67,28 @@ struct RawOptions
 {
     std::vector<std::string> inputs, countries, lakes, borders, lines;
     std::string output = "map.png", size, crs = "EPSG:4326", box, graticule, colorBy, plugin = "txpluginqt";
-    bool version = false, listPlugins = false;
+    std::string labelField, labelSize, labelHalo, labelFont;
+    bool version = false, listPlugins = false, labels = false;
 };
+
+void DeclareLabels(CLI::App& app, RawOptions& raw)
+{
+    app.add_flag("--labels", raw.labels,
+                 "Label countries and places by their names; every other label option implies it");
+    app.add_option("--label-field", raw.labelField,
+                   "The attribute that holds the names of countries and places (default: name or a like one)")
+        ->type_name("FIELD");
+    app.add_option("--label-size", raw.labelSize,
+                   "The size of the names in pixels (default: suits the picture). Those of large countries are larger, "
+                   "those of small ones and of places smaller")
+        ->type_name("PIXELS");
+    app.add_option("--label-halo", raw.labelHalo,
+                   "How far the halo of the names reaches, in pixels, and its colour, such as 1.5:#fffcf0; 0:white for "
+                   "none")
+        ->type_name("WIDTH:COLOR");
+    app.add_option("--label-font", raw.labelFont, "The face of the names (default: the system's own)")
+        ->type_name("NAME");
+}
 
 void Declare(CLI::App& app, RawOptions& raw)
 {
@@ -124,6 +119,7 @@ void Declare(CLI::App& app, RawOptions& raw)
     app.add_option("--color-by", raw.colorBy,
                    "The attribute whose values colour the countries (default: mapcolor or a like one, else a name)")
         ->type_name("FIELD");
+    DeclareLabels(app, raw);
     app.add_option("--plugin", raw.plugin, "The drawing plugin, by path or by name (default txpluginqt)")
         ->type_name("PATH|NAME");
     app.add_flag("--list-plugins", raw.listPlugins, "List the drawing plugins that can be loaded");
@@ -133,9 +129,23 @@ void Declare(CLI::App& app, RawOptions& raw)
 /// An empty value would read as an option that was not given.
 void RefuseEmptyValues(const CLI::App& app)
 {
-    for (const char* const option : {"--output", "--size", "--crs", "--bbox", "--graticule", "--color-by", "--plugin"})
+    for (const char* const option : {"--output", "--size", "--crs", "--bbox", "--graticule", "--color-by", "--plugin",
+                                     "--label-field", "--label-size", "--label-halo", "--label-font"})
         if (app.count(option) > 0 && app.get_option(option)->as<std::string>().empty())
             Refuse(option, "''", "must not be empty");
+}
+
+LabelOptions InterpretLabels(const RawOptions& raw)
+{
+    LabelOptions labels;
+    labels.field = raw.labelField;
+    labels.font = raw.labelFont;
+    if (!raw.labelSize.empty())
+        labels.size = ParseLabelSize(raw.labelSize);
+    if (!raw.labelHalo.empty())
+        labels.halo = ParseLabelHalo(raw.labelHalo);
+    labels.wanted = raw.labels || !labels.field.empty() || !labels.font.empty() || labels.size || labels.halo;
+    return labels;
 }
 
 Options Interpret(const RawOptions& raw)
@@ -166,6 +176,7 @@ Options Interpret(const RawOptions& raw)
         options.graticule = ParseGraticule(raw.graticule);
     options.output = raw.output;
     options.colorBy = raw.colorBy;
+    options.labels = InterpretLabels(raw);
     options.plugin = raw.plugin;
     return options;
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include <txmap/LabelOptions.h>
 #include <txmap/Projection.h>
 #include <txmap/View.h>
 
@@ -47,6 +48,7 @@ struct Options
     std::optional<GeoBox> box;
     std::optional<double> graticule; ///< Degrees between lines, 0 for no lines; nothing for what suits the map.
     std::string colorBy;             ///< The attribute that colours the countries; empty for what the layer offers.
+    LabelOptions labels;
     std::string plugin = "txpluginqt";
 };
 

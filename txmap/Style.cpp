@@ -30,6 +30,15 @@ Style AtlasStyle()
     style.placeFill = {120, 58, 52, 255};
     style.placeRing = {{255, 252, 246, 230}, 1.2};
     style.placeRadius = 2.2;
+    style.labels.size = 13.0;
+    style.labels.smallest = 0.77;
+    style.labels.largest = 1.7;
+    style.labels.placeSize = 0.69;
+    style.labels.spacing = 0.12;
+    style.labels.country = {98, 52, 36, 255};
+    style.labels.place = {48, 48, 54, 255};
+    style.labels.countryHalo = {1.5, {253, 249, 239, 255}};
+    style.labels.placeHalo = {1.5, {253, 249, 239, 255}};
     return style;
 }
 

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include <txbase/TXColor.h>
+#include <txmap/LabelOptions.h>
 
 namespace TZObjects
 {
@@ -12,6 +13,20 @@ struct Stroke
 {
     TXColor color;
     double width = 1.0;
+};
+
+/// How names look.
+struct LabelStyle
+{
+    double size = 0.0;      ///< The height of the text of a country of medium size.
+    double smallest = 0.0;  ///< By how much the text of small countries is smaller.
+    double largest = 0.0;   ///< By how much the text of large countries is larger.
+    double placeSize = 0.0; ///< By how much the text of places is smaller.
+    double spacing = 0.0;   ///< Between the letters of the largest countries, as a part of the text's height.
+    TXColor country;
+    TXColor place;
+    LabelHalo countryHalo;
+    LabelHalo placeHalo;
 };
 
 /// How the map looks.
@@ -33,6 +48,7 @@ struct Style
     TXColor placeFill;
     Stroke placeRing;
     double placeRadius = 0.0;
+    LabelStyle labels;
 
     /// The colour of a category from `CategoryOf`.
     const TXColor& Fill(int category) const

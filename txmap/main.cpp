@@ -1,12 +1,14 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include <txmap/Failure.h>
 #include <txmap/GeometryReader.h>
 #include <txmap/Graticule.h>
+#include <txmap/MapLabels.h>
 #include <txmap/MapRenderer.h>
 #include <txmap/Options.h>
 #include <txmap/OutputFile.h>
@@ -19,6 +21,16 @@ namespace TZObjects
 namespace
 {
 
+/// Prints a message as one line.
+void Print(const std::string& message)
+{
+    std::string line = message;
+    for (char& letter : line)
+        if (letter == '\n' || letter == '\r')
+            letter = ' ';
+    std::cerr << "txmap: " << line << '\n';
+}
+
 void Render(const Options& options)
 {
     OutputFile output(options.output);
@@ -26,17 +38,26 @@ void Render(const Options& options)
     const Style style = AtlasStyle();
 
     PrepareGdal();
-    GeometryReader reader(view, options.colorBy, style.Categories());
+    GeometryReader reader(view, options.colorBy, style.Categories(), options.labels);
     std::vector<MapLayer> layers;
     for (const LayerRequest& request : options.layers)
         layers.push_back(reader.Read(VectorSource(request.source), request.role));
+    if (reader.Names().AreMissing())
+        throw Failure(ExitCode::Usage, MissingNames(options.labels));
 
     const PluginSession plugin(options.plugin);
     MapRenderer renderer(plugin.Engine(), view, style);
+    std::optional<MapLabels> labels;
+    if (options.labels.wanted)
+        labels.emplace(plugin.Engine(), renderer, options.labels).LayOut(layers);
     renderer.Draw(layers, MakeGraticule(view, options.graticule.value_or(SuitableStep(view))));
+    if (labels)
+        labels->Draw();
     if (!renderer.Save(output.Begin()))
         throw Failure(ExitCode::Drawing, "--output " + options.output + ": the picture cannot be written");
     output.Commit();
+    for (const std::string& warning : labels ? labels->Warnings() : std::vector<std::string>())
+        Print("warning: " + warning);
 }
 
 void Run(int argc, const char* const* argv)
@@ -58,14 +79,9 @@ void Run(int argc, const char* const* argv)
         throw Failure(ExitCode::Drawing, "standard output cannot be written");
 }
 
-/// Prints a message as the one line that a failed run leaves.
 int Report(const std::string& message, ExitCode code)
 {
-    std::string line = message;
-    for (char& letter : line)
-        if (letter == '\n' || letter == '\r')
-            letter = ' ';
-    std::cerr << "txmap: " << line << '\n';
+    Print(message);
     return static_cast<int>(code);
 }
 

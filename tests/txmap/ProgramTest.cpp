@@ -19,8 +19,10 @@ TEST(Help, NamesEveryOptionAndTheExitCodes)
     const ProgramRun run = RunTxmap({"--help"});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
-    for (const char* const option : {"--countries", "--lines", "--output", "--size", "--crs", "--bbox", "--color-by",
-                                     "--plugin", "--graticule", "--help", "--version", "--list-plugins", "Exit codes"})
+    for (const char* const option :
+         {"--countries", "--lines", "--output", "--size", "--crs", "--bbox", "--color-by", "--plugin", "--graticule",
+          "--labels", "--label-field", "--label-size", "--label-halo", "--label-font", "--help", "--version",
+          "--list-plugins", "Exit codes"})
         EXPECT_THAT(run.output, HasSubstr(option));
 }
 

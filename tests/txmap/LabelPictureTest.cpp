@@ -1,0 +1,227 @@
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "Picture.h"
+#include "ProgramRun.h"
+#include "TemporaryFolder.h"
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+namespace
+{
+
+/// Draws with labels. @return the picture; the run must leave no message.
+Picture Draw(const std::vector<std::string>& arguments)
+{
+    const TemporaryFolder folder;
+    std::vector<std::string> all = arguments;
+    all.insert(all.end(), {"-o", folder / "map.png"});
+    const ProgramRun run = RunTxmap(all);
+    EXPECT_EQ(run.exitCode, 0) << run.errors;
+    EXPECT_EQ(run.errors, "");
+    return Picture(folder / "map.png");
+}
+
+std::string PlaceNamed(const std::string& json)
+{
+    return R"({"type":"FeatureCollection","features":[{"type":"Feature","properties":{"name":)" + json +
+           R"(},"geometry":{"type":"Point","coordinates":[-140,0]}}]})";
+}
+
+/// Draws a place with a name, as JSON has it, in a picture that has room for it.
+Picture DrawPlace(const std::string& json, const std::vector<std::string>& options = {},
+                  const std::string& size = "1000x500")
+{
+    const TemporaryFolder folder;
+    std::vector<std::string> arguments = {folder.Write("in.geojson", PlaceNamed(json))};
+    arguments.insert(arguments.end(), {"--label-field", "name", "--size", size, "--graticule", "0"});
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    return Draw(arguments);
+}
+
+/// Where two pictures differ.
+struct Difference
+{
+    int width = 0;
+    int height = 0;
+    int pixels = 0;
+};
+
+Difference Compare(const Picture& a, const Picture& b)
+{
+    int left = a.Width();
+    int right = -1;
+    int top = a.Height();
+    int bottom = -1;
+    Difference difference;
+    for (int y = 0; y < a.Height(); ++y)
+        for (int x = 0; x < a.Width(); ++x)
+            if (Distance(a.At(x, y), b.At(x, y)) > 24)
+            {
+                ++difference.pixels;
+                left = std::min(left, x);
+                right = std::max(right, x);
+                top = std::min(top, y);
+                bottom = std::max(bottom, y);
+            }
+    difference.width = std::max(0, right - left + 1);
+    difference.height = std::max(0, bottom - top + 1);
+    return difference;
+}
+
+/// What a label adds to the picture of a place without a name.
+Difference InkOf(const std::string& json, const std::vector<std::string>& options = {})
+{
+    static const Picture bare = DrawPlace("null");
+    return Compare(DrawPlace(json, options), bare);
+}
+
+void ExpectAbout(int actual, int expected, double tolerance, const std::string& what)
+{
+    EXPECT_GE(actual, expected * (1.0 - tolerance)) << what;
+    EXPECT_LE(actual, expected * (1.0 + tolerance)) << what;
+}
+
+} // namespace
+
+TEST(Label, OfAPlaceStandsBesideIt)
+{
+    const Difference ink = InkOf("\"Nairobi\"");
+    EXPECT_GT(ink.pixels, 100);
+    EXPECT_LT(ink.width, 100);
+    EXPECT_LT(ink.height, 25);
+}
+
+TEST(Label, WithoutTextLeavesTheBarePlace)
+{
+    for (const char* const name : {"\"\"", "\"  \"", "\"<BOL></BOL>\""})
+        EXPECT_EQ(InkOf(name).pixels, 0) << name;
+}
+
+TEST(Label, ShowsForeignTagsAndEntitiesAsTheyStandInTheData)
+{
+    // As wide as a label of the same letters, with harmless ones in place of those that mean something.
+    for (const auto& [name, alike] : {std::pair{"\"<b>xyz</b>\"", "\"+b+xyz+/b+\""},
+                                      {"\"<img src=a.png>\"", "\"+img src=a.png+\""},
+                                      {"\"a < b\"", "\"a + b\""},
+                                      {"\"a & b\"", "\"a @ b\""},
+                                      {"\"&lt;x&lt;\"", "\"Blt;xBlt;\""},
+                                      {"\"x &amp; y\"", "\"x Bamp; y\""},
+                                      {"\"<Bol>x</Bol>\"", "\"+Bol+x+/Bol+\""},
+                                      {"\"<table><tr><td>x\"", "\"+table++tr++td+x\""}})
+        ExpectAbout(InkOf(name).width, InkOf(alike).width, 0.2, name);
+}
+
+TEST(Label, InterpretsLabelTagsAndShowsNone)
+{
+    const Difference plain = InkOf("\"xyzzy\"");
+    for (const char* const name : {"\"<ITA>xyzzy</ITA>\"", "\"<bol>xyzzy</bol>\"", "\"<und>xyzzy</und>\"",
+                                   "\"xyz<BOL></BOL>zy\"", "\"</scp>xyzzy\"", "\"<BOL>xyzzy\"", "\"<scp>XYZZY</scp>\""})
+        ExpectAbout(InkOf(name).width, plain.width, 0.3, name);
+    EXPECT_GT(InkOf("\"<BOL>xyzzy</BOL>\"").width, InkOf("\"<ITA></ITA>xyzzy\"").width);
+    EXPECT_GT(InkOf("\"<UND>xyzzy</UND>\"").pixels, InkOf("\"<ITA></ITA>xyzzy\"").pixels);
+}
+
+TEST(Label, OpensNoFile)
+{
+    // Whoever opened this pipe would wait for ever.
+    const TemporaryFolder folder;
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    EXPECT_GT(InkOf("\"<BOL>x</BOL><img src='" + (folder / "pipe") + "'>\"").pixels, 0);
+}
+
+TEST(Label, HasTheLinesOfItsName)
+{
+    ExpectAbout(InkOf("\"one\\ntwo\"").height, 2 * InkOf("\"one\"").height, 0.35, "two lines");
+    EXPECT_LT(InkOf("\"one\\ntwo\"").width, InkOf("\"one two\"").width);
+}
+
+TEST(Label, MayBeANumber) { ExpectAbout(InkOf("1234567").width, InkOf("\"1234567\"").width, 0.0, "number"); }
+
+TEST(Label, MayBeInAnyScript)
+{
+    for (const char* const name : {"\"北京市\"", "\"القاهرة\"", "\"Ελλάδα\"", "\"Россия\"", "\"Łódź\""})
+    {
+        const Difference ink = InkOf(name);
+        EXPECT_GT(ink.pixels, 80) << name;
+        EXPECT_LT(ink.width, 120) << name;
+    }
+}
+
+TEST(Label, IsCutWhenItIsVeryLong)
+{
+    const auto draw = [](const std::string& name) {
+        return DrawPlace("\"" + name + "\"", {"--label-size", "5", "--bbox", "-180,-1,180,1"}, "8000x100");
+    };
+    const Picture cut = draw(std::string(5000, 'i'));
+    EXPECT_EQ(Compare(cut, draw(std::string(499, 'i') + "…")).pixels, 0);
+    EXPECT_GT(Compare(cut, draw("")).pixels, 1000);
+    // Where there is no room, there is neither name nor place.
+    EXPECT_LT(InkOf("\"" + std::string(5000, 'm') + "\"").width, 12);
+}
+
+TEST(LabelHalo, HasTheWantedWidthAndColour)
+{
+    const Picture red = DrawPlace("\"Nairobi\"", {"--label-halo", "3:#ff0000"});
+    const auto redPixels =
+        std::count_if(red.Pixels().begin(), red.Pixels().end(),
+                      [](const Pixel& pixel) { return pixel[0] > 240 && pixel[1] < 20 && pixel[2] < 20; });
+    EXPECT_GT(redPixels, 150);
+    EXPECT_GT(InkOf("\"Nairobi\"", {"--label-halo", "4:red"}).height,
+              InkOf("\"Nairobi\"", {"--label-halo", "1:red"}).height + 4);
+    const Picture none = DrawPlace("\"Nairobi\"", {"--label-halo", "0:#ff0000"});
+    for (const Pixel& pixel : none.Pixels())
+        ASSERT_FALSE(pixel[0] > 200 && pixel[1] < 60 && pixel[2] < 60);
+}
+
+TEST(LabelHalo, IsDrawnAroundFormattedLabelsToo)
+{
+    const Picture red = DrawPlace("\"<BOL>Nairobi</BOL>\"", {"--label-halo", "3:#ff0000"});
+    EXPECT_GT(std::count_if(red.Pixels().begin(), red.Pixels().end(),
+                            [](const Pixel& pixel) { return pixel[0] > 240 && pixel[1] < 20 && pixel[2] < 20; }),
+              150);
+}
+
+TEST(LabelSize, IsObeyed)
+{
+    ExpectAbout(InkOf("\"Nairobi\"", {"--label-size", "40"}).width,
+                2 * InkOf("\"Nairobi\"", {"--label-size", "20"}).width, 0.15, "size");
+}
+
+TEST(LabelFont, IsObeyed)
+{
+    EXPECT_GT(Compare(DrawPlace("\"Nairobi\"", {"--label-font", "DejaVu Sans Mono"}), DrawPlace("\"Nairobi\"")).pixels,
+              20);
+}
+
+TEST(LabelFont, ThatIsUnknownIsReportedAndReplaced)
+{
+    const TemporaryFolder folder;
+    const std::string input = folder.Write("in.geojson", PlaceNamed("\"Nairobi\""));
+    const ProgramRun run = RunTxmap(
+        {input, "--label-font", "No Such Face", "--size", "1000x500", "--graticule", "0", "-o", folder / "map.png"});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_THAT(run.errors, StartsWith("txmap: warning: --label-font No Such Face: "));
+    EXPECT_THAT(run.errors, HasSubstr("DejaVu Sans"));
+    EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1);
+    EXPECT_EQ(Compare(Picture(folder / "map.png"), DrawPlace("\"Nairobi\"")).pixels, 0);
+}
+
+TEST(MissingGlyphs, AreReportedInOneLine)
+{
+    const TemporaryFolder folder;
+    const std::string input = folder.Write("in.geojson", PlaceNamed("\"\\ud808\\udc00\\ud808\\udc01 \\ud808\\udc00\""));
+    const ProgramRun run = RunTxmap({input, "--labels", "--size", "1000x500", "-o", folder / "map.png"});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_THAT(run.errors, StartsWith("txmap: warning: "));
+    EXPECT_THAT(run.errors, HasSubstr("U+12000, U+12001"));
+    EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1);
+    EXPECT_EQ(Picture(folder / "map.png").Width(), 1000);
+}

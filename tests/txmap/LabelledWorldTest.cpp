@@ -1,0 +1,111 @@
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Picture.h"
+#include "ProgramRun.h"
+#include "TemporaryFolder.h"
+
+namespace
+{
+
+/// Draws countries and places.
+Picture DrawWorld(const std::vector<std::string>& options)
+{
+    const TemporaryFolder folder;
+    std::vector<std::string> arguments = {
+        "--countries",     DataFile("countries-50m.json"), DataFile("places-110m.geojson"), "--graticule", "0", "-o",
+        folder / "map.png"};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    const ProgramRun run = RunTxmap(arguments);
+    EXPECT_EQ(run.exitCode, 0) << run.errors;
+    EXPECT_EQ(run.errors, "");
+    return Picture(folder / "map.png");
+}
+
+/// Whether anything dark was written between two places of a map in degrees.
+bool IsWritten(const Picture& labelled, const Picture& bare, double west, double north, double east, double south)
+{
+    for (int y = static_cast<int>((90 - north) / 180 * bare.Height()); y < (90 - south) / 180 * bare.Height(); ++y)
+        for (int x = static_cast<int>((west + 180) / 360 * bare.Width()); x < (east + 180) / 360 * bare.Width(); ++x)
+            if (Distance(labelled.At(x, y), bare.At(x, y)) > 90)
+                return true;
+    return false;
+}
+
+class LabelledWorld : public ::testing::TestWithParam<const char*>
+{
+};
+
+} // namespace
+
+TEST_P(LabelledWorld, HasNamesAndNoneAtTheEdge)
+{
+    const Picture labelled = DrawWorld({"--crs", GetParam(), "--size", "2048x1024", "--label-field", "name"});
+    const Picture bare = DrawWorld({"--crs", GetParam(), "--size", "2048x1024"});
+    int written = 0;
+    for (int y = 0; y < 1024; ++y)
+        for (int x = 0; x < 2048; ++x)
+        {
+            const bool differs = Distance(labelled.At(x, y), bare.At(x, y)) > 90;
+            written += differs;
+            if (x < 1 || y < 1 || x >= 2047 || y >= 1023)
+            {
+                EXPECT_FALSE(differs) << x << ", " << y;
+            }
+        }
+    EXPECT_GT(written, 5000);
+    EXPECT_LT(written, 2048 * 1024 / 10);
+}
+
+INSTANTIATE_TEST_SUITE_P(Projections, LabelledWorld, ::testing::Values("EPSG:4326", "EPSG:3857"),
+                         [](const auto& test) { return "In" + std::string(test.param).substr(5); });
+
+TEST(LabelledCountries, HaveTheirNamesInside)
+{
+    const TemporaryFolder folder;
+    const Picture labelled = DrawWorld({"--labels"});
+    const Picture bare = DrawWorld({});
+    EXPECT_TRUE(IsWritten(labelled, bare, -60, 0, -45, -20)) << "Brazil";
+    EXPECT_TRUE(IsWritten(labelled, bare, 120, -20, 145, -32)) << "Australia";
+    EXPECT_TRUE(IsWritten(labelled, bare, -2, 32, 8, 22)) << "Algeria";
+    EXPECT_TRUE(IsWritten(labelled, bare, 90, 42, 110, 28)) << "China";
+    // Nothing is written where there is nothing.
+    EXPECT_FALSE(IsWritten(labelled, bare, -130, -30, -100, -60)) << "the Pacific";
+}
+
+TEST(LabelledCountries, KeepInsideTheMargins)
+{
+    const Picture labelled = DrawWorld({"--labels", "--size", "1200x1200"});
+    const Picture bare = DrawWorld({"--size", "1200x1200"});
+    for (int y : {0, 150, 298, 299, 900, 901, 1199})
+        for (int x = 0; x < 1200; ++x)
+            ASSERT_EQ(labelled.At(x, y), bare.At(x, y)) << x << ", " << y;
+}
+
+TEST(LabelledCountries, MayBeCutOffByTheView)
+{
+    const Picture labelled = DrawWorld({"--labels", "--bbox", "20,50,60,70", "--size", "800x400"});
+    const Picture bare = DrawWorld({"--bbox", "20,50,60,70", "--size", "800x400"});
+    EXPECT_NE(labelled.Pixels(), bare.Pixels());
+    for (int x = 0; x < 800; ++x)
+    {
+        ASSERT_LT(Distance(labelled.At(x, 0), bare.At(x, 0)), 90);
+        ASSERT_LT(Distance(labelled.At(x, 399), bare.At(x, 399)), 90);
+    }
+}
+
+TEST(LabelledCountries, AreTheSameEveryTime)
+{
+    EXPECT_EQ(DrawWorld({"--labels", "--size", "1000x500"}).Pixels(),
+              DrawWorld({"--labels", "--size", "1000x500"}).Pixels());
+}
+
+TEST(LabelledCountries, FitIntoEverySize)
+{
+    for (const char* const size : {"1x1", "3x200", "64x32", "300x700"})
+        EXPECT_GE(DrawWorld({"--labels", "--size", size}).Width(), 1) << size;
+    EXPECT_EQ(DrawWorld({"--label-size", "256", "--size", "400x200"}).Width(), 400);
+}

@@ -1,0 +1,122 @@
+#include <txmap/MapLabels.h>
+
+#include <algorithm>
+#include <iomanip>
+#include <set>
+#include <sstream>
+
+#include <txbase/TXString.h>
+#include <txgraphics/TXFont.h>
+#include <txmap/FontCatalog.h>
+#include <txmap/LabelLayout.h>
+#include <txmap/LabelPainter.h>
+#include <txmap/MapRenderer.h>
+
+namespace TZObjects
+{
+namespace
+{
+
+constexpr char kUsualFace[] = "sans-serif";
+// Text does not shrink with the picture: it would not be readable.
+constexpr double kSmallestUnit = 1.0;
+constexpr std::size_t kMostNamedCharacters = 8;
+
+/// Spaces, joiners, variation selectors and other marks that have no shape of their own.
+bool NeedsNoGlyph(char32_t c)
+{
+    return c <= 0x20 || c == 0xA0 || c == 0xAD || c == 0x61C || c == 0x180E || (c >= 0x2000 && c <= 0x200F) ||
+           (c >= 0x2028 && c <= 0x202F) || (c >= 0x205F && c <= 0x206F) || c == 0x3000 ||
+           (c >= 0xFE00 && c <= 0xFE0F) || (c >= 0xE0000 && c <= 0xE0FFF);
+}
+
+/// The face to draw with, and a warning where it is not the one that was asked for.
+std::string ChooseFace(const std::string& wanted, std::string& warning)
+{
+    if (wanted.empty())
+        return FontCatalog::Resolved(kUsualFace);
+    const std::string english = TXFont::GetEnglishNameForKnownFont(wanted.c_str()).toUTF8();
+    for (const std::string& name : {wanted, english})
+        if (!name.empty() && FontCatalog::Has(name))
+            return FontCatalog::Resolved(name);
+    std::string other = FontCatalog::Resolved(wanted);
+    warning = "--label-font " + wanted + ": no such font is installed" +
+              (other.empty() ? "" : "; " + other + " is used instead");
+    return other;
+}
+
+void RemovePlaces(std::vector<MapLayer>& layers, std::vector<LayerPlace> places)
+{
+    // From the end of each layer, so that the places before keep their numbers.
+    std::sort(places.begin(), places.end(), [](const LayerPlace& a, const LayerPlace& b) { return a.place > b.place; });
+    for (const LayerPlace& place : places)
+    {
+        std::vector<TXPoint>& points = layers[place.layer].places;
+        points.erase(points.begin() + static_cast<std::ptrdiff_t>(place.place));
+    }
+}
+
+} // namespace
+
+std::string MissingNames(const LabelOptions& options)
+{
+    return options.field.empty()
+               ? "--labels: no layer of countries or places has an attribute name; --label-field picks another"
+               : "--label-field " + options.field + ": no layer of countries or places has this attribute";
+}
+
+std::string MissingCharacters(const std::vector<std::wstring>& texts, bool (*hasCharacter)(char32_t))
+{
+    std::set<char32_t> characters;
+    for (const std::wstring& text : texts)
+        characters.insert(text.begin(), text.end());
+    std::vector<char32_t> missing;
+    std::copy_if(characters.begin(), characters.end(), std::back_inserter(missing),
+                 [&](char32_t c) { return !NeedsNoGlyph(c) && !hasCharacter(c); });
+    if (missing.empty())
+        return {};
+    std::ostringstream message;
+    message << "no installed font has";
+    for (std::size_t i = 0; i < std::min(missing.size(), kMostNamedCharacters); ++i)
+        message << (i == 0 ? " " : ", ") << "U+" << std::hex << std::uppercase << std::setw(4) << std::setfill('0')
+                << static_cast<unsigned long>(missing[i]);
+    if (missing.size() > kMostNamedCharacters)
+        message << std::dec << " and " << missing.size() - kMostNamedCharacters << " more";
+    message << ", which labels contain";
+    return message.str();
+}
+
+MapLabels::MapLabels(TXGraphicsEngine& engine, const MapRenderer& renderer, const LabelOptions& options)
+    : renderer(renderer), options(options), painter(engine, renderer.Surface(), ChooseFace(options.font, fontWarning))
+{
+}
+
+void MapLabels::LayOut(std::vector<MapLayer>& layers)
+{
+    const Style& style = renderer.MapStyle();
+    LabelScene scene;
+    scene.frame = renderer.MapView().Frame();
+    scene.style = ScaledLabelStyle(style.labels, options, std::max(kSmallestUnit, renderer.Unit()));
+    scene.markerRadius = (style.placeRadius + style.placeRing.width / 2.0) * renderer.Unit();
+    LabelLayout layout = LayOutLabels(
+        layers, scene, [&](const LabelText& text, const LabelLook& look) { return painter.Measure(text, look); });
+    RemovePlaces(layers, layout.leftOut);
+    labels = std::move(layout.labels);
+}
+
+void MapLabels::Draw() { painter.Draw(labels); }
+
+std::vector<std::string> MapLabels::Warnings() const
+{
+    std::vector<std::wstring> texts;
+    texts.reserve(labels.size());
+    for (const PlacedLabel& label : labels)
+        texts.push_back(VisibleText(label.text));
+    std::vector<std::string> warnings;
+    for (const std::string& warning : {fontWarning, MissingCharacters(texts, &FontCatalog::HasCharacter)})
+        if (!warning.empty())
+            warnings.push_back(warning);
+    return warnings;
+}
+
+} // namespace TZObjects
