@@ -77,7 +77,10 @@ void operator delete[](void* block, std::size_t) noexcept { Free(block); }
 void operator delete(void* block, const std::nothrow_t&) noexcept { Free(block); }
 void operator delete[](void* block, const std::nothrow_t&) noexcept { Free(block); }
 
-// Qt loses the state of a painter whose beginning runs short of memory. The leak checker asks for this, and for nothing
-// in programs without it.
+// Qt loses the state of a painter whose beginning runs short of memory. The leak checker looks for this name among what
+// the program exports.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the name is the leak checker's own.
-extern "C" const char* __lsan_default_suppressions() { return "leak:QRasterPaintEngine::createState\n"; }
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
+{
+    return "leak:QRasterPaintEngine::createState\n";
+}
