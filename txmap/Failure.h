@@ -16,7 +16,8 @@ enum class ExitCode : int
     Data = 4     ///< The geodata cannot be used.
 };
 
-/// Why there is no picture: one line for people, which names the file or the option at fault, and the exit code.
+/// Why there is no picture, or not the one that was asked for: one line for people, which names the file or the option
+/// at fault, and the exit code.
 class Failure : public std::runtime_error
 {
 public:

@@ -30,8 +30,8 @@ bool NeedsNoGlyph(char32_t c)
            (c >= 0xFE00 && c <= 0xFE0F) || (c >= 0xE0000 && c <= 0xE0FFF);
 }
 
-/// The face to draw with, and a warning where it is not the one that was asked for.
-std::string ChooseFace(const std::string& wanted, std::string& warning)
+/// The face to draw with, and what to say where it is not the one that was asked for.
+std::string ChooseFace(const std::string& wanted, std::string& problem)
 {
     if (wanted.empty())
         return FontCatalog::Resolved(kUsualFace);
@@ -40,7 +40,7 @@ std::string ChooseFace(const std::string& wanted, std::string& warning)
         if (!name.empty() && FontCatalog::Has(name))
             return FontCatalog::Resolved(name);
     std::string other = FontCatalog::Resolved(wanted);
-    warning = "--label-font " + wanted + ": no such font is installed" +
+    problem = "--label-font " + wanted + ": no such font is installed" +
               (other.empty() ? "" : "; " + other + " is used instead");
     return other;
 }
@@ -87,7 +87,7 @@ std::string MissingCharacters(const std::vector<std::wstring>& texts, bool (*has
 }
 
 MapLabels::MapLabels(TXGraphicsEngine& engine, const MapRenderer& renderer, const LabelOptions& options)
-    : renderer(renderer), options(options), painter(engine, renderer.Surface(), ChooseFace(options.font, fontWarning))
+    : renderer(renderer), options(options), painter(engine, renderer.Surface(), ChooseFace(options.font, fontProblem))
 {
 }
 
@@ -106,17 +106,13 @@ void MapLabels::LayOut(std::vector<MapLayer>& layers)
 
 void MapLabels::Draw() { painter.Draw(labels); }
 
-std::vector<std::string> MapLabels::Warnings() const
+std::string MapLabels::CharacterProblem() const
 {
     std::vector<std::wstring> texts;
     texts.reserve(labels.size());
     for (const PlacedLabel& label : labels)
         texts.push_back(VisibleText(label.text));
-    std::vector<std::string> warnings;
-    for (const std::string& warning : {fontWarning, MissingCharacters(texts, &FontCatalog::HasCharacter)})
-        if (!warning.empty())
-            warnings.push_back(warning);
-    return warnings;
+    return MissingCharacters(texts, &FontCatalog::HasCharacter);
 }
 
 } // namespace TZObjects

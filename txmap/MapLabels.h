@@ -28,13 +28,15 @@ public:
     void LayOut(std::vector<MapLayer>& layers);
     /// Draws them on the map, which must be drawn before.
     void Draw();
-    /// What the user should know: a face that is not installed, and characters that no font has; a line each.
-    std::vector<std::string> Warnings() const;
+    /// Which characters of the drawn labels no font has; empty when all is well.
+    std::string CharacterProblem() const;
+    /// That the face asked for is not installed, and which one is used instead; empty when all is well.
+    const std::string& FontProblem() const { return fontProblem; }
 
 private:
     const MapRenderer& renderer;
     LabelOptions options;
-    std::string fontWarning;
+    std::string fontProblem;
     LabelPainter painter;
     std::vector<PlacedLabel> labels;
 };

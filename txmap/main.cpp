@@ -56,8 +56,13 @@ void Render(const Options& options)
     if (!renderer.Save(output.Begin()))
         throw Failure(ExitCode::Drawing, "--output " + options.output + ": the picture cannot be written");
     output.Commit();
-    for (const std::string& warning : labels ? labels->Warnings() : std::vector<std::string>())
-        Print("warning: " + warning);
+    if (!labels)
+        return;
+    if (const std::string problem = labels->CharacterProblem(); !problem.empty())
+        Print("warning: " + problem);
+    // The picture is there, but the command line asked for another one.
+    if (!labels->FontProblem().empty())
+        throw Failure(ExitCode::Usage, labels->FontProblem());
 }
 
 void Run(int argc, const char* const* argv)

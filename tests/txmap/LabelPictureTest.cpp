@@ -207,8 +207,8 @@ TEST(LabelFont, ThatIsUnknownIsReportedAndReplaced)
     const std::string input = folder.Write("in.geojson", PlaceNamed("\"Nairobi\""));
     const ProgramRun run = RunTxmap(
         {input, "--label-font", "No Such Face", "--size", "1000x500", "--graticule", "0", "-o", folder / "map.png"});
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_THAT(run.errors, StartsWith("txmap: warning: --label-font No Such Face: "));
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_THAT(run.errors, StartsWith("txmap: --label-font No Such Face: "));
     EXPECT_THAT(run.errors, HasSubstr("DejaVu Sans"));
     EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1);
     EXPECT_EQ(Compare(Picture(folder / "map.png"), DrawPlace("\"Nairobi\"")).pixels, 0);
