@@ -219,6 +219,23 @@ TEST_F(Rules, HaveTheColourOfTheTextAndNoHalo)
     EXPECT_TRUE(twins.SameAndInked());
 }
 
+TEST_F(Rules, OfAnEmptyLabelAreARoundDot)
+{
+    Look look = Ruled(0.0);
+    look.strikeOut = false;
+    CairoTwins twins(look);
+    cairo_t* const cr = twins.Direct();
+
+    EXPECT_TRUE(
+        twins.Surface().DrawString(kX, kY, TXGraphics::TextAlignTop, TXGraphics::TextAlignLeft, L"", 0.0, 0.0, 1.0));
+
+    const AtAnchor anchor(cr, kX, kY);
+    const cairo_font_extents_t font = UseSize(cr, 24);
+    AddRule(cr, 0, font.ascent + font.descent, 0);
+    StrokeRules(cr, look.pen, font.height / 15);
+    EXPECT_TRUE(twins.SameAndInked());
+}
+
 TEST_F(Rules, OfALaterColumnFollowItsCharacters)
 {
     Look look = Ruled(0.0);
