@@ -1,5 +1,6 @@
 #include <txpluginqt/graphics/RingShape.h>
 
+#include <algorithm>
 #include <limits>
 
 #include <QPainter>
@@ -44,18 +45,29 @@ bool RingShape::DrawInPlace(QPainter& painter) const
     return true;
 }
 
-QPainterPath RingShape::ToPath() const
+template <class Convert>
+QPainterPath RingShape::ConvertedPath(Convert convert) const
 {
     QPainterPath path;
-    const QPointF* ring = AsQPoints(points);
+    const TXPoint* ring = points;
     for (int i = 0; i < rings; ++i)
     {
         if (counts[i] < 1)
             continue;
         QPolygonF polygon(counts[i]);
-        std::copy(ring, ring + counts[i], polygon.begin());
+        std::transform(ring, ring + counts[i], polygon.begin(), convert);
         path.addPolygon(polygon);
         ring += counts[i];
     }
     return path;
+}
+
+QPainterPath RingShape::ToPath() const
+{
+    return ConvertedPath([](const TXPoint& point) { return QPointF(point.x, point.y); });
+}
+
+QPainterPath RingShape::ToRoundedPath() const
+{
+    return ConvertedPath([](const TXPoint& point) { return QPointF(RoundHalfAway(point.x), RoundHalfAway(point.y)); });
 }

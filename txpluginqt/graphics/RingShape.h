@@ -20,8 +20,13 @@ public:
     bool DrawInPlace(QPainter& painter) const;
     /// The same shape as a path of Qt's, for all other engines.
     QPainterPath ToPath() const;
+    /// The same with every coordinate rounded to the nearest whole number, halves away from zero.
+    QPainterPath ToRoundedPath() const;
 
 private:
+    template <class Convert>
+    QPainterPath ConvertedPath(Convert convert) const;
+
     const TZObjects::TXPoint* points;
     const int* counts;
     int rings;

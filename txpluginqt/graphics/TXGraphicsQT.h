@@ -243,6 +243,20 @@ private:
                                   const TXString& text, const TXColor& fill, double angle, double columnSpacing,
                                   double charSpacing, bool halo, const double& scale);
 
+    /// Clips the cairo context as well, where labels are drawn with one.
+    void ClipCairo(const TXPoint* points, const int* counts, int parts);
+
+    /// Draws a symbol whose points `place` puts where they belong in relation to (@p x, @p y).
+    template <class Place>
+    bool PaintMarker(double x, double y, double angle, const TXPoint* points, int count, bool closed, Place place);
+    struct FontSymbol;
+    bool PaintFontMarkerWithQt(const FontSymbol& symbol);
+    void PaintFontMarkerWithCr(const FontSymbol& symbol);
+
+    struct ImageRequest;
+    template <class DrawInPlace, class DrawPlaced>
+    bool PaintImage(const ImageRequest& request, DrawInPlace drawInPlace, DrawPlaced drawPlaced);
+
     struct CairoLabel;
     template <class LayOut>
     bool PaintCairoLabel(const CairoLabel& label, const CairoTextStyle& style, LayOut layOut);

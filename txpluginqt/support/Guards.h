@@ -68,3 +68,45 @@ public:
 private:
     QPainter& painter;
 };
+
+/// Puts a painter's transform back at the end of the scope. Unlike saving the state, it takes no memory.
+class TransformScope
+{
+public:
+    explicit TransformScope(QPainter& painter)
+        : painter(painter), world(painter.worldTransform()), enabled(painter.worldMatrixEnabled())
+    {
+    }
+    ~TransformScope()
+    {
+        painter.setWorldTransform(world);
+        if (!enabled)
+            painter.setWorldMatrixEnabled(false);
+    }
+    TransformScope(const TransformScope&) = delete;
+    TransformScope& operator=(const TransformScope&) = delete;
+
+private:
+    QPainter& painter;
+    QTransform world;
+    bool enabled;
+};
+
+/// Puts a painter's pen and brush back at the end of the scope.
+class PenAndBrushScope
+{
+public:
+    explicit PenAndBrushScope(QPainter& painter) : painter(painter), pen(painter.pen()), brush(painter.brush()) {}
+    ~PenAndBrushScope()
+    {
+        painter.setPen(pen);
+        painter.setBrush(brush);
+    }
+    PenAndBrushScope(const PenAndBrushScope&) = delete;
+    PenAndBrushScope& operator=(const PenAndBrushScope&) = delete;
+
+private:
+    QPainter& painter;
+    QPen pen;
+    QBrush brush;
+};

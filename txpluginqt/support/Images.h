@@ -8,3 +8,12 @@ inline bool CanBeDrawn(const QImage& image)
 {
     return !image.isNull() && (image.format() != QImage::Format_Indexed8 || image.colorCount() > 0);
 }
+
+/// An image's pixels for drawing into @p target's, sharing them where that is safe. Onto itself, Qt would read pixels
+/// that it has just written; and indices without a colour, which Qt would look up beyond the end of the colours, are
+/// transparent.
+/// @param image one that can be drawn. @param target null when it is no image.
+QImage DrawableFrom(const QImage& image, const QImage* target);
+
+/// What `QImage::copy` gives for @p part, on the same pixels where possible. The image must outlive the result.
+QImage PartOf(const QImage& image, const QRect& part);

@@ -2,20 +2,13 @@
 
 #include <cmath>
 
+#include <txpluginqt/support/CairoColor.h>
 #include <txpluginqt/support/CairoHandles.h>
-
-using TZObjects::TXColor;
 
 namespace
 {
 
 constexpr double kRadiansPerDegree = 3.141592653589793 / 180;
-
-void SetSource(cairo_t* context, const TXColor& color)
-{
-    cairo_set_source_rgba(context, color.getR() / 255.0, color.getG() / 255.0, color.getB() / 255.0,
-                          color.getA() / 255.0);
-}
 
 void AddRule(cairo_t* context, const CairoRule& rule)
 {
@@ -32,11 +25,11 @@ void PaintPart(cairo_t* context, const CairoTextPart& part, const CairoTextStyle
         run.AddOutlines(context);
     if (style.halo)
     {
-        SetSource(context, style.haloColor);
+        SetCairoSource(context, style.haloColor);
         cairo_set_line_width(context, style.haloWidth);
         cairo_stroke_preserve(context);
     }
-    SetSource(context, style.color);
+    SetCairoSource(context, style.color);
     cairo_fill(context);
     if (!style.underline && !style.strikeOut)
         return;

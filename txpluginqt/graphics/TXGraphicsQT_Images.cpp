@@ -1,0 +1,164 @@
+// Images: whole, in part, scaled, rotated.
+#include <txpluginqt/graphics/TXGraphicsQT.h>
+
+#include <QImage>
+
+#include <txpluginqt/graphics/ImageClip.h>
+#include <txpluginqt/support/Conversions.h>
+#include <txpluginqt/support/Images.h>
+
+using namespace TZObjects;
+
+namespace
+{
+
+// A crop reaches as far beyond its source as the host says, and takes memory all the way.
+constexpr qint64 kLargestCrop = qint64(1) << 28;
+
+const QImage* PixelsOf(TXImage* image)
+{
+    return image ? static_cast<const QImage*>(image->GetInternalObject()) : nullptr;
+}
+
+bool IsDrawableRect(const TXRect& rect) { return IsDrawable(rect.left, rect.right, rect.top, rect.bottom); }
+
+bool HasRoomFor(const QRect& crop, const QImage& source)
+{
+    return source.rect().contains(crop) || crop.isEmpty() || qint64(crop.width()) * crop.height() <= kLargestCrop;
+}
+
+/// Paints with another opacity, and puts the painter's own back unless told to keep the other.
+class OpacityScope
+{
+public:
+    OpacityScope(QPainter& painter, double opacity) : painter(painter), old(painter.opacity())
+    {
+        painter.setOpacity(opacity);
+    }
+    ~OpacityScope()
+    {
+        if (!kept)
+            painter.setOpacity(old);
+    }
+    OpacityScope(const OpacityScope&) = delete;
+    OpacityScope& operator=(const OpacityScope&) = delete;
+
+    void Keep() { kept = true; }
+
+private:
+    QPainter& painter;
+    double old;
+    bool kept = false;
+};
+
+/// Turns the painter about a point.
+void RotateAbout(QPainter& painter, const QPointF& centre, double angle)
+{
+    painter.translate(centre);
+    painter.rotate(angle);
+    painter.translate(-centre);
+}
+
+QImage Cropped(const QImage& source, const ImagePlacement& placement)
+{
+    return placement.TakesWhole(source.size()) ? source : PartOf(source, placement.Crop());
+}
+
+QImage Scaled(const QImage& crop, const ImagePlacement& placement, Qt::TransformationMode mode)
+{
+    return crop.isNull() || placement.KeepsSize() ? crop
+                                                  : crop.scaled(placement.ScaledSize(), Qt::IgnoreAspectRatio, mode);
+}
+
+} // namespace
+
+struct TXGraphicsQT::ImageRequest
+{
+    const TXRect& dst;
+    TXImage* source;
+    const TXRect& src;
+    double opacity;
+};
+
+template <class DrawInPlace, class DrawPlaced>
+bool TXGraphicsQT::PaintImage(const ImageRequest& request, DrawInPlace drawInPlace, DrawPlaced drawPlaced)
+{
+    const QImage* const target = PixelsOf(image.get());
+    const QImage* const source = PixelsOf(request.source);
+    if (!painter || !target || !source || !IsDrawableRect(request.dst) || !IsDrawableRect(request.src))
+        return false;
+
+    if (StaysInPlace(request.dst, request.src))
+        return Paint(
+            [&](QPainter& p)
+            {
+                const OpacityScope opacity(p, request.opacity);
+                if (CanBeDrawn(*source))
+                    drawInPlace(p, DrawableFrom(*source, target), TruncatedRect(request.dst));
+            });
+
+    if (!Reaches(request.dst, target->size()))
+        return true;
+    const ImagePlacement placement = ClipToTarget(request.dst, request.src, target->size());
+    const bool collapses = placement.Collapses();
+    if (!collapses && !HasRoomFor(placement.Crop(), *source))
+        return false;
+    const bool painted = Paint(
+        [&](QPainter& p)
+        {
+            OpacityScope opacity(p, request.opacity);
+            if (collapses)
+                // Hosts have come to rely on the opacity staying here.
+                opacity.Keep();
+            else
+                drawPlaced(p, CanBeDrawn(*source) ? Cropped(DrawableFrom(*source, target), placement) : QImage(),
+                           placement);
+        });
+    return painted && !collapses;
+}
+
+bool TXGraphicsQT::DrawImage(TXImage* source, double opacity)
+{
+    if (!source)
+        return false;
+    const TXRect whole(0.0, source->GetWidth(), 0.0, source->GetHeight());
+    DrawImage(whole, source, whole, opacity);
+    return true;
+}
+
+bool TXGraphicsQT::DrawImage(const TXRect& dst, TXImage* source, const TXRect& src, double opacity)
+{
+    return PaintImage(
+        {dst, source, src, opacity},
+        [](QPainter& p, const QImage& pixels, const QRectF& rect) { p.drawImage(rect, pixels, rect); },
+        [](QPainter& p, const QImage& crop, const ImagePlacement& placement)
+        {
+            // It stays behind.
+            p.setCompositionMode(QPainter::CompositionMode_SourceOver);
+            p.drawImage(QPointF(placement.dst.left, placement.dst.top),
+                        Scaled(crop, placement, Qt::FastTransformation));
+        });
+}
+
+bool TXGraphicsQT::DrawImage4BitmapRotate(const TXRect& dst, TXImage* source, const TXRect& src, double angle,
+                                          double opacity)
+{
+    if (!IsDrawable(angle))
+        return false;
+    return PaintImage(
+        {dst, source, src, opacity},
+        [&](QPainter& p, const QImage& pixels, const QRect& rect)
+        {
+            const TransformScope transform(p);
+            RotateAbout(p, rect.center(), angle);
+            p.drawImage(QRectF(rect), pixels, QRectF(rect));
+        },
+        [&](QPainter& p, const QImage& crop, const ImagePlacement& placement)
+        {
+            const QImage scaled = Scaled(crop, placement, Qt::SmoothTransformation);
+            const QPointF corner(placement.dst.left, placement.dst.top);
+            const TransformScope transform(p);
+            RotateAbout(p, corner + QPoint(scaled.width() / 2, scaled.height() / 2), angle);
+            p.drawImage(corner, scaled);
+        });
+}
