@@ -62,7 +62,7 @@ CountryLabels::CountryLabels(const MapLayer& layer, const LabelScene& scene, Lab
 {
     for (const NamedFeature& feature : layer.areaNames)
         if (!areas.Shape(feature.index).IsEmpty())
-            if (LabelText text = MakeLabelText(feature.name.text); !text.text.isEmpty())
+            if (LabelText text = MakeLabelText(feature.name.text, scene.path); !text.text.isEmpty())
                 waiting.push_back(
                     {feature.index, feature.name.rank, areas.Shape(feature.index).Size(), std::move(text)});
     std::stable_sort(waiting.begin(), waiting.end(),

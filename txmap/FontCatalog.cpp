@@ -41,12 +41,27 @@ PatternPtr PatternOf(const std::string& face)
     return pattern;
 }
 
+PatternPtr MatchOf(FcPattern* wanted)
+{
+    FcConfigSubstitute(nullptr, wanted, FcMatchPattern);
+    FcDefaultSubstitute(wanted);
+    FcResult result = FcResultNoMatch;
+    return PatternPtr(FcFontMatch(nullptr, wanted, &result));
+}
+
 bool IsKindOfFace(const std::string& face)
 {
     std::string lower = face;
     std::transform(lower.begin(), lower.end(), lower.begin(),
                    [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
     return std::find(kKindsOfFaces.begin(), kKindsOfFaces.end(), lower) != kKindsOfFaces.end();
+}
+
+bool HasCharacterIn(FcPattern* font, char32_t character)
+{
+    FcCharSet* characters = nullptr;
+    return FcPatternGetCharSet(font, FC_CHARSET, 0, &characters) == FcResultMatch &&
+           FcCharSetHasChar(characters, character) == FcTrue;
 }
 
 } // namespace
@@ -66,10 +81,7 @@ std::string FontCatalog::Resolved(const std::string& face)
         return face;
     const PatternPtr wanted = PatternOf(face);
     FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>("sans-serif"));
-    FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
-    FcDefaultSubstitute(wanted.get());
-    FcResult result = FcResultNoMatch;
-    const PatternPtr match(FcFontMatch(nullptr, wanted.get(), &result));
+    const PatternPtr match = MatchOf(wanted.get());
     FcChar8* family = nullptr;
     if (!match || FcPatternGetString(match.get(), FC_FAMILY, 0, &family) != FcResultMatch)
         return {};
@@ -82,12 +94,17 @@ bool FontCatalog::HasCharacter(char32_t character)
     if (!fonts)
         return false;
     return std::any_of(fonts->fonts, fonts->fonts + fonts->nfont,
-                       [&](FcPattern* font)
-                       {
-                           FcCharSet* characters = nullptr;
-                           return FcPatternGetCharSet(font, FC_CHARSET, 0, &characters) == FcResultMatch &&
-                                  FcCharSetHasChar(characters, character) == FcTrue;
-                       });
+                       [&](FcPattern* font) { return HasCharacterIn(font, character); });
+}
+
+std::function<bool(char32_t)> FontCatalog::CharactersOf(const std::string& face)
+{
+    // What cairo asks for when an upright face of normal weight is selected by its name.
+    const PatternPtr wanted = PatternOf(face);
+    FcPatternAddInteger(wanted.get(), FC_SLANT, FC_SLANT_ROMAN);
+    FcPatternAddInteger(wanted.get(), FC_WEIGHT, FC_WEIGHT_MEDIUM);
+    return [match = std::shared_ptr<FcPattern>(MatchOf(wanted.get()))](char32_t character)
+    { return match && HasCharacterIn(match.get(), character); };
 }
 
 } // namespace TZObjects

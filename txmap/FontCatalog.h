@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace TZObjects
@@ -17,6 +18,8 @@ public:
     static std::string Resolved(const std::string& face);
     /// True when an installed font has the character.
     static bool HasCharacter(char32_t character);
+    /// Answers which characters the one font has that cairo draws in a face; empty for cairo's own.
+    static std::function<bool(char32_t)> CharactersOf(const std::string& face);
 };
 
 } // namespace TZObjects

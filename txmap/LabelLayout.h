@@ -9,6 +9,7 @@
 #include <txmap/LabelText.h>
 #include <txmap/MapLayer.h>
 #include <txmap/Style.h>
+#include <txmap/TextPath.h>
 #include <txmap/View.h>
 
 namespace TZObjects
@@ -47,6 +48,7 @@ struct LabelScene
     TXRect frame;            ///< What is visible; no label reaches beyond it.
     LabelStyle style;        ///< In pixels of this picture.
     double markerRadius = 0; ///< Of the places' markers, outlines included.
+    TextPath path = TextPath::Qt;
 };
 
 /// A place in the array of its layer.

@@ -67,6 +67,13 @@ std::optional<TXColor> ParseColor(const std::string& text)
 
 } // namespace
 
+TextPath ParseTextPath(const std::string& text)
+{
+    if (text != "qt" && text != "cairo")
+        Refuse("--text", text, "must be qt or cairo");
+    return text == "cairo" ? TextPath::Cairo : TextPath::Qt;
+}
+
 int ParseLabelSize(const std::string& text)
 {
     const std::vector<int> numbers = NumbersIn<int>(text, ',');

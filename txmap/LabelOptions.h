@@ -4,6 +4,7 @@
 #include <string>
 
 #include <txbase/TXColor.h>
+#include <txmap/TextPath.h>
 
 namespace TZObjects
 {
@@ -23,7 +24,11 @@ struct LabelOptions
     std::optional<int> size;       ///< Pixels; nothing for what suits the picture.
     std::optional<LabelHalo> halo; ///< Nothing for what the style has.
     std::string font;              ///< The name of a face; empty for the system's own.
+    TextPath path = TextPath::Qt;
 };
+
+/// Reads the value of --text. @throw Failure with `ExitCode::Usage`.
+TextPath ParseTextPath(const std::string& text);
 
 /// Reads the value of --label-size. @throw Failure with `ExitCode::Usage`.
 int ParseLabelSize(const std::string& text);

@@ -24,7 +24,8 @@ public:
     /// @param engine where fonts and pens come from; it must outlive the painter.
     /// @param surface what is drawn on; it must outlive the painter.
     /// @param face the name of an installed face; empty for the backend's own.
-    LabelPainter(TXGraphicsEngine& engine, TXGraphics& surface, std::string face);
+    /// @param path what measures and draws; the engine's fonts must be made for it, as a `PluginSession` sets.
+    LabelPainter(TXGraphicsEngine& engine, TXGraphics& surface, std::string face, TextPath path);
 
     /// The room of the letters: without what fonts keep free above them for accents, if there are none.
     LabelExtent Measure(const LabelText& text, const LabelLook& look);
@@ -34,7 +35,9 @@ public:
 private:
     void DrawPlain(const PlacedLabel& label);
     void DrawRich(const PlacedLabel& label);
-    void DrawLetters(const PlacedLabel& label, const TXPoint& topLeft, const TXColor& color);
+    void DrawRuns(const PlacedLabel& label);
+    void DrawLetters(const TXString& text, const LabelLook& look, const TXPoint& topLeft, const TXColor& color);
+    LabelExtent MeasureLines(const TXString& text, const LabelLook& look);
     double BlankAbove(const LabelText& text, const LabelLook& look);
     TXPoint TopLeft(const PlacedLabel& label);
     TXRefPtr<TXFont> FontFor(const LabelLook& look);
@@ -42,6 +45,7 @@ private:
     TXGraphicsEngine& engine;
     TXGraphics& surface;
     std::string face;
+    TextPath path;
     std::map<std::pair<int, double>, TXRefPtr<TXFont>> fonts; ///< By size and spacing.
 };
 

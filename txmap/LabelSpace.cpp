@@ -78,7 +78,7 @@ void LabelSpace::AddTowns(const MapLayer& layer, std::size_t number, const Label
         const double size = 2.0 * scene.markerRadius;
         const TXRect marker = CentredBox(layer.places[i], {size, size});
         all.Block(Grown(marker, padding));
-        LabelText text = names[i] ? MakeLabelText(names[i]->text) : LabelText();
+        LabelText text = names[i] ? MakeLabelText(names[i]->text, scene.path) : LabelText();
         if (text.text.isEmpty())
             lasting.Block(Grown(marker, padding));
         else if (Holds(scene.frame, layer.places[i]))

@@ -72,12 +72,13 @@ std::wstring_view TagAt(std::wstring_view text, std::size_t position)
 }
 
 /// A label in its pieces: label tags, and everything else character by character.
-std::vector<std::wstring_view> Pieces(std::wstring_view text)
+std::vector<std::wstring_view> Pieces(std::wstring_view text, TextPath path = TextPath::Qt)
 {
     std::vector<std::wstring_view> pieces;
     for (std::size_t position = 0; position < text.size();)
     {
-        const std::wstring_view tag = text[position] == L'<' ? TagAt(text, position) : std::wstring_view();
+        const bool mayBeTag = path == TextPath::Qt && text[position] == L'<';
+        const std::wstring_view tag = mayBeTag ? TagAt(text, position) : std::wstring_view();
         pieces.push_back(tag.empty() ? text.substr(position, 1) : tag);
         position += pieces.back().size();
     }
@@ -113,6 +114,21 @@ std::vector<std::wstring_view> Cut(const std::vector<std::wstring_view>& pieces)
     return kept;
 }
 
+/// The text without label tags, and of characters alone that have the shape of a letter or are ordinary spaces.
+std::wstring LettersIn(std::wstring_view text)
+{
+    std::wstring letters;
+    for (const std::wstring_view piece : Pieces(text))
+    {
+        const wchar_t c = piece[0];
+        if (IsTag(piece) || IsShapeless(c))
+            continue;
+        const bool keepsTogether = c == 0xA0 || c == 0x2007 || c == 0x202F;
+        letters += !IsBlank(c) || c == L'\n' ? c : keepsTogether ? L'\xA0' : L' ';
+    }
+    return letters;
+}
+
 std::wstring Escaped(wchar_t c)
 {
     for (const Escape& escape : kEscapes)
@@ -124,10 +140,13 @@ std::wstring Escaped(wchar_t c)
 
 } // namespace
 
-LabelText MakeLabelText(const std::string& name)
+LabelText MakeLabelText(const std::string& name, TextPath path)
 {
-    const std::wstring clean = Cleaned(TXString(name.c_str()).toStdWString());
-    const std::vector<std::wstring_view> pieces = Cut(Pieces(clean));
+    std::wstring clean = Cleaned(TXString(name.c_str()).toStdWString());
+    // What is dropped may leave two spaces side by side.
+    if (path == TextPath::Cairo)
+        clean = Cleaned(LettersIn(clean));
+    const std::vector<std::wstring_view> pieces = Cut(Pieces(clean, path));
     const bool visible = std::any_of(pieces.begin(), pieces.end(),
                                      [](std::wstring_view piece) { return !IsTag(piece) && !IsSpace(piece[0]); });
     if (!visible)
@@ -136,7 +155,8 @@ LabelText MakeLabelText(const std::string& name)
     for (const std::wstring_view piece : pieces)
         plain += piece;
     // Without any of these two nothing that reads a label can mistake it for rich text.
-    if (plain.find(L'<') == std::wstring::npos && plain.find(L"&lt;") == std::wstring::npos)
+    if (path == TextPath::Cairo ||
+        (plain.find(L'<') == std::wstring::npos && plain.find(L"&lt;") == std::wstring::npos))
         return {plain, false};
     std::wstring rich(kRichMark);
     for (const std::wstring_view piece : pieces)
@@ -159,6 +179,18 @@ LabelText InTwoLines(const LabelText& label)
         return {};
     text[best] = L'\n';
     return {text, false};
+}
+
+bool IsBlank(char32_t c)
+{
+    return c <= 0x20 || c == 0xA0 || (c >= 0x2000 && c <= 0x200A) || c == 0x2028 || c == 0x2029 || c == 0x202F ||
+           c == 0x205F || c == 0x3000;
+}
+
+bool IsShapeless(char32_t c)
+{
+    return c == 0xAD || c == 0x61C || c == 0x180E || (c >= 0x200B && c <= 0x200F) || (c >= 0x202A && c <= 0x202E) ||
+           (c >= 0x2060 && c <= 0x206F) || (c >= 0xFE00 && c <= 0xFE0F) || (c >= 0xE0000 && c <= 0xE0FFF);
 }
 
 std::wstring VisibleText(const LabelText& label)

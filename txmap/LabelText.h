@@ -4,6 +4,7 @@
 #include <string>
 
 #include <txbase/TXString.h>
+#include <txmap/TextPath.h>
 
 namespace TZObjects
 {
@@ -26,11 +27,20 @@ constexpr std::size_t kLongestLabel = 500;
 /// label tags format what is between them; control characters and runs of spaces become one space, line breaks stay in
 /// plain labels; what turns the direction of writing is dropped; and a label of more than `kLongestLabel` characters
 /// ends with an ellipsis.
+///
+/// A label for cairo is always plain. It has neither label tags nor characters without a shape, such as joiners, and
+/// all its spaces are ordinary ones: each character is drawn as what the face has for it.
 /// @return an empty text when nothing would be seen.
-LabelText MakeLabelText(const std::string& name);
+LabelText MakeLabelText(const std::string& name, TextPath path = TextPath::Qt);
 
 /// The label broken into two lines of about the same length; an empty text when there is nowhere to break it.
 LabelText InTwoLines(const LabelText& label);
+
+/// True for spaces of all widths, and breaks of lines.
+bool IsBlank(char32_t c);
+
+/// True for joiners, variation selectors and other marks that have no shape of their own.
+bool IsShapeless(char32_t c);
 
 /// What a reader sees of a label, without its tags and escapes.
 std::wstring VisibleText(const LabelText& label);

@@ -1,9 +1,11 @@
 #include <txmap/MapLabels.h>
 
 #include <algorithm>
+#include <array>
 #include <iomanip>
 #include <set>
 #include <sstream>
+#include <utility>
 
 #include <txbase/TXString.h>
 #include <txgraphics/TXFont.h>
@@ -22,12 +24,22 @@ constexpr char kUsualFace[] = "sans-serif";
 constexpr double kSmallestUnit = 1.0;
 constexpr std::size_t kMostNamedCharacters = 8;
 
-/// Spaces, joiners, variation selectors and other marks that have no shape of their own.
-bool NeedsNoGlyph(char32_t c)
+bool NeedsNoGlyph(char32_t c) { return IsBlank(c) || IsShapeless(c); }
+
+/// True for scripts that join or reorder their letters, or are written from right to left.
+bool NeedsItsNeighbours(char32_t c)
 {
-    return c <= 0x20 || c == 0xA0 || c == 0xAD || c == 0x61C || c == 0x180E || (c >= 0x2000 && c <= 0x200F) ||
-           (c >= 0x2028 && c <= 0x202F) || (c >= 0x205F && c <= 0x206F) || c == 0x3000 ||
-           (c >= 0xFE00 && c <= 0xFE0F) || (c >= 0xE0000 && c <= 0xE0FFF);
+    using Range = std::pair<char32_t, char32_t>;
+    static constexpr std::array<Range, 8> kScripts = {{{0x0590, 0x0DFF},
+                                                       {0x0F00, 0x109F},
+                                                       {0x1780, 0x18AF},
+                                                       {0xA800, 0xABFF},
+                                                       {0xFB1D, 0xFDFF},
+                                                       {0xFE70, 0xFEFE},
+                                                       {0x10800, 0x11FFF},
+                                                       {0x1E800, 0x1EFFF}}};
+    return std::any_of(kScripts.begin(), kScripts.end(),
+                       [c](const Range& script) { return c >= script.first && c <= script.second; });
 }
 
 /// The face to draw with, and what to say where it is not the one that was asked for.
@@ -65,7 +77,8 @@ std::string MissingNames(const LabelOptions& options)
                : "--label-field " + options.field + ": no layer of countries or places has this attribute";
 }
 
-std::string MissingCharacters(const std::vector<std::wstring>& texts, bool (*hasCharacter)(char32_t))
+std::string MissingCharacters(const std::vector<std::wstring>& texts, const std::function<bool(char32_t)>& hasCharacter,
+                              const std::string& begin)
 {
     std::set<char32_t> characters;
     for (const std::wstring& text : texts)
@@ -76,7 +89,7 @@ std::string MissingCharacters(const std::vector<std::wstring>& texts, bool (*has
     if (missing.empty())
         return {};
     std::ostringstream message;
-    message << "no installed font has";
+    message << begin;
     for (std::size_t i = 0; i < std::min(missing.size(), kMostNamedCharacters); ++i)
         message << (i == 0 ? " " : ", ") << "U+" << std::hex << std::uppercase << std::setw(4) << std::setfill('0')
                 << static_cast<unsigned long>(missing[i]);
@@ -87,7 +100,8 @@ std::string MissingCharacters(const std::vector<std::wstring>& texts, bool (*has
 }
 
 MapLabels::MapLabels(TXGraphicsEngine& engine, const MapRenderer& renderer, const LabelOptions& options)
-    : renderer(renderer), options(options), painter(engine, renderer.Surface(), ChooseFace(options.font, fontProblem))
+    : renderer(renderer), options(options), face(ChooseFace(options.font, fontProblem)),
+      painter(engine, renderer.Surface(), face, options.path)
 {
 }
 
@@ -98,6 +112,7 @@ void MapLabels::LayOut(std::vector<MapLayer>& layers)
     scene.frame = renderer.MapView().Frame();
     scene.style = ScaledLabelStyle(style.labels, options, std::max(kSmallestUnit, renderer.Unit()));
     scene.markerRadius = (style.placeRadius + style.placeRing.width / 2.0) * renderer.Unit();
+    scene.path = options.path;
     LabelLayout layout = LayOutLabels(
         layers, scene, [&](const LabelText& text, const LabelLook& look) { return painter.Measure(text, look); });
     RemovePlaces(layers, layout.leftOut);
@@ -112,6 +127,13 @@ std::string MapLabels::CharacterProblem() const
     texts.reserve(labels.size());
     for (const PlacedLabel& label : labels)
         texts.push_back(VisibleText(label.text));
+    if (options.path == TextPath::Cairo)
+    {
+        const auto isInFace = FontCatalog::CharactersOf(face);
+        return MissingCharacters(
+            texts, [&](char32_t c) { return isInFace(c) && !NeedsItsNeighbours(c); },
+            "cairo, which draws letter by letter and in the face " + face + " alone, cannot write");
+    }
     return MissingCharacters(texts, &FontCatalog::HasCharacter);
 }
 

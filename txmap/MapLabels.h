@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,7 +29,8 @@ public:
     void LayOut(std::vector<MapLayer>& layers);
     /// Draws them on the map, which must be drawn before.
     void Draw();
-    /// Which characters of the drawn labels no font has; empty when all is well.
+    /// Which characters of the drawn labels cannot be drawn, as no font has them, or not the one that cairo takes;
+    /// empty when all is well.
     std::string CharacterProblem() const;
     /// That the face asked for is not installed, and which one is used instead; empty when all is well.
     const std::string& FontProblem() const { return fontProblem; }
@@ -37,6 +39,7 @@ private:
     const MapRenderer& renderer;
     LabelOptions options;
     std::string fontProblem;
+    std::string face;
     LabelPainter painter;
     std::vector<PlacedLabel> labels;
 };
@@ -45,6 +48,8 @@ private:
 std::string MissingNames(const LabelOptions& options);
 
 /// The message about those characters of texts that @p hasCharacter denies, each named once; empty for none.
-std::string MissingCharacters(const std::vector<std::wstring>& texts, bool (*hasCharacter)(char32_t));
+/// @param begin how the message begins.
+std::string MissingCharacters(const std::vector<std::wstring>& texts, const std::function<bool(char32_t)>& hasCharacter,
+                              const std::string& begin = "no installed font has");
 
 } // namespace TZObjects

@@ -67,7 +67,7 @@ struct RawOptions
 {
     std::vector<std::string> inputs, countries, lakes, borders, lines;
     std::string output = "map.png", size, crs = "EPSG:4326", box, graticule, colorBy, plugin = "txpluginqt";
-    std::string labelField, labelSize, labelHalo, labelFont;
+    std::string labelField, labelSize, labelHalo, labelFont, textPath;
     bool version = false, listPlugins = false, labels = false;
 };
 
@@ -88,6 +88,10 @@ void DeclareLabels(CLI::App& app, RawOptions& raw)
         ->type_name("WIDTH:COLOR");
     app.add_option("--label-font", raw.labelFont, "The face of the names (default: the system's own)")
         ->type_name("NAME");
+    app.add_option("--text", raw.textPath,
+                   "What draws the names: qt (default), or cairo, which formats nothing and takes no other face for "
+                   "characters that one lacks")
+        ->type_name("qt|cairo");
 }
 
 void Declare(CLI::App& app, RawOptions& raw)
@@ -130,7 +134,7 @@ void Declare(CLI::App& app, RawOptions& raw)
 void RefuseEmptyValues(const CLI::App& app)
 {
     for (const char* const option : {"--output", "--size", "--crs", "--bbox", "--graticule", "--color-by", "--plugin",
-                                     "--label-field", "--label-size", "--label-halo", "--label-font"})
+                                     "--label-field", "--label-size", "--label-halo", "--label-font", "--text"})
         if (app.count(option) > 0 && app.get_option(option)->as<std::string>().empty())
             Refuse(option, "''", "must not be empty");
 }
@@ -144,7 +148,10 @@ LabelOptions InterpretLabels(const RawOptions& raw)
         labels.size = ParseLabelSize(raw.labelSize);
     if (!raw.labelHalo.empty())
         labels.halo = ParseLabelHalo(raw.labelHalo);
-    labels.wanted = raw.labels || !labels.field.empty() || !labels.font.empty() || labels.size || labels.halo;
+    if (!raw.textPath.empty())
+        labels.path = ParseTextPath(raw.textPath);
+    labels.wanted = raw.labels || !labels.field.empty() || !labels.font.empty() || labels.size || labels.halo ||
+                    !raw.textPath.empty();
     return labels;
 }
 

@@ -25,9 +25,10 @@ std::string PathOrName(const std::string& plugin)
 
 } // namespace
 
-PluginSession::PluginSession(const std::string& plugin)
+PluginSession::PluginSession(const std::string& plugin, TextPath path)
 {
     Manager().SetDefaultImageFormat(TXImage::Format_ARGB32_Premultiplied);
+    Manager().EnableCairoDrawing(path == TextPath::Cairo);
     TXString error;
     engine = Manager().LoadPlugin(PathOrName(plugin).c_str(), &error);
     if (!engine)

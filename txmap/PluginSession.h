@@ -5,6 +5,7 @@
 
 #include <txbase/TXRefPtr.h>
 #include <txgraphics/TXGraphicsEngine.h>
+#include <txmap/TextPath.h>
 
 namespace TZObjects
 {
@@ -13,8 +14,9 @@ namespace TZObjects
 class PluginSession
 {
 public:
-    /// Loads a plugin by path or by name. @throw Failure with `ExitCode::Plugin` when that fails.
-    explicit PluginSession(const std::string& plugin);
+    /// Loads a plugin by path or by name, and sets what its surfaces and fonts begin with. @throw Failure with
+    /// `ExitCode::Plugin` when that fails.
+    PluginSession(const std::string& plugin, TextPath path);
     ~PluginSession();
     PluginSession(const PluginSession&) = delete;
     PluginSession& operator=(const PluginSession&) = delete;

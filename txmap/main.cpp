@@ -45,7 +45,7 @@ void Render(const Options& options)
     if (reader.Names().AreMissing())
         throw Failure(ExitCode::Usage, MissingNames(options.labels));
 
-    const PluginSession plugin(options.plugin);
+    const PluginSession plugin(options.plugin, options.labels.path);
     MapRenderer renderer(plugin.Engine(), view, style);
     std::optional<MapLabels> labels;
     if (options.labels.wanted)

@@ -40,6 +40,7 @@ TEST(LabelOptions, AreOffUntilAskedFor)
     EXPECT_FALSE(labels.wanted);
     EXPECT_FALSE(labels.size);
     EXPECT_FALSE(labels.halo);
+    EXPECT_EQ(labels.path, TextPath::Qt);
 }
 
 TEST(LabelOptions, ImplyLabels)
@@ -49,6 +50,8 @@ TEST(LabelOptions, ImplyLabels)
     EXPECT_TRUE(Parse({"--label-size", "12"}).wanted);
     EXPECT_TRUE(Parse({"--label-halo", "0:white"}).wanted);
     EXPECT_TRUE(Parse({"--label-font", "serif"}).wanted);
+    EXPECT_TRUE(Parse({"--text", "qt"}).wanted);
+    EXPECT_TRUE(Parse({"--text", "cairo"}).wanted);
 }
 
 TEST(LabelOptions, TakeValues)
@@ -87,6 +90,17 @@ TEST(LabelOptions, RefuseHalos)
           "33:white", "nan:white", "inf:white", "2:pink-ish", "2:#12",     "2:#12345", "2:#1234567",
           "2:#ggg",   "2:#-12",    "2:#+12345", "2px:white",  "1,2:white", "2:white:3"})
         EXPECT_THAT(Refusal({"--label-halo", halo}), StartsWith("--label-halo")) << halo;
+}
+
+TEST(LabelOptions, TakeOneOfTwoTextPaths)
+{
+    EXPECT_EQ(Parse({"--labels", "--text", "qt"}).path, TextPath::Qt);
+    EXPECT_EQ(Parse({"--labels", "--text", "cairo"}).path, TextPath::Cairo);
+    EXPECT_EQ(Parse({"--text=cairo"}).path, TextPath::Cairo);
+    for (const char* const path : {"", "Qt", "CAIRO", "pango", "qt,cairo", " cairo", "cairo ", "0"})
+        EXPECT_THAT(Refusal({"--text", path}), StartsWith("--text ")) << path;
+    EXPECT_NE(Refusal({"--text"}), "accepted");
+    EXPECT_NE(Refusal({"--text", "qt", "--text", "cairo"}), "accepted");
 }
 
 TEST(LabelOptions, RefuseEmptyNames)

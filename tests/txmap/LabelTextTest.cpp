@@ -136,3 +136,40 @@ TEST(LabelText, BreaksNearTheMiddle)
     EXPECT_EQ(broken("two\nlines already"), L"");
     EXPECT_EQ(broken("a < b"), L"");
 }
+
+TEST(LabelTextForCairo, HasLettersAndOrdinarySpacesOnly)
+{
+    for (const auto& [name, text] : {std::pair{"Kenya", L"Kenya"},
+                                     {"<BOL>a</BOL> b", L"a b"},
+                                     {"a <ITA> </ITA> <und>b", L"a b"},
+                                     {"<BOL>a\nb</BOL>", L"a\nb"},
+                                     {"<b>a</b> <Bol>", L"<b>a</b> <Bol>"},
+                                     {"a < b &lt;", L"a < b &lt;"},
+                                     {"a\u200Db\u00ADc\uFE0F\u2060", L"abc"},
+                                     {"a\u2009\u3000b", L"a b"},
+                                     {"a\u202Fb\u2007c\u00A0d", L"a\xA0"
+                                                                L"b\xA0"
+                                                                L"c\xA0"
+                                                                L"d"},
+                                     {"<BO<BOL>L>x", L"<BOL>x"}})
+    {
+        const LabelText label = MakeLabelText(name, TextPath::Cairo);
+        EXPECT_FALSE(label.rich) << name;
+        EXPECT_EQ(label.text.toStdWString(), text) << name;
+        EXPECT_EQ(VisibleText(label), text) << name;
+    }
+}
+
+TEST(LabelTextForCairo, IsEmptyWhereNothingWouldBeSeen)
+{
+    for (const char* const name : {"", " ", "<BOL></BOL>", "\u200D\uFE0F", "<ITA>\u3000</ITA>"})
+        EXPECT_TRUE(MakeLabelText(name, TextPath::Cairo).text.isEmpty()) << name;
+}
+
+TEST(LabelTextForCairo, IsCutByWhatIsSeenOfIt)
+{
+    std::string tagged;
+    for (int i = 0; i < 600; ++i)
+        tagged += "<BOL>x</BOL>";
+    EXPECT_EQ(MakeLabelText(tagged, TextPath::Cairo).text.toStdWString(), std::wstring(499, L'x') + L'\x2026');
+}

@@ -1,5 +1,6 @@
 #include <cstdint>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -35,7 +36,7 @@ bool IsWritten(const Picture& labelled, const Picture& bare, double west, double
     return false;
 }
 
-class LabelledWorld : public ::testing::TestWithParam<const char*>
+class LabelledWorld : public ::testing::TestWithParam<std::tuple<const char*, const char*>>
 {
 };
 
@@ -43,8 +44,9 @@ class LabelledWorld : public ::testing::TestWithParam<const char*>
 
 TEST_P(LabelledWorld, HasNamesAndNoneAtTheEdge)
 {
-    const Picture labelled = DrawWorld({"--crs", GetParam(), "--size", "2048x1024", "--label-field", "name"});
-    const Picture bare = DrawWorld({"--crs", GetParam(), "--size", "2048x1024"});
+    const auto& [crs, path] = GetParam();
+    const Picture labelled = DrawWorld({"--crs", crs, "--size", "2048x1024", "--label-field", "name", "--text", path});
+    const Picture bare = DrawWorld({"--crs", crs, "--size", "2048x1024"});
     int written = 0;
     for (int y = 0; y < 1024; ++y)
         for (int x = 0; x < 2048; ++x)
@@ -60,13 +62,19 @@ TEST_P(LabelledWorld, HasNamesAndNoneAtTheEdge)
     EXPECT_LT(written, 2048 * 1024 / 10);
 }
 
-INSTANTIATE_TEST_SUITE_P(Projections, LabelledWorld, ::testing::Values("EPSG:4326", "EPSG:3857"),
-                         [](const auto& test) { return "In" + std::string(test.param).substr(5); });
+INSTANTIATE_TEST_SUITE_P(Projections, LabelledWorld,
+                         ::testing::Combine(::testing::Values("EPSG:4326", "EPSG:3857"),
+                                            ::testing::Values("qt", "cairo")),
+                         [](const auto& test)
+                         { return "In" + std::string(std::get<0>(test.param)).substr(5) + std::get<1>(test.param); });
 
-TEST(LabelledCountries, HaveTheirNamesInside)
+class LabelledCountriesBy : public ::testing::TestWithParam<const char*>
 {
-    const TemporaryFolder folder;
-    const Picture labelled = DrawWorld({"--labels"});
+};
+
+TEST_P(LabelledCountriesBy, HaveTheirNamesInside)
+{
+    const Picture labelled = DrawWorld({"--labels", "--text", GetParam()});
     const Picture bare = DrawWorld({});
     EXPECT_TRUE(IsWritten(labelled, bare, -60, 0, -45, -20)) << "Brazil";
     EXPECT_TRUE(IsWritten(labelled, bare, 120, -20, 145, -32)) << "Australia";
@@ -76,18 +84,18 @@ TEST(LabelledCountries, HaveTheirNamesInside)
     EXPECT_FALSE(IsWritten(labelled, bare, -130, -30, -100, -60)) << "the Pacific";
 }
 
-TEST(LabelledCountries, KeepInsideTheMargins)
+TEST_P(LabelledCountriesBy, KeepInsideTheMargins)
 {
-    const Picture labelled = DrawWorld({"--labels", "--size", "1200x1200"});
+    const Picture labelled = DrawWorld({"--text", GetParam(), "--size", "1200x1200"});
     const Picture bare = DrawWorld({"--size", "1200x1200"});
     for (int y : {0, 150, 298, 299, 900, 901, 1199})
         for (int x = 0; x < 1200; ++x)
             ASSERT_EQ(labelled.At(x, y), bare.At(x, y)) << x << ", " << y;
 }
 
-TEST(LabelledCountries, MayBeCutOffByTheView)
+TEST_P(LabelledCountriesBy, MayBeCutOffByTheView)
 {
-    const Picture labelled = DrawWorld({"--labels", "--bbox", "20,50,60,70", "--size", "800x400"});
+    const Picture labelled = DrawWorld({"--text", GetParam(), "--bbox", "20,50,60,70", "--size", "800x400"});
     const Picture bare = DrawWorld({"--bbox", "20,50,60,70", "--size", "800x400"});
     EXPECT_NE(labelled.Pixels(), bare.Pixels());
     for (int x = 0; x < 800; ++x)
@@ -97,15 +105,23 @@ TEST(LabelledCountries, MayBeCutOffByTheView)
     }
 }
 
-TEST(LabelledCountries, AreTheSameEveryTime)
+TEST_P(LabelledCountriesBy, AreTheSameEveryTime)
 {
-    EXPECT_EQ(DrawWorld({"--labels", "--size", "1000x500"}).Pixels(),
-              DrawWorld({"--labels", "--size", "1000x500"}).Pixels());
+    EXPECT_EQ(DrawWorld({"--text", GetParam(), "--size", "1000x500"}).Pixels(),
+              DrawWorld({"--text", GetParam(), "--size", "1000x500"}).Pixels());
 }
 
-TEST(LabelledCountries, FitIntoEverySize)
+TEST_P(LabelledCountriesBy, FitIntoEverySize)
 {
     for (const char* const size : {"1x1", "3x200", "64x32", "300x700"})
-        EXPECT_GE(DrawWorld({"--labels", "--size", size}).Width(), 1) << size;
-    EXPECT_EQ(DrawWorld({"--label-size", "256", "--size", "400x200"}).Width(), 400);
+        EXPECT_GE(DrawWorld({"--text", GetParam(), "--size", size}).Width(), 1) << size;
+    EXPECT_EQ(DrawWorld({"--text", GetParam(), "--label-size", "256", "--size", "400x200"}).Width(), 400);
 }
+
+TEST_P(LabelledCountriesBy, MayHaveTheWidestHalo)
+{
+    EXPECT_EQ(DrawWorld({"--text", GetParam(), "--label-halo", "32:white", "--size", "1000x500"}).Width(), 1000);
+}
+
+INSTANTIATE_TEST_SUITE_P(Through, LabelledCountriesBy, ::testing::Values("qt", "cairo"),
+                         [](const auto& test) { return std::string(test.param); });

@@ -64,6 +64,13 @@ TEST(MissingCharacters, AreNamedOnceEach)
     EXPECT_EQ(message.find('\n'), std::string::npos);
 }
 
+TEST(MissingCharacters, AreMissingWhereTheMessageSays)
+{
+    EXPECT_EQ(MissingCharacters({L"\x5317"}, &HasLatin, "nothing here has"),
+              "nothing here has U+5317, which labels contain");
+    EXPECT_EQ(MissingCharacters({L"\x5317"}, &HasLatin), "no installed font has U+5317, which labels contain");
+}
+
 TEST(MissingCharacters, AreCountedWhenTheyAreMany)
 {
     std::wstring text;
@@ -93,6 +100,19 @@ TEST(FontCatalog, KnowsTheirCharacters)
     EXPECT_TRUE(FontCatalog::HasCharacter(U'A'));
     EXPECT_TRUE(FontCatalog::HasCharacter(0x5317));
     EXPECT_FALSE(FontCatalog::HasCharacter(0x12000));
+}
+
+TEST(FontCatalog, KnowsTheCharactersOfOneFace)
+{
+    const auto latin = FontCatalog::CharactersOf("DejaVu Sans");
+    EXPECT_TRUE(latin(U'A'));
+    EXPECT_TRUE(latin(0x416));
+    EXPECT_FALSE(latin(0x5317));
+    EXPECT_FALSE(latin(0x12000));
+    EXPECT_TRUE(FontCatalog::CharactersOf("WenQuanYi Micro Hei")(0x5317));
+    // Cairo draws in another face where there is none of the name.
+    EXPECT_TRUE(FontCatalog::CharactersOf("No Such Face")(U'A'));
+    EXPECT_FALSE(FontCatalog::CharactersOf("No Such Face")(0x12000));
 }
 
 TEST(FeatureNames, AreReadAsTheyAre)
