@@ -332,7 +332,6 @@ public:
     /// Fills a rectangle, truncated to whole units, with a gradient in surface coordinates; pen and brush are not used.
     /// False for null and for a gradient that `SelectGradient` refuses.
     virtual bool FillRect(const TXRect& rect, TXGradient* gradient) = 0;
-
     /// @}
     /// @name Clipping
     /// A region is given as the rings of `PolyPolygon` are, odd-even, and replaces the one before.
@@ -340,7 +339,8 @@ public:
     /// Clips to a region and fills it with a gradient.
     virtual void SetClipRegion(const TXPoint* points, const int* counts, int parts,
                                const stGradientParams& gradient) = 0;
-    /// Clips to a region and, with @p fill, fills it with a colour.
+    /// Clips to a region and, with @p fill, fills it with a colour. Labels through cairo are clipped as well, in pixels
+    /// of the image, and within the clip that they have already.
     virtual void SetClipRegion(const TXPoint* points, const int* counts, int parts, bool fill, TXColor color) = 0;
     /// Lifts the clip.
     virtual void RestoreClipRegion() = 0;

@@ -47,6 +47,7 @@ TEST_F(GradientFillTest, FillsThePolygonAndStaysWithoutAPen)
     ForRandomCases(20, 500,
                    [](Random& random, Twins& twins)
                    {
+                       twins.Both(AvoidUncertainEdges);
                        const std::vector<TXPoint> points = random.Points(3, 9);
                        const TXGraphics::stGradientParams gradient = SomeGradient(random);
                        const QPolygonF polygon = ToQt(points);
@@ -214,6 +215,7 @@ TEST_F(GradientFillTest, DiscFromInnerToOuterColour)
     ForRandomCases(21, 400,
                    [](Random& random, Twins& twins)
                    {
+                       twins.Both(AvoidUncertainEdges);
                        const TXPoint centre = random.Point();
                        const int radius = random.Chance(90) ? random.Int(1, 60) : random.Int(100, 5000);
                        const TXColor inner = random.Color();

@@ -183,7 +183,15 @@ void Random::ChangeState(Twins& twins)
             painter.setRenderHint(QPainter::Antialiasing, antialiased);
             painter.setOpacity(opacity);
             painter.setCompositionMode(mode);
+            if (brush.gradient())
+                AvoidUncertainEdges(painter);
         });
+}
+
+void AvoidUncertainEdges(QPainter& painter)
+{
+    if (static_cast<const QImage*>(painter.device())->format() == QImage::Format_ARGB32)
+        painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
 void ForRandomCases(unsigned seed, int cases, const std::function<void(Random&, Twins&)>& draw)

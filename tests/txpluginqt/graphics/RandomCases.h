@@ -45,6 +45,10 @@ private:
 /// good share of all cases must have drawn something.
 void ForRandomCases(unsigned seed, int cases, const std::function<void(Random&, Twins&)>& draw);
 
+/// Switches antialiasing off where Qt's own pictures are not always the same: the edges of an antialiased gradient, on
+/// pixels that are not premultiplied, differ by one with the place of Qt's buffer on the stack.
+void AvoidUncertainEdges(QPainter& painter);
+
 /// The points in Qt's type.
 QPolygonF ToQt(const std::vector<TZObjects::TXPoint>& points);
 QPointF ToQt(const TZObjects::TXPoint& point);

@@ -26,6 +26,11 @@ TXRefPtr<TXGraphics> NewSurface()
     return surface;
 }
 
+bool DrawFontMarker(TXGraphics& surface)
+{
+    return surface.FontMarker(40.0, 30.0, 20.0, 20.0, 0.0, L"DejaVu Serif", 'R');
+}
+
 void ExpectNoText(TXGraphics& surface, const TXFont& font)
 {
     surface.ClearWithColor(TXColor::WHITE_);
@@ -37,6 +42,8 @@ void ExpectNoText(TXGraphics& surface, const TXFont& font)
         label.text = text;
         for (const Entry entry : kAllEntries)
             expectations.Expect(!Draw(surface, entry, label), std::string("false from ") + NameOf(entry));
+
+        expectations.Expect(!DrawFontMarker(surface), "false from a font marker");
 
         const Measures measures(font, TXString(text), true);
         expectations.Expect(!measures.lineAnswers && !measures.lineAnswersInt, "no extent");
@@ -73,6 +80,7 @@ void GuiApplicationEnded(int argc, char** argv)
     surface->SelectFont(font);
     for (const Entry entry : kAllEntries)
         expectations.Expect(Draw(*surface, entry, {}), std::string("a label by ") + NameOf(entry));
+    expectations.Expect(DrawFontMarker(*surface), "a font marker");
     expectations.Expect(Measures(*font, TXString(L"Main"), true).lineAnswers, "an extent");
     application.reset();
     ExpectNoText(*surface, *font);

@@ -1,0 +1,99 @@
+#include "Recorder.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include <QPainterPath>
+
+#include "WholeState.h"
+
+bool operator==(const RecordedCall& left, const RecordedCall& right)
+{
+    // Not by Qt's own comparison, which takes coordinates that nearly match for equal.
+    const auto same = [](const QPointF& a, const QPointF& b) { return a.x() == b.x() && a.y() == b.y(); };
+    return left.isText == right.isText && left.mode == right.mode &&
+           std::equal(left.points.begin(), left.points.end(), right.points.begin(), right.points.end(), same) &&
+           left.text == right.text && left.font == right.font && left.transform == right.transform &&
+           left.hints == right.hints;
+}
+
+std::ostream& operator<<(std::ostream& out, const RecordedCall& call)
+{
+    out << (call.isText ? "text" : "polygon") << " of mode " << call.mode << ", hints " << call.hints << ", transform "
+        << call.transform.m11() << ' ' << call.transform.m12() << ' ' << call.transform.m21() << ' '
+        << call.transform.m22() << ' ' << call.transform.dx() << ' ' << call.transform.dy() << ", points";
+    for (const QPointF& point : call.points)
+        out << " (" << point.x() << ' ' << point.y() << ')';
+    return out << ' ' << call.text.toStdString();
+}
+
+RecordedCall& Recorder::Engine::NewCall()
+{
+    RecordedCall& call = calls.emplace_back();
+    call.transform = painter()->combinedTransform();
+    call.hints = painter()->renderHints();
+    return call;
+}
+
+void Recorder::Engine::drawPath(const QPainterPath& path)
+{
+    RecordedCall& call = NewCall();
+    call.mode = -1;
+    for (int i = 0; i < path.elementCount(); ++i)
+        call.points.push_back(path.elementAt(i));
+}
+
+void Recorder::Engine::drawPolygon(const QPointF* points, int count, PolygonDrawMode mode)
+{
+    RecordedCall& call = NewCall();
+    call.mode = mode;
+    call.points.assign(points, points + count);
+}
+
+void Recorder::Engine::drawTextItem(const QPointF& position, const QTextItem& item)
+{
+    RecordedCall& call = NewCall();
+    call.isText = true;
+    call.points = {position};
+    call.text = item.text();
+    call.font = item.font();
+}
+
+int Recorder::metric(PaintDeviceMetric wanted) const
+{
+    switch (wanted)
+    {
+    case PdmWidth:
+    case PdmHeight:
+        return 200;
+    case PdmDevicePixelRatio:
+        return 1;
+    case PdmDevicePixelRatioScaled:
+        return static_cast<int>(devicePixelRatioFScale());
+    case PdmDepth:
+        return 32;
+    default:
+        return 96;
+    }
+}
+
+::testing::AssertionResult SameCalls(TZObjects::TXGraphics& surface, const std::function<void(QPainter&)>& change,
+                                     const std::function<bool()>& draw,
+                                     const std::function<void(QPainter&)>& drawDirectly)
+{
+    Recorder actual;
+    Recorder expected;
+    QPainter outside(&actual);
+    QPainter direct(&expected);
+    for (QPainter* const painter : {&outside, &direct})
+        if (change)
+            change(*painter);
+    surface.Attach(&outside);
+    const bool answer = draw();
+    surface.Detach();
+    drawDirectly(direct);
+    EXPECT_EQ(actual.Calls(), expected.Calls());
+    if (!answer || expected.Calls().empty())
+        return ::testing::AssertionFailure() << "false, or nothing to compare";
+    return SameWholeState(WholeState(outside), WholeState(direct));
+}
