@@ -94,7 +94,7 @@ bool TXGraphicsQT::PaintImage(const ImageRequest& request, DrawInPlace drawInPla
             {
                 const OpacityScope opacity(p, request.opacity);
                 if (CanBeDrawn(*source))
-                    drawInPlace(p, DrawableFrom(*source, target), TruncatedRect(request.dst));
+                    drawInPlace(p, DrawableFrom(*source, PaintedImage(p)), TruncatedRect(request.dst));
             });
 
     if (!Reaches(request.dst, target->size()))
@@ -111,7 +111,8 @@ bool TXGraphicsQT::PaintImage(const ImageRequest& request, DrawInPlace drawInPla
                 // Hosts have come to rely on the opacity staying here.
                 opacity.Keep();
             else
-                drawPlaced(p, CanBeDrawn(*source) ? Cropped(DrawableFrom(*source, target), placement) : QImage(),
+                drawPlaced(p,
+                           CanBeDrawn(*source) ? Cropped(DrawableFrom(*source, PaintedImage(p)), placement) : QImage(),
                            placement);
         });
     return painted && !collapses;

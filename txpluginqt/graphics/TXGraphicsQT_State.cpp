@@ -180,7 +180,6 @@ bool TXGraphicsQT::BiltTo(TXGraphics* surface, int x, int y) const
                {
                    const PainterStateScope state(*surfacePainter);
                    surfacePainter->translate(x, y);
-                   // Onto itself, Qt would read pixels that it has just written.
-                   surfacePainter->drawImage(0, 0, from == to ? from->copy() : *from);
+                   surfacePainter->drawImage(0, 0, DrawableFrom(*from, PaintedImage(*surfacePainter)));
                });
 }

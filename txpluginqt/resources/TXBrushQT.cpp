@@ -80,7 +80,7 @@ void TXBrushQT::SetTextureImage(TXRefPtr<TXImage> image)
         return;
     // A copy of its own: shared pixels would move away from the image, and from everything that draws into them, at the
     // image's next change; over a caller's buffer the drawing would then miss the buffer.
-    if (Succeeds([&] { Brush()->setTextureImage(pixels->copy()); }))
+    if (Succeeds([&] { Brush()->setTextureImage(DrawableFrom(pixels->copy(), nullptr)); }))
         texture = image;
 }
 

@@ -7,6 +7,8 @@ namespace
 
 int LargestIndex(const QImage& image)
 {
+    if (image.depth() == 1)
+        return 1;
     uchar largest = 0;
     for (int y = 0; y < image.height(); ++y)
     {
@@ -19,23 +21,40 @@ int LargestIndex(const QImage& image)
 
 bool LacksColors(const QImage& image)
 {
-    constexpr int all = 256;
-    return image.format() == QImage::Format_Indexed8 && image.colorCount() < all &&
-           LargestIndex(image) >= image.colorCount();
+    return HasIndices(image) && image.colorCount() < 1 << image.depth() && LargestIndex(image) >= image.colorCount();
+}
+
+/// Two images may lie over the same pixels of a caller.
+bool Overlap(const QImage& one, const QImage& other)
+{
+    return one.constBits() < other.constBits() + other.sizeInBytes() &&
+           other.constBits() < one.constBits() + one.sizeInBytes();
 }
 
 } // namespace
 
+const QImage* PaintedImage(const QPainter& painter)
+{
+    const QPaintDevice* const device = painter.device();
+    return device && device->devType() == QInternal::Image ? static_cast<const QImage*>(device) : nullptr;
+}
+
 QImage DrawableFrom(const QImage& image, const QImage* target)
 {
-    QImage drawable = &image == target ? image.copy() : image;
+    // An image that is painted on is copied deeply by Qt when it is passed by value.
+    QImage drawable = target && Overlap(image, *target) ? image.copy()
+                      : image.paintingActive()          ? PartOf(image, image.rect())
+                                                        : image;
     if (LacksColors(image))
-        drawable.setColorCount(LargestIndex(image) + 1);
+        drawable.setColor(LargestIndex(image), 0u);
     return drawable;
 }
 
 QImage PartOf(const QImage& image, const QRect& part)
 {
+    // Qt takes a part without extent for the whole image, and copies it.
+    if (part.isNull())
+        return image;
     // Colours and fractions of bytes belong to the image that holds them.
     const bool canShare = image.depth() >= 8 && image.colorCount() == 0 && image.devicePixelRatio() == 1.0;
     if (!canShare || part.isEmpty() || !image.rect().contains(part))

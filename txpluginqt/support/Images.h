@@ -1,13 +1,20 @@
 #pragma once
 
 #include <QImage>
+#include <QPainter>
+
+/// True for an image whose pixels are indices of colours.
+inline bool HasIndices(const QImage& image) { return image.format() <= QImage::Format_Indexed8; }
 
 /// True for an image that Qt can draw. It has pixels, and if they are indices, colours for them: Qt reads the colours
 /// of an index without looking whether there are any.
 inline bool CanBeDrawn(const QImage& image)
 {
-    return !image.isNull() && (image.format() != QImage::Format_Indexed8 || image.colorCount() > 0);
+    return !image.isNull() && (!HasIndices(image) || image.colorCount() > 0);
 }
+
+/// The image that a painter paints into, which an attached one chooses for itself; null when it is no image.
+const QImage* PaintedImage(const QPainter& painter);
 
 /// An image's pixels for drawing into @p target's, sharing them where that is safe. Onto itself, Qt would read pixels
 /// that it has just written; and indices without a colour, which Qt would look up beyond the end of the colours, are

@@ -5,6 +5,7 @@
 
 #include "ShapeCalls.h"
 #include "SurfaceTest.h"
+#include <tests/support/Twins.h>
 
 using namespace TZObjects;
 
@@ -256,6 +257,39 @@ TEST_F(HostileImagesTest, OnesThatCannotBeDrawnAreBlitted)
         target->StretchBlt(TXRect(0, 9, 0, 9), source.get(), TXRect(0, 20, 0, 20));
     }
     EXPECT_TRUE(PaintsOn(*target, *target->GetImage()));
+}
+
+TEST_F(HostileImagesTest, IndicesBeyondTheColoursAreTransparentInBlitsAndTextures)
+{
+    const TXRefPtr<TXImage> image = TestEngine().NewImage();
+    image->CreateImage(20, 20, TXImage::Format_Indexed8);
+    QImage& indices = PixelsOf(*image);
+    for (int y = 0; y < 20; ++y)
+        for (int x = 0; x < 20; ++x)
+            indices.scanLine(y)[x] = static_cast<uchar>((x + y) % 3 == 0 ? 1 : 200 + x);
+    indices.setColorTable({0xff102030u, 0xff506070u});
+    QImage looks = indices.copy();
+    looks.setColorTable(QVector<QRgb>(256, 0u));
+    looks.setColor(1, 0xff506070u);
+
+    const TXRefPtr<TXGraphics> source = TestEngine().NewGraphics();
+    source->SelectImage(image);
+    Twins blitted;
+    EXPECT_TRUE(source->BiltTo(&blitted.Surface(), 5, 7));
+    blitted.Direct().drawImage(5, 7, looks);
+    EXPECT_TRUE(blitted.SameWithState());
+
+    const TXRefPtr<TXBrush> brush = TestEngine().NewBrush();
+    brush->Create(TXColor::RED_, TXBrush::SolidBrush);
+    brush->SetTextureImage(image);
+    Twins filled;
+    filled.Surface().SelectBrush(brush);
+    EXPECT_TRUE(filled.Surface().Rectangle(10, 10, 60, 50));
+    QBrush direct(Qt::red);
+    direct.setTextureImage(looks);
+    filled.Direct().setBrush(direct);
+    filled.Direct().drawRect(10, 10, 60, 50);
+    EXPECT_TRUE(filled.Same());
 }
 
 TEST_F(HostileImagesTest, BlittedOntoItself)
