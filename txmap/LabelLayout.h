@@ -15,6 +15,8 @@
 namespace TZObjects
 {
 
+class FrameShape;
+
 /// How a label is written.
 struct LabelLook
 {
@@ -49,6 +51,8 @@ struct LabelScene
     LabelStyle style;        ///< In pixels of this picture.
     double markerRadius = 0; ///< Of the places' markers, outlines included.
     TextPath path = TextPath::Qt;
+    const FrameShape* outline = nullptr; ///< What lies in the frame and is visible; null for all of it.
+    std::vector<TXRect> taken;           ///< Where neither a label nor a named place may lie.
 };
 
 /// A place in the array of its layer.

@@ -134,17 +134,10 @@ void LabelPainter::DrawPlain(const PlacedLabel& label)
 void LabelPainter::DrawRich(const PlacedLabel& label)
 {
     // Outlined text is drawn without its formatting, so the halo is made of the label itself, moved about.
-    constexpr double kTurn = 6.283185307179586;
-    constexpr int kDirections = 16;
-    const double halo = label.look.halo.width;
-    for (int i = 0; i < kDirections && halo > 0.0; ++i)
-    {
-        const double angle = kTurn * i / kDirections;
-        DrawLetters(label.text.text, label.look,
-                    {label.box.left + halo * std::cos(angle), label.box.top + halo * std::sin(angle)},
-                    label.look.halo.color);
-    }
-    DrawLetters(label.text.text, label.look, TopLeft(label), label.look.color);
+    const TXPoint topLeft = TopLeft(label);
+    for (const TXPoint& moved : HaloCopies(label.look.halo.width))
+        DrawLetters(label.text.text, label.look, {topLeft.x + moved.x, topLeft.y + moved.y}, label.look.halo.color);
+    DrawLetters(label.text.text, label.look, topLeft, label.look.color);
 }
 
 void LabelPainter::DrawRuns(const PlacedLabel& label)

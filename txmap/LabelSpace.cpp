@@ -4,6 +4,8 @@
 #include <tuple>
 #include <utility>
 
+#include <txmap/FrameShape.h>
+
 namespace TZObjects
 {
 namespace
@@ -59,16 +61,21 @@ std::vector<TXRect> BoxesBeside(const TXRect& inner, const LabelExtent& extent, 
 }
 
 LabelSpace::LabelSpace(const std::vector<MapLayer>& layers, const LabelScene& scene)
-    : padding((std::max(scene.style.countryHalo.width, scene.style.placeHalo.width) + kGap) / 2.0),
+    : scene(scene), padding((std::max(scene.style.countryHalo.width, scene.style.placeHalo.width) + kGap) / 2.0),
       all(Grown(scene.frame, -padding)), lasting(Grown(scene.frame, -padding))
 {
+    for (const TXRect& box : scene.taken)
+    {
+        all.Block(box);
+        lasting.Block(box);
+    }
     for (std::size_t i = 0; i < layers.size(); ++i)
-        AddTowns(layers[i], i, scene);
+        AddTowns(layers[i], i);
     std::stable_sort(towns.begin(), towns.end(),
                      [](const Town& a, const Town& b) { return Importance(*a.name) < Importance(*b.name); });
 }
 
-void LabelSpace::AddTowns(const MapLayer& layer, std::size_t number, const LabelScene& scene)
+void LabelSpace::AddTowns(const MapLayer& layer, std::size_t number)
 {
     std::vector<const FeatureName*> names(layer.places.size());
     for (const NamedFeature& feature : layer.placeNames)
@@ -77,20 +84,35 @@ void LabelSpace::AddTowns(const MapLayer& layer, std::size_t number, const Label
     {
         const double size = 2.0 * scene.markerRadius;
         const TXRect marker = CentredBox(layer.places[i], {size, size});
-        all.Block(Grown(marker, padding));
         LabelText text = names[i] ? MakeLabelText(names[i]->text, scene.path) : LabelText();
-        if (text.text.isEmpty())
+        const bool isNamed = !text.text.isEmpty();
+        if (isNamed && !IsVisible(marker))
+        {
+            layout.leftOut.push_back({number, i});
+            continue;
+        }
+        all.Block(Grown(marker, padding));
+        if (!isNamed)
             lasting.Block(Grown(marker, padding));
         else if (Holds(scene.frame, layer.places[i]))
             towns.push_back({{number, i}, names[i], std::move(text), marker});
     }
 }
 
+bool LabelSpace::IsVisible(const TXRect& marker) const
+{
+    const bool isTaken =
+        std::any_of(scene.taken.begin(), scene.taken.end(), [&](const TXRect& box) { return !box.Disjoint(marker); });
+    return !isTaken && (!scene.outline || scene.outline->Contains(marker));
+}
+
 double LabelSpace::Distance() const { return 2.0 * padding + kTouching; }
 
 bool LabelSpace::IsFree(const TXRect& box, Markers markers) const
 {
-    return (markers == Markers::Avoid ? all : lasting).IsFree(Grown(box, padding));
+    const TXRect room = Grown(box, padding);
+    return (markers == Markers::Avoid ? all : lasting).IsFree(room) &&
+           (!scene.outline || scene.outline->Contains(room));
 }
 
 bool LabelSpace::IsCovered(const Town& town, const TXRect& box) const

@@ -51,8 +51,10 @@ public:
 
 private:
     bool IsCovered(const Town& town, const TXRect& box) const;
-    void AddTowns(const MapLayer& layer, std::size_t number, const LabelScene& scene);
+    void AddTowns(const MapLayer& layer, std::size_t number);
+    bool IsVisible(const TXRect& marker) const;
 
+    const LabelScene& scene;
     double padding;      ///< Around every label and marker, so that no halo reaches its neighbour.
     LabelPlacer all;     ///< Labels and markers.
     LabelPlacer lasting; ///< The same without the markers of waiting towns.

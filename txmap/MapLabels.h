@@ -1,9 +1,9 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
+#include <txmap/FaceChoice.h>
 #include <txmap/LabelLayout.h>
 #include <txmap/LabelOptions.h>
 #include <txmap/LabelPainter.h>
@@ -12,8 +12,17 @@
 namespace TZObjects
 {
 
+class FrameShape;
 class MapRenderer;
 class TXGraphicsEngine;
+
+/// What else there is on a map that has names.
+struct LabelSurroundings
+{
+    double markerReach = 0.0;            ///< How far the symbols of places reach from these, in pixels.
+    const FrameShape* outline = nullptr; ///< What the map is cut to; null for nothing.
+    std::vector<TXRect> taken;           ///< Where no name may lie.
+};
 
 /// The names on a map.
 class MapLabels
@@ -26,30 +35,24 @@ public:
 
     /// Finds room for the names of countries and places, and takes those places out of the layers that have no room for
     /// theirs: a map shows a town with its name or not at all.
-    void LayOut(std::vector<MapLayer>& layers);
+    void LayOut(std::vector<MapLayer>& layers, const LabelSurroundings& surroundings);
     /// Draws them on the map, which must be drawn before.
     void Draw();
     /// Which characters of the drawn labels cannot be drawn, as no font has them, or not the one that cairo takes;
     /// empty when all is well.
     std::string CharacterProblem() const;
     /// That the face asked for is not installed, and which one is used instead; empty when all is well.
-    const std::string& FontProblem() const { return fontProblem; }
+    const std::string& FontProblem() const { return choice.problem; }
 
 private:
     const MapRenderer& renderer;
     LabelOptions options;
-    std::string fontProblem;
-    std::string face;
+    FaceChoice choice;
     LabelPainter painter;
     std::vector<PlacedLabel> labels;
 };
 
 /// The message for names that no layer has.
 std::string MissingNames(const LabelOptions& options);
-
-/// The message about those characters of texts that @p hasCharacter denies, each named once; empty for none.
-/// @param begin how the message begins.
-std::string MissingCharacters(const std::vector<std::wstring>& texts, const std::function<bool(char32_t)>& hasCharacter,
-                              const std::string& begin = "no installed font has");
 
 } // namespace TZObjects

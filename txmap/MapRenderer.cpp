@@ -6,7 +6,11 @@
 #include <txgraphics/TXGraphicsEngine.h>
 #include <txgraphics/TXImage.h>
 #include <txgraphics/TXLinearGradient.h>
+#include <txmap/DrawingTools.h>
 #include <txmap/Failure.h>
+#include <txmap/FrameShape.h>
+#include <txmap/PlacePainter.h>
+#include <txmap/Raster.h>
 
 namespace TZObjects
 {
@@ -20,21 +24,8 @@ constexpr double kSmallestUnit = 0.5;
 
 // Along a pale band, corners closer together than this part of its width cannot be told apart.
 constexpr double kBandCorner = 0.125;
-
-/// A circle as a closed ring: the surface's own ellipses have whole pixels as centre, which is too coarse for places.
-std::vector<TXPoint> Circle(const TXPoint& centre, double radius)
-{
-    constexpr int kCorners = 24;
-    constexpr double kTurn = 6.283185307179586;
-    std::vector<TXPoint> ring;
-    ring.reserve(kCorners);
-    for (int i = 0; i < kCorners; ++i)
-    {
-        const double angle = kTurn * i / kCorners;
-        ring.emplace_back(centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle));
-    }
-    return ring;
-}
+// The clip has its corners at whole pixels, so its edge is up to this far from the frame, on both sides of it.
+constexpr double kNarrowestFrame = 2.0;
 
 bool IsLand(const MapLayer& layer) { return layer.role != LayerRole::Lakes; }
 
@@ -55,41 +46,73 @@ MapRenderer::MapRenderer(TXGraphicsEngine& engine, const View& view, const Style
 
 bool MapRenderer::Save(const std::string& path) { return surface->Save(path.c_str()); }
 
-void MapRenderer::Require(bool drawn)
-{
-    if (!drawn)
-        throw Failure(ExitCode::Drawing, "the plugin refused to draw");
-}
-
 TXRefPtr<TXPen> MapRenderer::MakePen(const Stroke& stroke) const
 {
-    TXRefPtr<TXPen> pen(engine.NewPen());
-    Require(pen && pen->Create(TXPen::SolidLine, stroke.width * unit, stroke.color, TXPen::RoundCap, TXPen::RoundJoin));
-    return pen;
-}
-
-TXRefPtr<TXBrush> MapRenderer::MakeBrush(const TXColor& color) const
-{
-    TXRefPtr<TXBrush> brush(engine.NewBrush());
-    Require(brush && brush->Create(color, TXBrush::SolidBrush));
-    return brush;
+    return SolidPen(engine, stroke.color, stroke.width * unit);
 }
 
 void MapRenderer::Use(const Stroke& stroke) { surface->SelectPen(MakePen(stroke)); }
-void MapRenderer::Use(const TXColor& fill) { surface->SelectBrush(MakeBrush(fill)); }
 
-void MapRenderer::Draw(const std::vector<MapLayer>& layers, const std::vector<GraticuleLine>& graticule)
+void MapRenderer::Draw(const MapContent& content)
 {
+    if (content.frame)
+        ClipTo(*content.frame);
     DrawSea();
-    DrawShores(layers);
-    for (const MapLayer& layer : layers)
+    DrawShores(content.layers);
+    for (const MapLayer& layer : content.layers)
         DrawAreas(layer);
-    DrawGraticule(graticule);
-    for (const MapLayer& layer : layers)
+    if (content.raster)
+    {
+        DrawRaster(*content.raster, content.rasterOpacity);
+        for (const MapLayer& layer : content.layers)
+            DrawOutlines(layer);
+    }
+    DrawGraticule(content.graticule);
+    for (const MapLayer& layer : content.layers)
         DrawLines(layer);
-    for (const MapLayer& layer : layers)
-        DrawPlaces(layer);
+    for (const MapLayer& layer : content.layers)
+        content.places.Draw(engine, *surface, layer.places);
     DrawMargins();
+}
+
+void MapRenderer::ClipTo(const FrameShape& frame)
+{
+    RequireDrawn(surface->ClearWithColor(style.paper));
+    surface->SetClipRegion(frame.Points().data(), frame.Counts().data(), static_cast<int>(frame.Counts().size()), false,
+                           style.paper);
+}
+
+double MapRenderer::FrameWidth() const { return std::max(kNarrowestFrame, style.frame.width * unit); }
+
+void MapRenderer::DrawFrame(const FrameShape& frame)
+{
+    surface->RestoreClipRegion();
+    surface->SelectPen(SolidPen(engine, style.frame.color, FrameWidth()));
+    RequireDrawn(
+        surface->PolyPolyline(frame.Points().data(), frame.Counts().data(), static_cast<int>(frame.Counts().size())));
+}
+
+void MapRenderer::DrawRaster(Raster& raster, double opacity)
+{
+    const TXRefPtr<TXImage> image(engine.NewImage());
+    RequireDrawn(image && image->CreateImage(reinterpret_cast<unsigned char*>(raster.pixels.data()), raster.size.width,
+                                             raster.size.height, TXImage::Format_ARGB32));
+    RequireDrawn(surface->DrawImage(image.get(), opacity));
+}
+
+void MapRenderer::DrawOutlines(const MapLayer& layer)
+{
+    if (layer.ringSizes.empty())
+        return;
+    const auto draw = [&](const Stroke& stroke)
+    {
+        Use(stroke);
+        RequireDrawn(surface->PolyPolyline(layer.areaPoints.data(), layer.ringSizes.data(),
+                                           static_cast<int>(layer.ringSizes.size())));
+    };
+    if (IsLand(layer))
+        draw(style.overRaster);
+    draw(IsLand(layer) ? style.outline : style.lakeShore);
 }
 
 void MapRenderer::DrawMargins()
@@ -100,7 +123,7 @@ void MapRenderer::DrawMargins()
     for (const TXRect& margin : {TXRect(0.0, width, 0.0, frame.top), TXRect(0.0, width, frame.bottom, height),
                                  TXRect(0.0, frame.left, 0.0, height), TXRect(frame.right, width, 0.0, height)})
         if (margin.Width() > 0.0 && margin.Height() > 0.0)
-            Require(surface->fillRect(margin, style.paper));
+            RequireDrawn(surface->fillRect(margin, style.paper));
 }
 
 void MapRenderer::DrawSea()
@@ -113,11 +136,11 @@ void MapRenderer::DrawSea()
     const TXPoint north = view.ToPixel(box.west, 85.0);
     const TXPoint south = view.ToPixel(box.west, -85.0);
     TXRefPtr<TXLinearGradient> gradient(engine.NewLinearGradient(equator.x, north.y, equator.x, south.y));
-    Require(gradient.get() != nullptr);
+    RequireDrawn(gradient.get() != nullptr);
     gradient->SetColorAt(0.0, style.oceanAtPoles);
     gradient->SetColorAt(0.5, style.oceanAtEquator);
     gradient->SetColorAt(1.0, style.oceanAtPoles);
-    Require(surface->FillRect(frame, gradient.get()));
+    RequireDrawn(surface->FillRect(frame, gradient.get()));
 }
 
 void MapRenderer::DrawShores(const std::vector<MapLayer>& layers)
@@ -151,10 +174,10 @@ void MapRenderer::DrawBand(const MapLayer& layer, double width)
             piece.push_back(point[i]);
             if (piece.size() < kPiece)
                 continue;
-            Require(surface->Polyline(piece.data(), static_cast<int>(piece.size())));
+            RequireDrawn(surface->Polyline(piece.data(), static_cast<int>(piece.size())));
             piece.assign(1, point[i]);
         }
-        Require(surface->Polyline(piece.data(), static_cast<int>(piece.size())));
+        RequireDrawn(surface->Polyline(piece.data(), static_cast<int>(piece.size())));
         point += size;
     }
 }
@@ -165,13 +188,13 @@ void MapRenderer::DrawAreas(const MapLayer& layer)
         return;
     std::vector<TXRefPtr<TXBrush>> brushes;
     for (int category = 0; category <= style.Categories(); ++category)
-        brushes.push_back(MakeBrush(IsLand(layer) ? style.Fill(category) : style.lake));
+        brushes.push_back(SolidBrush(engine, IsLand(layer) ? style.Fill(category) : style.lake));
     Use(IsLand(layer) ? style.outline : style.lakeShore);
     for (const Area& area : layer.areas)
     {
         surface->SelectBrush(brushes[static_cast<std::size_t>(area.category)]);
-        Require(surface->PolyPolygon(layer.areaPoints.data() + area.firstPoint, layer.ringSizes.data() + area.firstRing,
-                                     area.rings));
+        RequireDrawn(surface->PolyPolygon(layer.areaPoints.data() + area.firstPoint,
+                                          layer.ringSizes.data() + area.firstRing, area.rings));
     }
 }
 
@@ -181,20 +204,7 @@ void MapRenderer::DrawLines(const MapLayer& layer)
         return;
     Use(layer.role == LayerRole::Borders ? style.border : style.river);
     for (const Line& line : layer.lines)
-        Require(surface->Polyline(layer.linePoints.data() + line.firstPoint, line.count));
-}
-
-void MapRenderer::DrawPlaces(const MapLayer& layer)
-{
-    if (layer.places.empty())
-        return;
-    Use(style.placeRing);
-    Use(style.placeFill);
-    for (const TXPoint& place : layer.places)
-    {
-        const std::vector<TXPoint> circle = Circle(place, style.placeRadius * unit);
-        Require(surface->Polygon(circle.data(), static_cast<int>(circle.size())));
-    }
+        RequireDrawn(surface->Polyline(layer.linePoints.data() + line.firstPoint, line.count));
 }
 
 void MapRenderer::DrawGraticule(const std::vector<GraticuleLine>& graticule)
@@ -206,7 +216,7 @@ void MapRenderer::DrawGraticule(const std::vector<GraticuleLine>& graticule)
     for (const GraticuleLine& line : graticule)
     {
         const TXPoint ends[] = {line.from, line.to};
-        Require(surface->Polyline(ends, 2));
+        RequireDrawn(surface->Polyline(ends, 2));
     }
 }
 

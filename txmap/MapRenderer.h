@@ -4,7 +4,6 @@
 #include <vector>
 
 #include <txbase/TXRefPtr.h>
-#include <txgraphics/TXBrush.h>
 #include <txgraphics/TXGraphics.h>
 #include <txgraphics/TXPen.h>
 #include <txmap/Graticule.h>
@@ -15,7 +14,21 @@
 namespace TZObjects
 {
 
+class FrameShape;
+class PlacePainter;
 class TXGraphicsEngine;
+struct Raster;
+
+/// What there is to draw on a map.
+struct MapContent
+{
+    const std::vector<MapLayer>& layers;
+    const std::vector<GraticuleLine>& graticule;
+    const PlacePainter& places;
+    const FrameShape* frame = nullptr; ///< What the map is cut to; null for nothing.
+    Raster* raster = nullptr;          ///< What lies over the areas and under the lines; null for nothing.
+    double rasterOpacity = 1.0;
+};
 
 /// Draws a map on a surface of its own, through the drawing interfaces alone.
 ///
@@ -27,8 +40,13 @@ public:
     MapRenderer(TXGraphicsEngine& engine, const View& view, const Style& style);
 
     /// Draws the sea, then the areas, lines and places of all layers in their order, the graticule above the areas, and
-    /// last the margins, over whatever reached beyond the world.
-    void Draw(const std::vector<MapLayer>& layers, const std::vector<GraticuleLine>& graticule);
+    /// last the margins, over whatever reached beyond the world. A raster lies above sea and areas, and these have
+    /// their outlines above it once more. With a frame the surface stays clipped to it, until `DrawFrame`.
+    void Draw(const MapContent& content);
+    /// Lifts the clip, and draws the outline of the frame over the edge of the map.
+    void DrawFrame(const FrameShape& frame);
+    /// How wide that outline is, in pixels.
+    double FrameWidth() const;
     /// Writes the picture to a file; the suffix names the format. @return false when it cannot be written.
     bool Save(const std::string& path);
     /// What the map is drawn on.
@@ -44,15 +62,14 @@ private:
     void DrawBand(const MapLayer& layer, double width);
     void DrawAreas(const MapLayer& layer);
     void DrawLines(const MapLayer& layer);
-    void DrawPlaces(const MapLayer& layer);
+    void ClipTo(const FrameShape& frame);
+    void DrawRaster(Raster& raster, double opacity);
+    void DrawOutlines(const MapLayer& layer);
     void DrawGraticule(const std::vector<GraticuleLine>& graticule);
     void DrawMargins();
 
     TXRefPtr<TXPen> MakePen(const Stroke& stroke) const;
-    TXRefPtr<TXBrush> MakeBrush(const TXColor& color) const;
     void Use(const Stroke& stroke);
-    void Use(const TXColor& fill);
-    static void Require(bool drawn);
 
     TXGraphicsEngine& engine;
     const View& view;

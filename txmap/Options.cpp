@@ -68,6 +68,7 @@ struct RawOptions
     std::vector<std::string> inputs, countries, lakes, borders, lines;
     std::string output = "map.png", size, crs = "EPSG:4326", box, graticule, colorBy, plugin = "txpluginqt";
     std::string labelField, labelSize, labelHalo, labelFont, textPath;
+    std::string symbol, symbolSize, raster, rasterOpacity, frame, northArrow;
     bool version = false, listPlugins = false, labels = false;
 };
 
@@ -92,6 +93,31 @@ void DeclareLabels(CLI::App& app, RawOptions& raw)
                    "What draws the names: qt (default), or cairo, which formats nothing and takes no other face for "
                    "characters that one lacks")
         ->type_name("qt|cairo");
+}
+
+void DeclareOrnaments(CLI::App& app, RawOptions& raw)
+{
+    app.add_option("--raster", raw.raster,
+                   "A georeferenced raster that GDAL reads, drawn over sea and areas and under all lines, points and "
+                   "names; where it has no data, or is translucent, the map shows")
+        ->type_name("FILE");
+    app.add_option("--raster-opacity", raw.rasterOpacity, "From 0, invisible, to 1 (default), as it is")
+        ->type_name("NUMBER");
+    app.add_option("--symbol", raw.symbol,
+                   "What stands for a place: circle (default), square, triangle, star, cross, diamond, or a character "
+                   "of a symbol font, such as 'font:DejaVu Sans:U+2605'")
+        ->type_name("NAME|font:FACE:CHARACTER[:SIZE]");
+    app.add_option("--symbol-size", raw.symbolSize,
+                   "The longer side of the symbol, or the size of its font, in pixels (default: suits the picture)")
+        ->type_name("PIXELS");
+    app.add_option("--frame", raw.frame,
+                   "What to cut the map to: rounded corners, a polygon in pixels such as '10,10 90,10 50,80', or the "
+                   "areas of vector data")
+        ->type_name("rounded[:RADIUS]|CORNERS|FILE[#LAYER]");
+    app.add_option("--north-arrow", raw.northArrow,
+                   "An arrow to the north in a corner, top-right, top-left, bottom-right or bottom-left, turned "
+                   "clockwise by an angle in degrees")
+        ->type_name("CORNER[:ANGLE]");
 }
 
 void Declare(CLI::App& app, RawOptions& raw)
@@ -124,6 +150,7 @@ void Declare(CLI::App& app, RawOptions& raw)
                    "The attribute whose values colour the countries (default: mapcolor or a like one, else a name)")
         ->type_name("FIELD");
     DeclareLabels(app, raw);
+    DeclareOrnaments(app, raw);
     app.add_option("--plugin", raw.plugin, "The drawing plugin, by path or by name (default txpluginqt)")
         ->type_name("PATH|NAME");
     app.add_flag("--list-plugins", raw.listPlugins, "List the drawing plugins that can be loaded");
@@ -133,8 +160,10 @@ void Declare(CLI::App& app, RawOptions& raw)
 /// An empty value would read as an option that was not given.
 void RefuseEmptyValues(const CLI::App& app)
 {
-    for (const char* const option : {"--output", "--size", "--crs", "--bbox", "--graticule", "--color-by", "--plugin",
-                                     "--label-field", "--label-size", "--label-halo", "--label-font", "--text"})
+    for (const char* const option :
+         {"--output", "--size", "--crs", "--bbox", "--graticule", "--color-by", "--plugin", "--label-field",
+          "--label-size", "--label-halo", "--label-font", "--text", "--symbol", "--symbol-size", "--raster",
+          "--raster-opacity", "--frame", "--north-arrow"})
         if (app.count(option) > 0 && app.get_option(option)->as<std::string>().empty())
             Refuse(option, "''", "must not be empty");
 }
@@ -155,6 +184,27 @@ LabelOptions InterpretLabels(const RawOptions& raw)
     return labels;
 }
 
+PlaceSymbol InterpretSymbol(const RawOptions& raw)
+{
+    PlaceSymbol symbol = raw.symbol.empty() ? PlaceSymbol() : ParseSymbol(raw.symbol);
+    if (raw.symbolSize.empty())
+        return symbol;
+    if (symbol.size)
+        Refuse("--symbol-size", raw.symbolSize, "--symbol has a size already");
+    symbol.size = ParseSymbolSize(raw.symbolSize);
+    return symbol;
+}
+
+std::optional<RasterRequest> InterpretRaster(const RawOptions& raw)
+{
+    const double opacity = raw.rasterOpacity.empty() ? 1.0 : ParseRasterOpacity(raw.rasterOpacity);
+    if (!raw.raster.empty())
+        return RasterRequest{raw.raster, opacity};
+    if (!raw.rasterOpacity.empty())
+        Refuse("--raster-opacity", raw.rasterOpacity, "there is no --raster");
+    return std::nullopt;
+}
+
 Options Interpret(const RawOptions& raw)
 {
     Options options;
@@ -168,8 +218,9 @@ Options Interpret(const RawOptions& raw)
     add(raw.lakes, LayerRole::Lakes);
     add(raw.borders, LayerRole::Borders);
     add(raw.lines, LayerRole::Lines);
-    if (options.layers.empty())
-        throw Failure(ExitCode::Usage, "no input: name a file of vector data, or see txmap --help");
+    options.raster = InterpretRaster(raw);
+    if (options.layers.empty() && !options.raster)
+        throw Failure(ExitCode::Usage, "no input: name a file of vector data, or a --raster; see txmap --help");
 
     const std::optional<Projection> projection = Projection::FromName(raw.crs);
     if (!projection)
@@ -184,6 +235,11 @@ Options Interpret(const RawOptions& raw)
     options.output = raw.output;
     options.colorBy = raw.colorBy;
     options.labels = InterpretLabels(raw);
+    options.symbol = InterpretSymbol(raw);
+    if (!raw.frame.empty())
+        options.frame = ParseFrame(raw.frame);
+    if (!raw.northArrow.empty())
+        options.arrow = ParseNorthArrow(raw.northArrow);
     options.plugin = raw.plugin;
     return options;
 }

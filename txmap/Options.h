@@ -4,8 +4,12 @@
 #include <string>
 #include <vector>
 
+#include <txmap/FrameOptions.h>
 #include <txmap/LabelOptions.h>
+#include <txmap/NorthArrow.h>
+#include <txmap/PlaceSymbol.h>
 #include <txmap/Projection.h>
+#include <txmap/Raster.h>
 #include <txmap/View.h>
 
 namespace TZObjects
@@ -49,6 +53,10 @@ struct Options
     std::optional<double> graticule; ///< Degrees between lines, 0 for no lines; nothing for what suits the map.
     std::string colorBy;             ///< The attribute that colours the countries; empty for what the layer offers.
     LabelOptions labels;
+    PlaceSymbol symbol;
+    std::optional<RasterRequest> raster;
+    std::optional<FrameRequest> frame;
+    std::optional<ArrowRequest> arrow;
     std::string plugin = "txpluginqt";
 };
 

@@ -22,6 +22,8 @@ public:
     /// The spherical Mercator projection of web maps, in metres.
     static Projection WebMercator() { return Projection(true); }
 
+    /// The name of its coordinate system.
+    const char* Name() const { return mercator ? "EPSG:3857" : "EPSG:4326"; }
     /// Map coordinates (x to the right, y upward) of a place in degrees. Beyond the latitudes that a map shows, results
     /// stay finite and outside the map.
     TXPoint Forward(double longitude, double latitude) const;

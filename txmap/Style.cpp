@@ -29,7 +29,7 @@ Style AtlasStyle()
     style.graticuleDashes = {4.0, 4.0};
     style.placeFill = {120, 58, 52, 255};
     style.placeRing = {{255, 252, 246, 230}, 1.2};
-    style.placeRadius = 2.2;
+    style.placeRadius = 1.6;
     style.labels.size = 13.0;
     style.labels.smallest = 0.77;
     style.labels.largest = 1.7;
@@ -39,6 +39,9 @@ Style AtlasStyle()
     style.labels.place = {48, 48, 54, 255};
     style.labels.countryHalo = {1.5, {253, 249, 239, 255}};
     style.labels.placeHalo = {1.5, {253, 249, 239, 255}};
+    style.frame = {{98, 84, 74, 255}, 2.4};
+    style.overRaster = {{255, 250, 240, 110}, 2.6};
+    style.arrow = {{66, 56, 50, 255}, {255, 253, 247, 255}, {255, 252, 244, 190}};
     return style;
 }
 

@@ -29,6 +29,14 @@ struct LabelStyle
     LabelHalo placeHalo;
 };
 
+/// How a north arrow looks.
+struct ArrowStyle
+{
+    TXColor dark;
+    TXColor light;
+    TXColor glow; ///< Around it, so that it is readable over anything.
+};
+
 /// How the map looks.
 struct Style
 {
@@ -49,6 +57,9 @@ struct Style
     Stroke placeRing;
     double placeRadius = 0.0;
     LabelStyle labels;
+    Stroke frame;      ///< Around a map that is cut to a frame.
+    Stroke overRaster; ///< Below the outlines of land that lie over a raster, wider than these.
+    ArrowStyle arrow;
 
     /// The colour of a category from `CategoryOf`.
     const TXColor& Fill(int category) const

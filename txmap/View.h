@@ -63,6 +63,11 @@ public:
         const TXPoint place = projection.Forward(longitude, latitude);
         return {(place.x - origin.x) * scale, (origin.y - place.y) * scale};
     }
+    const Projection& MapProjection() const { return projection; }
+    /// The map coordinates of the picture's top left corner.
+    const TXPoint& Origin() const { return origin; }
+    /// Pixels for each unit of the map.
+    double Scale() const { return scale; }
     /// The part of the picture that the world covers, in whole pixels; the rest is margin.
     const TXRect& Frame() const { return frame; }
     /// The degrees that the frame shows. Its centre lies between -180 and 180.
@@ -78,8 +83,8 @@ private:
 
     Projection projection;
     PixelSize size;
-    TXPoint origin; ///< The map coordinates of the picture's top left corner.
-    double scale;   ///< Pixels for each unit of the map.
+    TXPoint origin;
+    double scale;
     TXRect frame;
     GeoBox visible;
     GeoBox clipBox;

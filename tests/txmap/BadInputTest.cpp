@@ -139,6 +139,38 @@ std::vector<Mistake> Mistakes()
         WrongOption("HaloOfAnUnknownColour", kUsage, {"--label-halo", "2:mud"}, "--label-halo"),
         WrongOption("NegativeHalo", kUsage, {"--label-halo", "-2:white"}, "--label-halo"),
         WrongOption("HaloOfWords", kUsage, {"--label-halo", "wide:white"}, "--label-halo"),
+        WrongOption("UnknownSymbol", kUsage, {"--symbol", "blob"}, "--symbol blob"),
+        WrongOption("SymbolOfNoCharacter", kUsage, {"--symbol", "font:DejaVu Sans:"}, "--symbol"),
+        WrongOption("SymbolBeyondSixteenBits", kUsage, {"--symbol", "font:DejaVu Sans:U+1F600"}, "--symbol"),
+        WrongOption("SymbolSizeOfZero", kUsage, {"--symbol-size", "0"}, "--symbol-size"),
+        WrongOption("SymbolSizeTwice", kUsage, {"--symbol", "font:DejaVu Sans:x:9", "--symbol-size", "9"},
+                    "--symbol-size"),
+        WrongOption("FrameOfTwoPoints", kUsage, {"--frame", "0,0 10,10"}, "--frame"),
+        WrongOption("FrameOfNaN", kUsage, {"--frame", "nan,0 10,10 5,5"}, "--frame"),
+        WrongOption("FrameThatIsALine", kUsage, {"--frame", "0,0 10,10 20,20"}, "--frame"),
+        WrongOption("FrameOutside", kUsage, {"--frame", "-9,-9 -5,-9 -5,-5"}, "--frame"),
+        WrongOption("NegativeRadius", kUsage, {"--frame", "rounded:-3"}, "--frame"),
+        WrongOption("MissingFrame", kData, {"--frame", "/no/frame.geojson"}, "--frame /no/frame.geojson"),
+        WrongOption("FrameOfPoints", kData, {"--frame", DataFile("places-110m.geojson")}, "--frame"),
+        WrongOption("ArrowInNoCorner", kUsage, {"--north-arrow", "middle"}, "--north-arrow middle"),
+        WrongOption("ArrowOfNoAngle", kUsage, {"--north-arrow", "top-right:up"}, "--north-arrow"),
+        WrongOption("MissingRaster", kData, {"--raster", "/no/raster.tif"}, "--raster /no/raster.tif"),
+        WrongOption("VectorsAsRaster", kData, {"--raster", DataFile("places-110m.geojson")}, "--raster"),
+        WrongOption("OpacityBeyondOne", kUsage, {"--raster", "r.tif", "--raster-opacity", "1.5"}, "--raster-opacity"),
+        WrongOption("OpacityOfNaN", kUsage, {"--raster", "r.tif", "--raster-opacity", "nan"}, "--raster-opacity"),
+        WrongOption("OpacityWithoutRaster", kUsage, {"--raster-opacity", "0.5"}, "--raster-opacity"),
+        {"RasterWithoutGeoreference", kData,
+         [](const TemporaryFolder& folder) {
+             return std::vector<std::string>{"--raster", WriteRaster(folder / "bare.tif")};
+         },
+         "bare.tif"},
+        {"CorruptRaster", kData,
+         [](const TemporaryFolder& folder)
+         {
+             const std::string start = Start(WriteRaster(folder / "whole.tif"), 60);
+             return std::vector<std::string>{"--raster", folder.Write("cut.tif", start)};
+         },
+         "cut.tif"},
         WrongOption("UnknownOption", kUsage, {"--sise", "10x10"}, "--sise"),
         {"NoInput", kUsage, [](const TemporaryFolder&) { return std::vector<std::string>{}; }, "input"},
         WrongOption("PluginThatIsNotThere", kPlugin, {"--plugin", "txpluginnone"}, "txpluginnone"),

@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <txmap/FrameShape.h>
 #include <txmap/GeometryReader.h>
 #include <txmap/LabelLayout.h>
 #include <txmap/VectorSource.h>
@@ -289,4 +290,47 @@ TEST(LabelLayout, IsTidyOverTheWorld)
         EXPECT_GT(layout.labels.size(), 100u);
         EXPECT_THAT(Names(layout), ::testing::IsSupersetOf({"Brazil", "China", "Australia", "Canada", "Algeria"}));
     }
+}
+
+TEST(LabelLayout, KeepsNamesInTheOutlineAndLeavesOutPlacesThatCrossIt)
+{
+    const FrameShape circle = FrameShape::RoundedRectangle({200, 600, 0, 400}, 200);
+    LabelScene scene = MakeScene();
+    scene.outline = &circle;
+    LayerMaker maker;
+    for (int i = 0; i < 20; ++i)
+        for (int k = 0; k < 10; ++k)
+            maker.Place("Town", 20.0 + 40.0 * i, 20.0 + 40.0 * k);
+    const LabelLayout layout = maker.LayOut(scene);
+    EXPECT_GT(layout.labels.size(), 40u);
+    for (const PlacedLabel& label : layout.labels)
+        EXPECT_TRUE(circle.Contains(WithHalo(label))) << label.box.left << ", " << label.box.top;
+    std::set<std::size_t> leftOut;
+    for (const LayerPlace& place : layout.leftOut)
+        leftOut.insert(place.place);
+    EXPECT_EQ(layout.labels.size() + leftOut.size(), 200u);
+    for (std::size_t i = 0; i < 200; ++i)
+    {
+        const double x = 20.0 + 40.0 * static_cast<double>(i / 10);
+        const double y = 20.0 + 40.0 * static_cast<double>(i % 10);
+        if (!circle.Contains({x - 3, x + 3, y - 3, y + 3}))
+        {
+            EXPECT_EQ(leftOut.count(i), 1u) << x << ", " << y;
+        }
+    }
+}
+
+TEST(LabelLayout, KeepsNamesAndPlacesOutOfWhatIsTaken)
+{
+    LabelScene scene = MakeScene();
+    scene.taken = {TXRect(300, 400, 100, 200)};
+    LayerMaker maker;
+    maker.Place("Under", 350, 150).Place("Cut", 302, 150).Place("Beside", 290, 150).Place("", 310, 110);
+    const LabelLayout layout = maker.LayOut(scene);
+    EXPECT_THAT(Names(layout), ElementsAre("Beside"));
+    EXPECT_FALSE(Overlap(WithHalo(layout.labels[0]), scene.taken[0]));
+    EXPECT_EQ(layout.leftOut.size(), 2u);
+    const LabelLayout country = LayerMaker().Country("Whole", {TXRect(310, 390, 110, 190)}).LayOut(scene);
+    for (const PlacedLabel& label : country.labels)
+        EXPECT_FALSE(Overlap(WithHalo(label), scene.taken[0]));
 }

@@ -112,6 +112,30 @@ TEST(LabelHalo, IsDrawnAroundFormattedLabelsToo)
               150);
 }
 
+TEST(LabelHalo, OfFormattedLabelsHasNoGapsHoweverWideItIs)
+{
+    const auto isRed = [](const Pixel& pixel) { return pixel[0] > 200 && pixel[1] < 60 && pixel[2] < 60; };
+    for (const int halo : {4, 12, 24})
+    {
+        const std::string name = "\"<ITA>Illi</ITA>\"";
+        const std::vector<std::string> size = {"--label-size", "40"};
+        const Picture red = DrawPlace(name, {size[0], size[1], "--label-halo", std::to_string(halo) + ":red"});
+        const Picture bare = DrawPlace("null");
+        // Along a row that crosses all letters, and along a column, the halo is one piece.
+        const Difference all = Compare(red, bare);
+        const int middle = all.top + all.height / 2;
+        int gaps = 0;
+        for (int x = all.left + halo / 2 + 8; x < all.left + all.width - 2; ++x)
+            gaps += Distance(red.At(x, middle), bare.At(x, middle)) <= 24;
+        EXPECT_EQ(gaps, 0) << halo;
+        int pixels = 0;
+        for (int y = all.top; y < all.top + all.height; ++y)
+            for (int x = all.left; x < all.left + all.width; ++x)
+                pixels += isRed(red.At(x, y));
+        EXPECT_GT(pixels, all.width * all.height / 3) << halo;
+    }
+}
+
 TEST(LabelSize, IsObeyed)
 {
     ExpectAbout(InkOf("\"Nairobi\"", {"--label-size", "40"}).width,

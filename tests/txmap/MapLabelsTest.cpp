@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <txmap/FaceChoice.h>
 #include <txmap/FontCatalog.h>
 #include <txmap/GeometryReader.h>
 #include <txmap/MapLabels.h>

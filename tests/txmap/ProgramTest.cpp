@@ -20,9 +20,10 @@ TEST(Help, NamesEveryOptionAndTheExitCodes)
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
     for (const char* const option :
-         {"--countries", "--lines", "--output", "--size", "--crs", "--bbox", "--color-by", "--plugin", "--graticule",
-          "--labels", "--label-field", "--label-size", "--label-halo", "--label-font", "--help", "--version",
-          "--list-plugins", "Exit codes"})
+         {"--countries",  "--lines",       "--output",    "--size",           "--crs",          "--bbox",
+          "--color-by",   "--plugin",      "--graticule", "--labels",         "--label-field",  "--label-size",
+          "--label-halo", "--label-font",  "--raster",    "--raster-opacity", "--symbol",       "--symbol-size",
+          "--frame",      "--north-arrow", "--help",      "--version",        "--list-plugins", "Exit codes"})
         EXPECT_THAT(run.output, HasSubstr(option));
 }
 
