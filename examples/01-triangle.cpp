@@ -30,5 +30,8 @@ int main(int argc, char** argv)
     surface->SelectBrush(brush);
     const TXPoint triangle[] = {{100, 500}, {400, 80}, {700, 500}};
     surface->Polygon(triangle, 3);
-    return surface->Save(argv[1]) ? 0 : 1;
+    if (surface->Save(argv[1]))
+        return 0;
+    std::cerr << "cannot write " << argv[1] << std::endl;
+    return 1;
 }

@@ -2,21 +2,18 @@
 // cairo on the right. Usage: gallery-labels PICTURE
 #include <functional>
 #include <iostream>
+#include <vector>
 
 #include <txgraphics/txgraphics.h>
+
+#include "gallery/Sheet.h"
 
 using namespace TZObjects;
 
 namespace
 {
 
-constexpr double kCellWidth = 380.0;
-constexpr double kCellHeight = 150.0;
-constexpr int kColumns = 4;
-constexpr int kRows = 5;
-
 const TXColor kInk(40, 50, 70, 255);
-const TXColor kPaper(250, 248, 242, 255);
 const TXColor kCell(168, 196, 196, 255);
 const TXColor kHalo(255, 250, 225, 255);
 
@@ -83,17 +80,7 @@ Cell Tags()
             }};
 }
 
-TXRefPtr<TXFont> NewFont(TXGraphicsEngine& engine, const char* name, int height)
-{
-    TXRefPtr<TXFont> font = engine.NewFont();
-    font->Create();
-    font->SetFontName(name);
-    font->SetFontHeight(height);
-    font->SetFontHaloColor(kHalo);
-    return font;
-}
-
-std::vector<Cell> Sheet()
+std::vector<Cell> Labels()
 {
     const auto left = TXGraphics::TextAlignLeft;
     const auto centre = TXGraphics::TextAlignHCenter;
@@ -131,36 +118,28 @@ std::vector<Cell> Sheet()
 
 int main(int argc, char** argv)
 {
-    TXGraphicsEngineManager* const manager = TXGraphicsEngineManager::instance("");
-    manager->SetDefaultImageFormat(TXImage::Format_ARGB32_Premultiplied);
-    TXString error;
-    const TXRefPtr<TXGraphicsEngine> engine = argc == 2 ? manager->LoadPlugin("txpluginqt", &error) : nullptr;
+    if (argc != 2)
+    {
+        std::cerr << "usage: gallery-labels PICTURE" << std::endl;
+        return 2;
+    }
+    const TXRefPtr<TXGraphicsEngine> engine = gallery::LoadEngine();
     if (!engine)
-    {
-        std::cerr << (argc == 2 ? error.toUTF8() : "usage: gallery-labels PICTURE") << std::endl;
-        return argc == 2 ? 3 : 2;
-    }
+        return 3;
 
-    const TXRefPtr<TXGraphics> surface = engine->NewGraphics();
-    surface->CreateCompatibleGraphics(static_cast<int>(kColumns * kCellWidth), static_cast<int>(kRows * kCellHeight));
-    surface->ClearWithColor(kPaper);
-    int number = 0;
-    for (const Cell& cell : Sheet())
+    gallery::Sheet sheet(*engine, {4, 5, 380, 150, kCell});
+    TXGraphics& surface = sheet.Surface();
+    for (const Cell& cell : Labels())
     {
-        const double x = number % kColumns * kCellWidth;
-        const double y = number / kColumns * kCellHeight;
-        ++number;
-        surface->fillRect(TXRect(x + 4.0, x + kCellWidth - 4.0, y + 4.0, y + kCellHeight - 4.0), kCell);
-        surface->SelectFont(NewFont(*engine, "DejaVu Sans", 12));
-        surface->DrawString(x + 12.0, y + 10.0, TXGraphics::TextAlignTop, TXGraphics::TextAlignLeft, cell.caption, 0.0,
-                            0.0, 1.0);
-        const TXRefPtr<TXFont> font = NewFont(*engine, "DejaVu Sans", 20);
+        const TXPoint corner = sheet.AddCard(cell.caption);
+        const TXRefPtr<TXFont> font = gallery::NewFont(*engine, "DejaVu Sans", 20);
+        font->SetFontHaloColor(kHalo);
         cell.set(*font);
-        surface->SelectFont(font);
-        cell.draw(*surface, x + 24.0, y + 48.0);
-        surface->EnableCairoDrawing(true);
-        cell.draw(*surface, x + 210.0, y + 48.0);
-        surface->EnableCairoDrawing(false);
+        surface.SelectFont(font);
+        cell.draw(surface, corner.x + 24.0, corner.y + 48.0);
+        surface.EnableCairoDrawing(true);
+        cell.draw(surface, corner.x + 210.0, corner.y + 48.0);
+        surface.EnableCairoDrawing(false);
     }
-    return surface->Save(argv[1]) ? 0 : 1;
+    return sheet.Save(argv[1]) ? 0 : 1;
 }
