@@ -1,0 +1,112 @@
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include <tests/txpluginqt/graphics/RandomCases.h>
+#include <tests/txpluginqt/graphics/Rings.h>
+
+#include "World.h"
+
+/// One step of a walk: an operation with its arguments, made on one of the surfaces. Steps do not depend on each other,
+/// so that any of them can be left out.
+struct Step
+{
+    const char* name;
+    /// Makes it on both sides. @return what differs in the answers.
+    std::function<std::optional<std::string>(World&)> run;
+    std::function<std::string()> describe;
+};
+
+/// A row of the table of operations.
+struct Operation
+{
+    const char* name;
+    int weight; ///< How often it is chosen, in relation to the others.
+    std::function<Step(Random&, int surface)> make;
+};
+
+/// A row whose @p generate makes a tuple of arguments, and whose @p call makes the call with a side and these. The call
+/// is written once: the model's operations have the same names and arguments.
+/// @param applies when given, says whether the operation may be made now.
+template <class Generate, class Call>
+Operation Row(const char* name, int weight, Generate generate, Call call,
+              bool (*applies)(const ModelSurface&) = nullptr)
+{
+    const auto make = [=](Random& random, int surface)
+    {
+        const auto arguments = generate(random);
+        const auto run = [=](World& world) -> std::optional<std::string>
+        {
+            if (applies && !applies(world.Model(surface)))
+                return std::nullopt;
+            return world.Apply(
+                surface, [&](auto& side)
+                { return std::apply([&](const auto&... argument) { return call(side, argument...); }, arguments); });
+        };
+        const auto describe = [=]
+        { return "surface " + std::to_string(surface) + ": " + name + ::testing::PrintToString(arguments); };
+        return Step{name, run, describe};
+    };
+    return {name, weight, make};
+}
+
+/// A row whose call needs nothing of a side but the surface.
+template <class Generate, class Call>
+Operation SurfaceRow(const char* name, int weight, Generate generate, Call call)
+{
+    return Row(name, weight, generate,
+               [=](auto& side, const auto&... argument) { return call(side.Surface(), argument...); });
+}
+
+/// For operations without arguments.
+inline std::tuple<> Nothing(Random&) { return {}; }
+
+template <class T>
+T OneOf(Random& random, std::initializer_list<T> values)
+{
+    return *(values.begin() + random.Int(0, static_cast<int>(values.size()) - 1));
+}
+
+/// Makes one tuple of the tuples of several generators, in this order.
+template <class First, class... Rest>
+auto Joined(First first, Rest... rest)
+{
+    return [=](Random& random)
+    {
+        auto head = first(random);
+        if constexpr (sizeof...(rest) == 0)
+            return head;
+        else
+            return std::tuple_cat(std::move(head), Joined(rest...)(random));
+    };
+}
+
+/// A rectangle on or near the surface, of any size.
+TZObjects::TXRect SomeRect(Random& random);
+
+// The table, by topic.
+std::vector<Operation> StateOperations();
+std::vector<Operation> LifeOperations();
+std::vector<Operation> ResourceOperations();
+std::vector<Operation> ShapeOperations();
+std::vector<Operation> PathOperations();
+std::vector<Operation> ClipOperations();
+std::vector<Operation> MarkerOperations();
+std::vector<Operation> LabelOperations();
+std::vector<Operation> ImageOperations();
+
+// How arguments are printed.
+namespace TZObjects
+{
+void PrintTo(const TXPoint& point, std::ostream* out);
+void PrintTo(const TXRect& rect, std::ostream* out);
+void PrintTo(const TXColor& color, std::ostream* out);
+void PrintTo(const TXString& text, std::ostream* out);
+void PrintTo(const TXGraphics::stGradientParams& gradient, std::ostream* out);
+} // namespace TZObjects
+void PrintTo(const Rings& rings, std::ostream* out);

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Operations.h"
+
+/// A sequence of operations by chance, made on both sides, which must not differ after any of them.
+class RandomWalk
+{
+public:
+    RandomWalk(unsigned seed, World::TakeMessages takeMessages);
+
+    /// Success when nothing differs. A failure names the seed and the shortest sequence found that still fails, and
+    /// keeps the images.
+    ::testing::AssertionResult Run();
+    /// The names of the operations that left ink, once for each time. Slow.
+    std::vector<std::string> Inked();
+
+private:
+    struct Failure
+    {
+        std::size_t step;
+        std::string difference;
+    };
+
+    /// Makes steps in a new world, the model's calls of the steps @p shifted with a shifted stack.
+    std::optional<Failure> RunOnce(const std::vector<Step>& made, const std::set<std::size_t>& shifted, bool explain);
+    /// The failure that stays however the stack lies.
+    std::optional<Failure> RunSteps(const std::vector<Step>& made, bool explain = false);
+    std::vector<Step> Shrunk(std::vector<Step> failing);
+
+    unsigned seed;
+    std::vector<Step> steps;
+    World::TakeMessages takeMessages;
+};
