@@ -48,14 +48,14 @@ std::vector<Operation> LifeOperations()
         SurfaceRow("Delete", 1, Nothing, [](auto& s) { return s.Delete(); }),
         Row("SelectImage", 8, SomeTarget,
             [](auto& side, int target) { return side.NumberOf(side.Surface().SelectImage(side.Target(target))); }),
-        Row("SelectImage(null)", 1, Nothing,
+        Row("SelectImage(null)", 3, Nothing,
             [](auto& side) { return side.NumberOf(side.Surface().SelectImage(side.Target(-1))); }),
         Row(
             "Attach", 4, [](Random& r) { return std::tuple{r.Int(-1, kCanvases - 1)}; },
             [](auto& side, int canvas) { side.Surface().Attach(side.Outside(canvas)); }),
         SurfaceRow("Detach", 6, Nothing, [](auto& s) { s.Detach(); }),
         SurfaceRow(
-            "EnableCairoDrawing", 8, [](Random& r) { return std::tuple{r.Chance(60)}; },
+            "EnableCairoDrawing", 12, [](Random& r) { return std::tuple{r.Chance(60)}; },
             [](auto& s, bool on)
             {
                 s.EnableCairoDrawing(on);
