@@ -49,7 +49,7 @@ bool Narrow(double start, double step, double low, double high, double& from, do
 {
     if (step == 0.0)
         return start >= low && start <= high;
-    const auto [enter, leave] = std::minmax((low - start) / step, (high - start) / step);
+    const auto [enter, leave] = std::minmax({(low - start) / step, (high - start) / step});
     from = std::max(from, enter);
     to = std::min(to, leave);
     return from <= to;
