@@ -74,6 +74,7 @@ struct TXGraphicsEngineManager::State
     std::atomic<bool> antialiasing{true};
     std::atomic<bool> cairoDrawing{false};
     std::atomic<int> imageFormat{5};
+    std::atomic<std::size_t> labelCacheSize{std::size_t(32) << 20};
     LoadedPlugin plugin;
 };
 
@@ -109,6 +110,7 @@ TXGraphicsEngineManager* TXGraphicsEngineManager::instance(const TXString& name)
         manager->EnableAntialiasing(current->AntialiasingEnabled());
         manager->EnableCairoDrawing(current->CairoDrawingEnabled());
         manager->SetDefaultImageFormat(current->DefaultImageFormat());
+        manager->SetLabelCacheSize(current->LabelCacheSize());
     }
     return manager;
 }
@@ -121,6 +123,8 @@ bool TXGraphicsEngineManager::CairoDrawingEnabled() const { return state->cairoD
 void TXGraphicsEngineManager::EnableCairoDrawing(bool on) { state->cairoDrawing = on; }
 int TXGraphicsEngineManager::DefaultImageFormat() const { return state->imageFormat; }
 void TXGraphicsEngineManager::SetDefaultImageFormat(int format) { state->imageFormat = format; }
+std::size_t TXGraphicsEngineManager::LabelCacheSize() const { return state->labelCacheSize; }
+void TXGraphicsEngineManager::SetLabelCacheSize(std::size_t bytes) { state->labelCacheSize = bytes; }
 
 TXRefPtr<TXGraphicsEngine> TXGraphicsEngineManager::LoadPlugin(const TXString& plugin, TXString* error)
 {

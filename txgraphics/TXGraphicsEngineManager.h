@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -38,6 +39,10 @@ public:
     /// where cairo blends.
     int DefaultImageFormat() const;
     void SetDefaultImageFormat(int format);
+    /// How many bytes each thread may spend on keeping what it computed for labels, so that the same label is measured
+    /// and drawn faster the next time; 0 keeps nothing. 32 MiB unless set, which is enough for about a thousand labels.
+    std::size_t LabelCacheSize() const;
+    void SetLabelCacheSize(std::size_t bytes);
 
     /// Loads a backend plugin and keeps its engine here, in place of one that was here before.
     ///
@@ -52,7 +57,7 @@ public:
     /// Lets go of the engine and its plugin, after calling `TXPlugin::UnloadPlugin`. The code stays mapped as long as
     /// objects made by it may live.
     void Unload();
-    /// The engine kept here; null if none is.
+    /// The engine kept here; null if none is. On the thread that loads and unloads.
     TXRefPtr<TXGraphicsEngine> Engine() const;
 
     /// The folders in which plugins are looked for, in order: those of the environment variable `TX_PLUGIN_PATH`,

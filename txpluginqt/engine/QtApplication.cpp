@@ -1,7 +1,9 @@
 #include <txpluginqt/engine/QtApplication.h>
 
+#include <atomic>
 #include <clocale>
 #include <cstdlib>
+#include <mutex>
 #include <optional>
 #include <string>
 
@@ -60,7 +62,7 @@ private:
     std::string locale;
 };
 
-QtMessageHandler hostHandler = nullptr;
+std::atomic<QtMessageHandler> hostHandler{nullptr};
 
 /// Keeps what Qt has to say about the environment while an application object is made (no runtime folder, a platform
 /// that is not there) off the host's log. What ends the process is still said.
@@ -132,6 +134,9 @@ void AnnounceEngine()
 
 void EnsureApplication()
 {
+    // An application object is there before it is complete.
+    static std::mutex mutex;
+    const std::lock_guard<std::mutex> guard(mutex);
     if (QCoreApplication::instance())
         return;
     static const bool made = MakeProcessApplication();

@@ -7,11 +7,7 @@
 #include <QPolygonF>
 #include <QVarLengthArray>
 
-// Drawing from an array that is not Qt's needs the interface below QPainter; map layers hold polygons of so many points
-// that a copy of them costs more than drawing them.
-#include <private/qpaintengineex_p.h>
-#include <private/qvectorpath_p.h>
-
+#include <txpluginqt/graphics/VectorOutline.h>
 #include <txpluginqt/support/Conversions.h>
 
 using TZObjects::TXPoint;
@@ -29,20 +25,13 @@ bool RingShape::IsDrawable() const
 
 bool RingShape::DrawInPlace(QPainter& painter) const
 {
-    auto* const engine = dynamic_cast<QPaintEngineEx*>(painter.paintEngine());
-    if (!engine)
-        return false;
-    if (total == 0)
-        return true;
     QVarLengthArray<QPainterPath::ElementType, 256> kinds;
     kinds.reserve(static_cast<int>(total));
     for (int i = 0; i < rings; ++i)
         for (int k = 0; k < counts[i]; ++k)
             kinds.append(k == 0 ? QPainterPath::MoveToElement : QPainterPath::LineToElement);
-    // Odd-even, and without closing lines: a ring is outlined as the host gives it.
-    engine->draw(QVectorPath(reinterpret_cast<const qreal*>(points), kinds.size(), kinds.constData(),
-                             QVectorPath::ArbitraryShapeHint));
-    return true;
+    return DrawOutline(painter,
+                       {reinterpret_cast<const qreal*>(points), kinds.constData(), kinds.size(), Qt::OddEvenFill});
 }
 
 template <class Convert>

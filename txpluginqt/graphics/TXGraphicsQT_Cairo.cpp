@@ -26,6 +26,7 @@ void TXGraphicsQT::ApplyCairoFontOptions()
     const CairoFontOptions options(cairo_font_options_create());
     cairo_font_options_set_antialias(options.get(), CAIRO_ANTIALIAS_GOOD);
     cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_MEDIUM);
+    const auto lock = LockCairoFonts();
     cairo_set_font_options(cairoContext.get(), options.get());
     cairoFontOptionsSet = true;
 }

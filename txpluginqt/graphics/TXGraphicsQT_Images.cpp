@@ -3,6 +3,7 @@
 
 #include <QImage>
 
+#include <txpluginqt/graphics/FastScaling.h>
 #include <txpluginqt/graphics/ImageClip.h>
 #include <txpluginqt/support/Conversions.h>
 #include <txpluginqt/support/Images.h>
@@ -64,6 +65,17 @@ QImage Cropped(const QImage& source, const ImagePlacement& placement)
     return placement.TakesWhole(source.size()) ? source : PartOf(source, placement.Crop());
 }
 
+/// True when drawing the part of an image gives the pixels that drawing a copy of the part does: where every pixel of
+/// the part falls on one pixel of the target.
+bool DrawsPartInPlace(const QPainter& painter, const QImage& image, const QRect& part, const QPointF& corner)
+{
+    const QTransform& transform = painter.deviceTransform();
+    const QPointF onDevice(corner.x() + transform.dx(), corner.y() + transform.dy());
+    return transform.type() <= QTransform::TxTranslate && corner == corner.toPoint() &&
+           onDevice == onDevice.toPoint() && image.devicePixelRatio() == 1.0 && part.width() * part.height() > 1 &&
+           image.rect().contains(part);
+}
+
 QImage Scaled(const QImage& crop, const ImagePlacement& placement, Qt::TransformationMode mode)
 {
     return crop.isNull() || placement.KeepsSize() ? crop
@@ -111,9 +123,7 @@ bool TXGraphicsQT::PaintImage(const ImageRequest& request, DrawInPlace drawInPla
                 // Hosts have come to rely on the opacity staying here.
                 opacity.Keep();
             else
-                drawPlaced(p,
-                           CanBeDrawn(*source) ? Cropped(DrawableFrom(*source, PaintedImage(p)), placement) : QImage(),
-                           placement);
+                drawPlaced(p, CanBeDrawn(*source) ? DrawableFrom(*source, PaintedImage(p)) : QImage(), placement);
         });
     return painted && !collapses;
 }
@@ -132,12 +142,24 @@ bool TXGraphicsQT::DrawImage(const TXRect& dst, TXImage* source, const TXRect& s
     return PaintImage(
         {dst, source, src, opacity},
         [](QPainter& p, const QImage& pixels, const QRectF& rect) { p.drawImage(rect, pixels, rect); },
-        [](QPainter& p, const QImage& crop, const ImagePlacement& placement)
+        [](QPainter& p, const QImage& pixels, const ImagePlacement& placement)
         {
             // It stays behind.
             p.setCompositionMode(QPainter::CompositionMode_SourceOver);
-            p.drawImage(QPointF(placement.dst.left, placement.dst.top),
-                        Scaled(crop, placement, Qt::FastTransformation));
+            const QPointF corner(placement.dst.left, placement.dst.top);
+            const QRect part = placement.Crop();
+            if (placement.KeepsSize() && DrawsPartInPlace(p, pixels, part, corner))
+            {
+                p.drawImage(corner, pixels, QRectF(part));
+                return;
+            }
+            const QImage crop = Cropped(pixels, placement);
+            const QRect target(corner.toPoint(), placement.ScaledSize());
+            if (!crop.isNull() && !placement.KeepsSize() && target.topLeft() == corner &&
+                ScalesAlikeInPlace(p, crop, target))
+                DrawScaledInPlace(p, crop, target);
+            else
+                p.drawImage(corner, Scaled(crop, placement, Qt::FastTransformation));
         });
 }
 
@@ -150,15 +172,15 @@ bool TXGraphicsQT::DrawImage4BitmapRotate(const TXRect& dst, TXImage* source, co
         {dst, source, src, opacity},
         [&](QPainter& p, const QImage& pixels, const QRect& rect)
         {
-            const TransformScope transform(p);
+            const PainterStateScope state(p);
             RotateAbout(p, rect.center(), angle);
             p.drawImage(QRectF(rect), pixels, QRectF(rect));
         },
-        [&](QPainter& p, const QImage& crop, const ImagePlacement& placement)
+        [&](QPainter& p, const QImage& pixels, const ImagePlacement& placement)
         {
-            const QImage scaled = Scaled(crop, placement, Qt::SmoothTransformation);
+            const QImage scaled = Scaled(Cropped(pixels, placement), placement, Qt::SmoothTransformation);
             const QPointF corner(placement.dst.left, placement.dst.top);
-            const TransformScope transform(p);
+            const PainterStateScope state(p);
             RotateAbout(p, corner + QPoint(scaled.width() / 2, scaled.height() / 2), angle);
             p.drawImage(corner, scaled);
         });

@@ -74,8 +74,8 @@ bool TXGraphicsQT::PaintCairoLabel(const CairoLabel& label, const CairoTextStyle
             const double size = (font ? font->GetFontHeight() : kHeightWithoutFont) * label.scale;
             SetCairoFontSize(context, std::max(size, kSmallestSize));
             CairoTextMetrics metrics{};
-            metrics.font = cairo_get_scaled_font(context);
-            cairo_font_extents(context, &metrics.extents);
+            metrics.font = ScaledFontOf(context);
+            metrics.extents = FontExtentsOf(context);
             metrics.lineSpacing = label.lineSpacing;
             metrics.charSpacing = font ? font->GetWordSpacing() : 0.0;
             metrics.scale = label.scale;

@@ -49,8 +49,9 @@ QString UnformattedText(const TXString& text, const QFont& font)
 class RichLabel
 {
 public:
-    RichLabel(QString html, const QFont& font)
-        : document(html.replace(QLatin1Char('\n'), QLatin1String("<br>")), font), size(document.size())
+    RichLabel(const QString& text, const QFont& font)
+        : html(QString(text).replace(QLatin1Char('\n'), QLatin1String("<br>"))), document(html, font),
+          size(document.size())
     {
     }
 
@@ -63,10 +64,12 @@ public:
         context.cursorPosition = -1;
         context.clip = clip;
         context.palette.setBrush(QPalette::Text, QBrush(painter.pen().color()));
+        LabelCache::OfThread().GlyphImagesUsed(document.defaultFont(), html, painter.deviceTransform());
         document.documentLayout()->draw(&painter, context);
     }
 
 private:
+    QString html;
     RichTextDocument document;
     QSizeF size;
 };
@@ -90,18 +93,16 @@ QSizeF RichLinesExtent(const QString& text, const QFont& font, const QFont& pain
     return extent;
 }
 
-void FillOutlines(QPainter& painter, const QPainterPath& outlines)
+void FillInPenColor(QPainter& painter, const QtLabelOutlines& outlines)
 {
-    painter.setBrush(QBrush(painter.pen().color()));
-    painter.setPen(Qt::NoPen);
-    painter.drawPath(outlines);
+    outlines.Fill(painter, QBrush(painter.pen().color()));
 }
 
-void StrokeHalo(QPainter& painter, const QPainterPath& outlines, const TXFont& font)
+void StrokeHalo(QPainter& painter, const QtLabelOutlines& outlines, const TXFont& font)
 {
     const TXColor color = font.GetFontHaloColor();
     const QBrush opaque(QColor(color.getR(), color.getG(), color.getB()));
-    painter.strokePath(outlines, QPen(opaque, font.GetFontHaloWidth()));
+    outlines.Stroke(painter, QPen(opaque, font.GetFontHaloWidth()));
 }
 
 /// Turns the painter to a label: anchor, rotation, scale.
@@ -157,11 +158,11 @@ bool TXGraphicsQT::DrawStringWithQt(double ox, double oy, double left, double ri
             const QString label = ConvertedText(text);
             if (!IsRichText(label))
             {
-                const QtTextBlock block(label, qfont);
+                const auto block = QtTextBlock::Of(label, qfont);
                 MoveToAnchor(p, QPointF(ox, oy), *font);
                 Turn(p, angle, scale);
-                FillOutlines(p,
-                             block.Outlines(QPointF(left - ox, top - oy), block.LineHeight(), hAlign, Qt::WindingFill));
+                FillInPenColor(
+                    p, block->Outlines(QPointF(left - ox, top - oy), block->LineHeight(), hAlign, Qt::WindingFill));
                 return;
             }
             RichLabel rich(label, p.font());
@@ -188,13 +189,13 @@ bool TXGraphicsQT::DrawStringWithQt(double x, double y, double dx, double dy, TX
             const QString label = ConvertedText(text);
             if (!IsRichText(label))
             {
-                const QtTextBlock block(label, qfont);
-                const double halfWidth = block.Width() * 0.5;
-                const double halfHeight = block.LineCount() * block.LineHeight() * 0.5;
+                const auto block = QtTextBlock::Of(label, qfont);
+                const double halfWidth = block->Width() * 0.5;
+                const double halfHeight = block->LineCount() * block->LineHeight() * 0.5;
                 MoveToAnchor(p, QPointF(x + dx + halfWidth, y + dy + halfHeight), *font);
                 Turn(p, angle, scale);
-                FillOutlines(p, block.Outlines(QPointF(-halfWidth, -halfHeight - kCentredLift), block.LineHeight(),
-                                               hAlign, Qt::WindingFill));
+                FillInPenColor(p, block->Outlines(QPointF(-halfWidth, -halfHeight - kCentredLift), block->LineHeight(),
+                                                  hAlign, Qt::WindingFill));
                 return;
             }
             // Without dx and dy, unlike the plain label.
@@ -217,14 +218,14 @@ bool TXGraphicsQT::DrawStringWithQt(double x, double y, TXTextVertAlign, TXTextH
             const QString label = ConvertedText(text);
             if (!IsRichText(label))
             {
-                const QtTextBlock block(label, qfont);
-                const double halfWidth = block.Width() * 0.5;
+                const auto block = QtTextBlock::Of(label, qfont);
+                const double halfWidth = block->Width() * 0.5;
                 const double halfHeight =
-                    ((block.LineCount() - 1) * lineSpacing + block.LineCount() * block.LineHeight()) * 0.5;
+                    ((block->LineCount() - 1) * lineSpacing + block->LineCount() * block->LineHeight()) * 0.5;
                 MoveToAnchor(p, QPointF(x + halfWidth, y + halfHeight), *font);
                 Turn(p, angle, scale);
-                FillOutlines(p, block.Outlines(QPointF(-halfWidth, -halfHeight), block.LineHeight() + lineSpacing,
-                                               hAlign, Qt::WindingFill));
+                FillInPenColor(p, block->Outlines(QPointF(-halfWidth, -halfHeight), block->LineHeight() + lineSpacing,
+                                                  hAlign, Qt::WindingFill));
                 return;
             }
             const QSizeF lines = RichLinesExtent(label, qfont, p.font());
@@ -245,14 +246,14 @@ bool TXGraphicsQT::DrawOutlineStringWithQt(double ox, double oy, double left, do
     return PaintLabel(
         [&](QPainter& p, const QFont& qfont)
         {
-            const QtTextBlock block(UnformattedText(text, p.font()), qfont);
+            const auto block = QtTextBlock::Of(UnformattedText(text, p.font()), qfont);
             MoveToAnchor(p, QPointF(ox, oy), *font);
             TurnIfNeeded(p, angle, scale);
-            const QPainterPath outlines =
-                block.Outlines(QPointF(left - ox, top - oy), block.LineHeight() + lineSpacing, hAlign, Qt::OddEvenFill);
+            const QtLabelOutlines outlines = block->Outlines(
+                QPointF(left - ox, top - oy), block->LineHeight() + lineSpacing, hAlign, Qt::OddEvenFill);
             // Whatever the font's own switch says: outlined text is text with a halo.
             StrokeHalo(p, outlines, *font);
-            p.fillPath(outlines, QBrush(ToQColor(fill)));
+            outlines.Fill(p, QBrush(ToQColor(fill)));
         });
 }
 
@@ -266,16 +267,16 @@ bool TXGraphicsQT::DrawOutlineStringWithQt(double x, double y, TXTextVertAlign, 
         [&](QPainter& p, const QFont& qfont)
         {
             // Tags are drawn as they stand here.
-            const QtTextBlock block(ToQString(text), qfont);
-            const double halfWidth = block.Width() * 0.5;
+            const auto block = QtTextBlock::Of(ToQString(text), qfont);
+            const double halfWidth = block->Width() * 0.5;
             // The lines are spaced, but the centre does not take the spacing into account.
-            const double halfHeight = block.LineCount() * block.LineHeight() * 0.5;
+            const double halfHeight = block->LineCount() * block->LineHeight() * 0.5;
             MoveToAnchor(p, QPointF(x + halfWidth, y + halfHeight), *font);
             TurnIfNeeded(p, angle, scale);
-            const QPainterPath outlines = block.Outlines(QPointF(-halfWidth, -halfHeight),
-                                                         block.LineHeight() + lineSpacing, hAlign, Qt::OddEvenFill);
+            const QtLabelOutlines outlines = block->Outlines(
+                QPointF(-halfWidth, -halfHeight), block->LineHeight() + lineSpacing, hAlign, Qt::OddEvenFill);
             StrokeHalo(p, outlines, *font);
-            p.fillPath(outlines, QBrush(ToQColor(fill)));
+            outlines.Fill(p, QBrush(ToQColor(fill)));
         });
 }
 
@@ -289,13 +290,13 @@ bool TXGraphicsQT::DrawVerticalStringWithQt(double ox, double oy, double left, d
     return PaintLabel(
         [&](QPainter& p, const QFont& qfont)
         {
-            const QtColumns columns(UnformattedText(text, p.font()), qfont, columnSpacing, charSpacing);
+            const auto columns = QtColumns::Of(UnformattedText(text, p.font()), qfont, columnSpacing, charSpacing);
             p.translate(ox, oy);
             TurnIfNeeded(p, angle, scale);
-            const QPainterPath outlines = columns.Outlines(QPointF(left - ox, top - oy), hAlign);
+            const QtLabelOutlines outlines = columns->Outlines(QPointF(left - ox, top - oy), hAlign);
             if (halo)
                 StrokeHalo(p, outlines, *font);
-            p.fillPath(outlines, QBrush(ToQColor(fill)));
+            outlines.Fill(p, QBrush(ToQColor(fill)));
         });
 }
 
@@ -309,14 +310,14 @@ bool TXGraphicsQT::DrawVerticalStringWithQt(double x, double y, TXTextVertAlign,
         [&](QPainter& p, const QFont& qfont)
         {
             // Tags are drawn as they stand here.
-            const QtColumns columns(ToQString(text), qfont, columnSpacing, charSpacing);
-            const double halfWidth = columns.Width() * 0.5;
-            const double halfHeight = columns.Height() * 0.5;
+            const auto columns = QtColumns::Of(ToQString(text), qfont, columnSpacing, charSpacing);
+            const double halfWidth = columns->Width() * 0.5;
+            const double halfHeight = columns->Height() * 0.5;
             p.translate(x + halfWidth, y + halfHeight);
             TurnIfNeeded(p, angle, scale);
-            const QPainterPath outlines = columns.Outlines(QPointF(-halfWidth, -halfHeight), hAlign);
+            const QtLabelOutlines outlines = columns->Outlines(QPointF(-halfWidth, -halfHeight), hAlign);
             if (halo)
                 StrokeHalo(p, outlines, *font);
-            p.fillPath(outlines, QBrush(ToQColor(fill)));
+            outlines.Fill(p, QBrush(ToQColor(fill)));
         });
 }

@@ -187,11 +187,16 @@ void TXFontQT::SetFontName(TXString newName)
 {
     if (newName.isEmpty())
         return;
+    // Symbols come with their face's name each, which is the last one's for the most part. What measures for cairo also
+    // takes over slant and weight.
+    if (!measureContext && newName == name && Font() && Font()->family() == nameInFont)
+        return;
     IfPresent(Font(),
               [&](QFont& font)
               {
                   font.setFamily(ToQString(EnglishName(newName)));
-                  const TXString resolved = ToTXString(font.family());
+                  nameInFont = font.family();
+                  const TXString resolved = ToTXString(nameInFont);
                   name = EnglishName(resolved);
                   if (measureContext)
                       SelectCairoFace(measureContext.get(), resolved.toUTF8(), *this);

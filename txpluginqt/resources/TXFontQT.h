@@ -1,5 +1,9 @@
 #pragma once
 
+#include <memory>
+
+#include <QString>
+
 #include <txgraphics/TXFont.h>
 #include <txpluginqt/support/CairoHandles.h>
 
@@ -62,6 +66,9 @@ public:
     double GetMaxCharWidthOfText(const TXString& text, bool useQt) const override;
 
 private:
+    struct KeptMetrics;
+    /// Height, ascent and descent as Qt has them, computed anew when the font or the fonts of the process have changed.
+    const KeptMetrics& Metrics() const;
     QFont* Font() const;
     bool CanMeasureWithQt() const;
 
@@ -72,8 +79,10 @@ private:
     int haloWidth = 1;
     bool shadow = false;
     TXString name;
+    QString nameInFont; ///< The face that `name` stands for.
     TXColor haloColor;
     CairoContext measureContext;
+    mutable std::shared_ptr<const KeptMetrics> keptMetrics;
 };
 
 } // namespace TZObjects

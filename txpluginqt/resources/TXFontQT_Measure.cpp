@@ -10,8 +10,11 @@
 #include <QStringList>
 
 #include <txpluginqt/graphics/text/RichTextTags.h>
+#include <txpluginqt/support/CairoFont.h>
+#include <txpluginqt/support/CairoFontLock.h>
 #include <txpluginqt/support/Conversions.h>
 #include <txpluginqt/support/Guards.h>
+#include <txpluginqt/support/LabelCache.h>
 #include <txpluginqt/support/QtFonts.h>
 #include <txpluginqt/support/RichTextDocument.h>
 
@@ -21,38 +24,61 @@ namespace
 {
 
 /// The form in which a label is drawn.
-QString ConvertedText(const TXString& text)
+QString ConvertedText(QString text)
 {
-    QString converted = ToQString(text);
-    ConvertRichTextTags(converted);
-    return converted;
+    ConvertRichTextTags(text);
+    return text;
 }
 
 QSizeF RichExtent(const QString& html, const QFont& font) { return RichTextDocument(html, font).size(); }
 
+/// What the two variants of each operation measure with Qt.
+enum class Measured : qint64
+{
+    Line,
+    LineInWholeUnits,
+    Block,
+    BlockInWholeUnits,
+    WidestCharacter,
+};
+
+/// Whatever was measured.
+struct Extent
+{
+    double width = 0.0;
+    double height = 0.0;
+    double ascent = 0.0;
+    double descent = 0.0;
+
+    static std::size_t Bytes() { return sizeof(Extent); }
+};
+
+/// Measures, unless the same was measured before: a host measures its labels to place them, frame after frame.
+template <class Measure>
+Extent Kept(const QFont& font, const TXString& text, Measured what, Measure measure)
+{
+    const QString label = ToQString(text);
+    LabelCache& cache = LabelCache::OfThread();
+    // Measuring is nearly as cheap as keeping, and hosts measure many names that they do not draw.
+    if (!cache.WasSeen(font, label, static_cast<int>(what)))
+        return measure(label);
+    return *cache.Get<Extent>(font, label, {static_cast<qint64>(what)}, [&] { return measure(label); });
+}
+
 /// Half up, the way whole units are asked for; sizes are not negative.
 int Rounded(qreal size) { return Truncated(size + 0.5); }
-
-cairo_font_extents_t FontExtents(cairo_t* context)
-{
-    cairo_font_extents_t extents{};
-    cairo_font_extents(context, &extents);
-    return extents;
-}
 
 double TextWidth(cairo_t* context, const TXString& text)
 {
     cairo_text_extents_t extents{};
+    const auto lock = LockCairoFonts();
     cairo_text_extents(context, text.toUTF8().c_str(), &extents);
     return extents.width;
 }
 
 /// The widest line and the sum of the lines' heights.
-struct BlockExtent
+struct BlockExtent : Extent
 {
-    double width = 0.0;
-    double height = 0.0;
-
     void Add(double lineWidth, double lineHeight)
     {
         width = std::max(width, lineWidth);
@@ -60,16 +86,58 @@ struct BlockExtent
     }
 };
 
-BlockExtent CairoBlockExtent(cairo_t* context, const TXString& text, double spacing)
+Extent CairoBlockExtent(cairo_t* context, const TXString& text, double spacing)
 {
     BlockExtent block;
-    const double lineHeight = FontExtents(context).height;
+    const double lineHeight = FontExtentsOf(context).height;
     for (const TXString& line : text.split(L'\n'))
         block.Add((line.length() - 1) * spacing + TextWidth(context, line), lineHeight);
     return block;
 }
 
+Extent QtBlockExtent(const QString& label, const QFont& font)
+{
+    const QFontMetricsF metrics(font);
+    BlockExtent block;
+    for (const QString& line : ConvertedText(label).split(QLatin1Char('\n')))
+    {
+        const QSizeF size = IsRichText(line) ? RichExtent(line, font) : metrics.boundingRect(line).size();
+        block.Add(size.width(), size.height());
+    }
+    return block;
+}
+
+Extent QtBlockExtentInWholeUnits(const QString& label, const QFont& font)
+{
+    const QFontMetrics metrics(font);
+    BlockExtent block;
+    for (const QString& line : ConvertedText(label).split(QLatin1Char('\n')))
+    {
+        const QSizeF rich = IsRichText(line) ? RichExtent(line, font) : QSizeF();
+        const QSize size = rich.isValid() ? QSize(Truncated(rich.width()), Truncated(rich.height()))
+                                          : metrics.boundingRect(line).size();
+        block.Add(size.width(), size.height());
+    }
+    return block;
+}
+
 } // namespace
+
+struct TXFontQT::KeptMetrics
+{
+    KeptMetrics(const QFont& measured, unsigned generation) : font(measured), generation(generation)
+    {
+        const QFontMetricsF metrics(font);
+        exact = {0.0, metrics.height(), metrics.ascent(), metrics.descent()};
+        const QFontMetrics inWholeUnits(font);
+        whole = {0.0, double(inWholeUnits.height()), double(inWholeUnits.ascent()), double(inWholeUnits.descent())};
+    }
+
+    QFont font;
+    unsigned generation;
+    Extent exact;
+    Extent whole;
+};
 
 bool TXFontQT::GetTextExtent(const TXString& text, double& textWidth, double& textHeight, bool useQt) const
 {
@@ -81,21 +149,25 @@ bool TXFontQT::GetTextExtent(const TXString& text, double& textWidth, double& te
             if (!useQt)
             {
                 textWidth = TextWidth(measureContext.get(), text);
-                textHeight = FontExtents(measureContext.get()).height;
+                textHeight = FontExtentsOf(measureContext.get()).height;
                 return;
             }
-            const QString converted = ConvertedText(text);
-            if (IsRichText(converted))
-            {
-                const QSizeF size = RichExtent(converted, *Font());
-                textWidth = size.width();
-                textHeight = size.height();
-                return;
-            }
-            const QFontMetricsF metrics(*Font());
-            const QRectF bounds = metrics.boundingRect(converted);
-            textWidth = std::max(metrics.horizontalAdvance(converted), bounds.width());
-            textHeight = bounds.height();
+            const Extent extent =
+                Kept(*Font(), text, Measured::Line,
+                     [&](const QString& label)
+                     {
+                         const QString converted = ConvertedText(label);
+                         if (IsRichText(converted))
+                         {
+                             const QSizeF size = RichExtent(converted, *Font());
+                             return Extent{size.width(), size.height()};
+                         }
+                         const QFontMetricsF metrics(*Font());
+                         const QRectF bounds = metrics.boundingRect(converted);
+                         return Extent{std::max(metrics.horizontalAdvance(converted), bounds.width()), bounds.height()};
+                     });
+            textWidth = extent.width;
+            textHeight = extent.height;
         });
 }
 
@@ -109,21 +181,26 @@ bool TXFontQT::GetTextExtent(const TXString& text, int& textWidth, int& textHeig
             if (!useQt)
             {
                 textWidth = Truncated(TextWidth(measureContext.get(), text));
-                textHeight = Truncated(FontExtents(measureContext.get()).height);
+                textHeight = Truncated(FontExtentsOf(measureContext.get()).height);
                 return;
             }
-            const QString converted = ConvertedText(text);
-            if (IsRichText(converted))
-            {
-                const QSizeF size = RichExtent(converted, *Font());
-                textWidth = Rounded(size.width());
-                textHeight = Rounded(size.height());
-                return;
-            }
-            // The advance alone: unlike in the other variant the bounds do not widen it.
-            const QFontMetrics metrics(*Font());
-            textWidth = metrics.horizontalAdvance(converted);
-            textHeight = metrics.boundingRect(converted).height();
+            const Extent extent =
+                Kept(*Font(), text, Measured::LineInWholeUnits,
+                     [&](const QString& label)
+                     {
+                         const QString converted = ConvertedText(label);
+                         if (IsRichText(converted))
+                         {
+                             const QSizeF size = RichExtent(converted, *Font());
+                             return Extent{double(Rounded(size.width())), double(Rounded(size.height()))};
+                         }
+                         // The advance alone: unlike in the other variant the bounds do not widen it.
+                         const QFontMetrics metrics(*Font());
+                         return Extent{double(metrics.horizontalAdvance(converted)),
+                                       double(metrics.boundingRect(converted).height())};
+                     });
+            textWidth = static_cast<int>(extent.width);
+            textHeight = static_cast<int>(extent.height);
         });
 }
 
@@ -136,19 +213,9 @@ bool TXFontQT::GetMultiTextExtent(const TXString& text, double& textWidth, doubl
     return Succeeds(
         [&]
         {
-            BlockExtent block;
-            if (!useQt)
-                block = CairoBlockExtent(measureContext.get(), text, GetWordSpacing());
-            else
-            {
-                const QFontMetricsF metrics(*Font());
-                for (const QString& line : ConvertedText(text).split(QLatin1Char('\n')))
-                {
-                    const QSizeF size =
-                        IsRichText(line) ? RichExtent(line, *Font()) : metrics.boundingRect(line).size();
-                    block.Add(size.width(), size.height());
-                }
-            }
+            const Extent block = useQt ? Kept(*Font(), text, Measured::Block,
+                                              [&](const QString& label) { return QtBlockExtent(label, *Font()); })
+                                       : CairoBlockExtent(measureContext.get(), text, GetWordSpacing());
             textWidth = block.width;
             textHeight = block.height;
         });
@@ -163,20 +230,10 @@ bool TXFontQT::GetMultiTextExtent(const TXString& text, int& textWidth, int& tex
     return Succeeds(
         [&]
         {
-            BlockExtent block;
-            if (!useQt)
-                block = CairoBlockExtent(measureContext.get(), text, GetWordSpacing());
-            else
-            {
-                const QFontMetrics metrics(*Font());
-                for (const QString& line : ConvertedText(text).split(QLatin1Char('\n')))
-                {
-                    const QSizeF rich = IsRichText(line) ? RichExtent(line, *Font()) : QSizeF();
-                    const QSize size = rich.isValid() ? QSize(Truncated(rich.width()), Truncated(rich.height()))
-                                                      : metrics.boundingRect(line).size();
-                    block.Add(size.width(), size.height());
-                }
-            }
+            const Extent block =
+                useQt ? Kept(*Font(), text, Measured::BlockInWholeUnits,
+                             [&](const QString& label) { return QtBlockExtentInWholeUnits(label, *Font()); })
+                      : CairoBlockExtent(measureContext.get(), text, GetWordSpacing());
             textWidth = Truncated(block.width);
             textHeight = Truncated(block.height);
         });
@@ -186,17 +243,21 @@ void TXFontQT::GetFontMetricsInfo(double& height, double& ascent, double& descen
 {
     if (!useQt && measureContext)
     {
-        const cairo_font_extents_t extents = FontExtents(measureContext.get());
+        const cairo_font_extents_t extents = FontExtentsOf(measureContext.get());
         height = extents.height;
         ascent = extents.ascent;
         descent = extents.descent;
     }
     if (useQt && CanMeasureWithQt())
     {
-        const QFontMetricsF metrics(*Font());
-        height = metrics.height();
-        ascent = metrics.ascent();
-        descent = metrics.descent();
+        Succeeds(
+            [&]
+            {
+                const KeptMetrics& metrics = Metrics();
+                height = metrics.exact.height;
+                ascent = metrics.exact.ascent;
+                descent = metrics.exact.descent;
+            });
     }
 }
 
@@ -204,17 +265,21 @@ void TXFontQT::GetFontMetricsInfo(int& height, int& ascent, int& descent, bool u
 {
     if (!useQt && measureContext)
     {
-        const cairo_font_extents_t extents = FontExtents(measureContext.get());
+        const cairo_font_extents_t extents = FontExtentsOf(measureContext.get());
         height = Truncated(extents.height);
         ascent = Truncated(extents.ascent);
         descent = Truncated(extents.descent);
     }
     if (useQt && CanMeasureWithQt())
     {
-        const QFontMetrics metrics(*Font());
-        height = metrics.height();
-        ascent = metrics.ascent();
-        descent = metrics.descent();
+        Succeeds(
+            [&]
+            {
+                const KeptMetrics& metrics = Metrics();
+                height = static_cast<int>(metrics.whole.height);
+                ascent = static_cast<int>(metrics.whole.ascent);
+                descent = static_cast<int>(metrics.whole.descent);
+            });
     }
 }
 
@@ -230,12 +295,28 @@ double TXFontQT::GetMaxCharWidthOfText(const TXString& text, bool useQt) const
                         // An average, where Qt's path answers with the widest character.
                         if (!useQt)
                             return TextWidth(measureContext.get(), text) / text.length();
-                        const QFontMetricsF metrics(*Font());
-                        double widest = 0.0;
-                        for (const QChar character : ToQString(text))
-                            widest = std::max(widest, metrics.horizontalAdvance(character));
-                        return widest;
+                        return Kept(*Font(), text, Measured::WidestCharacter,
+                                    [&](const QString& label)
+                                    {
+                                        const QFontMetricsF metrics(*Font());
+                                        Extent widest;
+                                        for (const QChar character : label)
+                                            widest.width = std::max(widest.width, metrics.horizontalAdvance(character));
+                                        return widest;
+                                    })
+                            .width;
                     });
+}
+
+const TXFontQT::KeptMetrics& TXFontQT::Metrics() const
+{
+    const unsigned generation = LabelCache::FontGeneration();
+    // The same number of points is as many pixels as the font's device has.
+    const bool isKept =
+        keptMetrics && keptMetrics->generation == generation && Font()->pixelSize() > 0 && keptMetrics->font == *Font();
+    if (!isKept)
+        keptMetrics = std::make_shared<const KeptMetrics>(*Font(), generation);
+    return *keptMetrics;
 }
 
 bool TXFontQT::CanMeasureWithQt() const { return Font() && QtTextIsAvailable(); }

@@ -243,7 +243,18 @@ void TXImageQT::Fill(const TXColor& color)
     if (format == Format_ARGB6666_Premultiplied || format == Format_ARGB4444_Premultiplied)
         Fill(qPremultiply(color.GetColor()));
     else
-        IfPresent(Image(), [&](QImage& image) { image.fill(ToQColor(color)); });
+        IfPresent(Image(),
+                  [&](QImage& image)
+                  {
+                      if (!image.paintingActive())
+                      {
+                          image.fill(ToQColor(color));
+                          return;
+                      }
+                      // Some formats Qt fills with a painter of its own, which cannot be while another one paints.
+                      QImage pixels(image.bits(), image.width(), image.height(), image.bytesPerLine(), image.format());
+                      pixels.fill(ToQColor(color));
+                  });
 }
 
 void TXImageQT::Fill(unsigned int value)

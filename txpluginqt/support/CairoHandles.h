@@ -4,10 +4,16 @@
 
 #include <cairo.h>
 
+#include <txpluginqt/support/CairoFontLock.h>
+
 /// Owners of cairo's handles; each holds one reference.
 struct CairoDeleter
 {
-    void operator()(cairo_t* context) const { cairo_destroy(context); }
+    void operator()(cairo_t* context) const
+    {
+        const auto lock = LockCairoFonts();
+        cairo_destroy(context);
+    }
     void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
     void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
 };
@@ -21,7 +27,11 @@ class CairoStateScope
 {
 public:
     explicit CairoStateScope(cairo_t* context) : context(context) { cairo_save(context); }
-    ~CairoStateScope() { cairo_restore(context); }
+    ~CairoStateScope()
+    {
+        const auto lock = LockCairoFonts();
+        cairo_restore(context);
+    }
     CairoStateScope(const CairoStateScope&) = delete;
     CairoStateScope& operator=(const CairoStateScope&) = delete;
 

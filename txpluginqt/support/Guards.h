@@ -82,6 +82,11 @@ public:
         painter.setWorldTransform(world);
         if (!enabled)
             painter.setWorldMatrixEnabled(false);
+        // What Qt found out about the state meanwhile it keeps until the state changes, and some of it, such as how
+        // text is drawn, from a pen that is not looked at yet; restoring a saved state would have forgotten it.
+        const double opacity = painter.opacity();
+        painter.setOpacity(opacity > 0.5 ? 0.0 : 1.0);
+        painter.setOpacity(opacity);
     }
     TransformScope(const TransformScope&) = delete;
     TransformScope& operator=(const TransformScope&) = delete;

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <limits>
 
 #include <txbase/TXPoint.h>
 
@@ -38,12 +41,25 @@ bool IsDrawable(double first, Rest... rest)
     return IsDrawable(first) && IsDrawable(rest...);
 }
 
+/// A number's representation, for keys that must tell apart whatever is not the same.
+inline std::int64_t BitsOf(double value)
+{
+    std::int64_t bits = 0;
+    static_assert(sizeof bits == sizeof value);
+    std::memcpy(&bits, &value, sizeof bits);
+    return bits;
+}
+
 /// True when every coordinate is one that Qt can draw.
 inline bool AreDrawable(const TZObjects::TXPoint* points, long long count)
 {
-    bool drawable = true;
-    // Without an early exit, so that the compiler can vectorise it: the usual answer is true.
+    // As whole numbers, representations without their signs are in the order of the absolute values, with what is not
+    // finite beyond. Differences are negative for what is too large; without a comparison and an early exit the
+    // compiler vectorises them, and the usual answer is true.
+    const std::int64_t largest = BitsOf(kLargestCoordinate);
+    constexpr std::int64_t magnitude = std::numeric_limits<std::int64_t>::max();
+    std::int64_t signs = 0;
     for (long long i = 0; i < count; ++i)
-        drawable &= IsDrawable(points[i].x) & IsDrawable(points[i].y);
-    return drawable;
+        signs |= (largest - (BitsOf(points[i].x) & magnitude)) | (largest - (BitsOf(points[i].y) & magnitude));
+    return signs >= 0;
 }

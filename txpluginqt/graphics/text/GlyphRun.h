@@ -19,9 +19,9 @@ public:
     bool IsEmpty() const { return count == 0; }
     const cairo_text_extents_t& Extents() const { return extents; }
     /// Adds the outlines of all glyphs to the context's path.
-    void AddOutlines(cairo_t* context) const { cairo_glyph_path(context, glyphs.get(), count); }
+    void AddOutlines(cairo_t* context) const;
     /// Paints the glyphs with the context's source.
-    void Show(cairo_t* context) const { cairo_show_glyphs(context, glyphs.get(), count); }
+    void Show(cairo_t* context) const;
 
 private:
     struct Deleter

@@ -5,6 +5,7 @@
 #include <QFontMetricsF>
 
 #include <txpluginqt/graphics/text/Alignment.h>
+#include <txpluginqt/support/Numbers.h>
 
 namespace
 {
@@ -20,7 +21,7 @@ qreal GapFactor(bool firstColumn, bool italic)
 } // namespace
 
 QtColumns::QtColumns(const QString& text, const QFont& font, qreal columnSpacing, qreal charSpacing)
-    : font(font), columnSpacing(columnSpacing)
+    : font(font), text(text), columnSpacing(columnSpacing)
 {
     const QFontMetricsF metrics(font);
     ascent = metrics.ascent();
@@ -47,16 +48,30 @@ qreal QtColumns::Width() const
     return width;
 }
 
-QPainterPath QtColumns::Outlines(const QPointF& topLeft, int align) const
+std::shared_ptr<const QtColumns> QtColumns::Of(const QString& text, const QFont& font, qreal columnSpacing,
+                                               qreal charSpacing)
 {
-    QPainterPath outlines;
+    return LabelCache::OfThread().Get<QtColumns>(font, text, {BitsOf(columnSpacing), BitsOf(charSpacing)},
+                                                 [&] { return QtColumns(text, font, columnSpacing, charSpacing); });
+}
+
+QtLabelOutlines QtColumns::Outlines(const QPointF& topLeft, int align) const
+{
+    std::vector<PlacedText> pieces;
+    pieces.reserve(static_cast<std::size_t>(text.size()));
     qreal x = topLeft.x();
     for (const Column& column : columns)
     {
         const qreal top = topLeft.y() + AlignedOffset(align, height - column.height);
         for (int k = 0; k < column.text.size(); ++k)
-            outlines.addText(x, top + ascent + k * step, font, column.text.mid(k, 1));
+            pieces.push_back({QPointF(x, top + ascent + k * step), column.text.mid(k, 1)});
         x += column.width + columnSpacing + column.gap;
     }
-    return outlines;
+    return QtLabelOutlines(font, text, pieces, Qt::OddEvenFill);
+}
+
+std::size_t QtColumns::Bytes() const
+{
+    return sizeof(*this) + columns.capacity() * (sizeof(Column) + 32) +
+           static_cast<std::size_t>(text.size()) * 2 * sizeof(QChar);
 }

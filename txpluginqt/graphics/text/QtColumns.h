@@ -1,10 +1,13 @@
 #pragma once
 
+#include <cstddef>
+#include <memory>
 #include <vector>
 
 #include <QFont>
-#include <QPainterPath>
-#include <QStringList>
+#include <QString>
+
+#include <txpluginqt/graphics/text/QtLabelOutlines.h>
 
 /// The columns of a vertical label, measured as Qt draws them: each line of the text is a column, and each UTF-16 unit
 /// of it one character below the one before.
@@ -14,6 +17,9 @@ public:
     /// @param columnSpacing extra space between columns.
     /// @param charSpacing extra space between the characters of a column.
     QtColumns(const QString& text, const QFont& font, qreal columnSpacing, qreal charSpacing);
+    /// The same, from what is kept of earlier labels.
+    static std::shared_ptr<const QtColumns> Of(const QString& text, const QFont& font, qreal columnSpacing,
+                                               qreal charSpacing);
 
     /// The width of the whole label. With more than one column it includes the gap after the last one.
     qreal Width() const;
@@ -22,7 +28,10 @@ public:
 
     /// The outlines of all characters, the label's top left at @p topLeft.
     /// @param align 1 lets the columns' tops meet, 3 their ends; any other value centres them.
-    QPainterPath Outlines(const QPointF& topLeft, int align) const;
+    QtLabelOutlines Outlines(const QPointF& topLeft, int align) const;
+
+    /// How much memory the columns take.
+    std::size_t Bytes() const;
 
 private:
     struct Column
@@ -34,6 +43,7 @@ private:
     };
 
     QFont font;
+    QString text;
     std::vector<Column> columns;
     qreal columnSpacing;
     qreal ascent;

@@ -6,7 +6,8 @@
 
 #include <txpluginqt/graphics/text/Alignment.h>
 
-QtTextBlock::QtTextBlock(const QString& text, const QFont& font) : font(font), lines(text.split(QLatin1Char('\n')))
+QtTextBlock::QtTextBlock(const QString& text, const QFont& font)
+    : font(font), text(text), lines(text.split(QLatin1Char('\n')))
 {
     const QFontMetricsF metrics(font);
     ascent = metrics.ascent();
@@ -19,14 +20,27 @@ QtTextBlock::QtTextBlock(const QString& text, const QFont& font) : font(font), l
     }
 }
 
-QPainterPath QtTextBlock::Outlines(const QPointF& topLeft, qreal step, int hAlign, Qt::FillRule fillRule) const
+std::shared_ptr<const QtTextBlock> QtTextBlock::Of(const QString& text, const QFont& font)
 {
-    QPainterPath outlines;
-    outlines.setFillRule(fillRule);
+    return LabelCache::OfThread().Get<QtTextBlock>(font, text, {}, [&] { return QtTextBlock(text, font); });
+}
+
+QtLabelOutlines QtTextBlock::Outlines(const QPointF& topLeft, qreal step, int hAlign, Qt::FillRule fillRule) const
+{
+    std::vector<PlacedText> pieces;
+    pieces.reserve(widths.size());
     for (int i = 0; i < lines.size(); ++i)
     {
         const qreal indent = AlignedOffset(hAlign, width - widths[static_cast<std::size_t>(i)]);
-        outlines.addText(topLeft.x() + indent, topLeft.y() + ascent + i * step, font, lines[i]);
+        pieces.push_back({QPointF(topLeft.x() + indent, topLeft.y() + ascent + i * step), lines[i]});
     }
-    return outlines;
+    return QtLabelOutlines(font, text, pieces, fillRule);
+}
+
+std::size_t QtTextBlock::Bytes() const
+{
+    // A label of one line shares its text with the line.
+    constexpr std::size_t lineBytes = sizeof(QString) + sizeof(qreal) + 32;
+    return sizeof(*this) + static_cast<std::size_t>(lines.size()) * lineBytes +
+           static_cast<std::size_t>(text.size()) * sizeof(QChar);
 }

@@ -1,16 +1,21 @@
 #pragma once
 
+#include <cstddef>
+#include <memory>
 #include <vector>
 
 #include <QFont>
-#include <QPainterPath>
 #include <QStringList>
+
+#include <txpluginqt/graphics/text/QtLabelOutlines.h>
 
 /// The lines of a horizontal label, measured as Qt draws them.
 class QtTextBlock
 {
 public:
     QtTextBlock(const QString& text, const QFont& font);
+    /// The same, from what is kept of earlier labels.
+    static std::shared_ptr<const QtTextBlock> Of(const QString& text, const QFont& font);
 
     /// The widest line.
     qreal Width() const { return width; }
@@ -21,10 +26,14 @@ public:
 
     /// The outlines of all lines, the block's top left at @p topLeft and each line @p step below the one before.
     /// @param hAlign 1 and 3 let the lines' left or right edges meet; any other value centres them.
-    QPainterPath Outlines(const QPointF& topLeft, qreal step, int hAlign, Qt::FillRule fillRule) const;
+    QtLabelOutlines Outlines(const QPointF& topLeft, qreal step, int hAlign, Qt::FillRule fillRule) const;
+
+    /// How much memory the block takes.
+    std::size_t Bytes() const;
 
 private:
     QFont font;
+    QString text;
     QStringList lines;
     std::vector<qreal> widths;
     qreal width = 0.0;

@@ -23,7 +23,6 @@ constexpr Tag MakeTag(const char (&label)[L], const char (&html)[H])
     return MakeTag(label, int(L) - 1, html, int(H) - 1);
 }
 
-// No replacement holds a tag, so the order of the passes does not matter.
 constexpr Tag kTags[] = {
     MakeTag("</ACP>", "</span>"),
     MakeTag("</BOL>", "</span>"),
@@ -47,13 +46,37 @@ constexpr Tag kTags[] = {
     MakeTag("<und>", "<u>"),
 };
 
+/// The tag that a text goes on with; null for none.
+const Tag* TagAt(const QString& text, int position)
+{
+    for (const Tag& tag : kTags)
+        if (text.midRef(position, tag.label.size()) == tag.label)
+            return &tag;
+    return nullptr;
+}
+
 } // namespace
 
 void ConvertRichTextTags(QString& text)
 {
     // Nearly every label is plain, and must not pay for the tags.
-    if (!text.contains(QLatin1Char('<')))
+    int next = text.indexOf(QLatin1Char('<'));
+    if (next < 0)
         return;
-    for (const Tag& tag : kTags)
-        text.replace(tag.label, tag.html, Qt::CaseSensitive);
+    QString converted;
+    converted.reserve(text.size() * 2);
+    int done = 0;
+    for (; next >= 0; next = text.indexOf(QLatin1Char('<'), next))
+    {
+        const Tag* const tag = TagAt(text, next);
+        if (!tag)
+        {
+            ++next;
+            continue;
+        }
+        converted.append(text.midRef(done, next - done)).append(tag->html);
+        next += tag->label.size();
+        done = next;
+    }
+    text = converted.append(text.midRef(done));
 }

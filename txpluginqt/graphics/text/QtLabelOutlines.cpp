@@ -1,0 +1,87 @@
+#include <txpluginqt/graphics/text/QtLabelOutlines.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include <QPaintEngine>
+#include <QPainterPath>
+
+#include <txpluginqt/support/Numbers.h>
+
+namespace
+{
+
+/// What Qt makes of a coordinate of a text: it truncates to 1/64 of a pixel, before and after it has added whole such
+/// parts. Coordinates between the same two parts are therefore one place.
+qint64 PlaceOf(double coordinate)
+{
+    constexpr double farthest = 1e6;
+    constexpr double nearBorder = 1e-6;
+    const double parts = coordinate * 64.0;
+    const double below = std::floor(parts);
+    const bool onBorder = parts == below;
+    const bool isSafe = std::abs(coordinate) < farthest &&
+                        (onBorder || (parts - below > nearBorder && below + 1.0 - parts > nearBorder));
+    if (!isSafe)
+        return BitsOf(coordinate);
+    return static_cast<qint64>(below) * 2 + (onBorder ? 0 : 1);
+}
+
+/// True where Qt makes an outline of a stroke, which does not depend on the transform then, and fills it. Strokes up to
+/// a pixel wide it draws in another way.
+bool IsOutlinedStroke(const QPainter& painter, const QPen& pen)
+{
+    constexpr double certainlyWider = 1.0 + 1e-6;
+    const QPaintEngine* const engine = painter.paintEngine();
+    const QTransform& t = painter.deviceTransform();
+    if (!engine || engine->type() != QPaintEngine::Raster || t.type() >= QTransform::TxProject || pen.isCosmetic())
+        return false;
+    const double smallestScale = std::min({std::hypot(t.m11(), t.m12()), std::hypot(t.m21(), t.m22()),
+                                           std::hypot(t.m11(), t.m21()), std::hypot(t.m12(), t.m22())});
+    return pen.widthF() * smallestScale > certainlyWider;
+}
+
+} // namespace
+
+QtLabelOutlines::QtLabelOutlines(const QFont& font, const QString& text, const std::vector<PlacedText>& pieces,
+                                 Qt::FillRule fillRule)
+    : font(font), text(text)
+{
+    // Rules lie where they are asked for, not at parts of a pixel.
+    const bool hasRules = font.underline() || font.overline() || font.strikeOut();
+    places.reserve(pieces.size() * 3 + 1);
+    places.push_back(fillRule);
+    for (const PlacedText& piece : pieces)
+    {
+        // Where the text is divided: lines and columns may share their places.
+        places.push_back(piece.text.size());
+        for (const double coordinate : {piece.origin.x(), piece.origin.y()})
+            places.push_back(hasRules ? BitsOf(coordinate) : PlaceOf(coordinate));
+    }
+    letters = LabelCache::OfThread().Get<InkOutline>(font, text, places,
+                                                     [&]
+                                                     {
+                                                         QPainterPath path;
+                                                         path.setFillRule(fillRule);
+                                                         for (const PlacedText& piece : pieces)
+                                                             path.addText(piece.origin, font, piece.text);
+                                                         return InkOutline(path);
+                                                     });
+}
+
+void QtLabelOutlines::Stroke(QPainter& painter, const QPen& pen) const
+{
+    LabelCache& cache = LabelCache::OfThread();
+    if (!IsOutlinedStroke(painter, pen) || !cache.IsOn())
+    {
+        letters->Stroke(painter, pen);
+        return;
+    }
+    LabelCache::Details details;
+    details.reserve(places.size() + 1);
+    details = places;
+    details.push_back(BitsOf(pen.widthF()));
+    cache.Get<InkOutline>(font, text, std::move(details), [&] { return letters->Stroked(pen); })
+        ->Fill(painter, pen.brush());
+}

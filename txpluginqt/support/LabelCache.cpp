@@ -1,0 +1,169 @@
+#include <txpluginqt/support/LabelCache.h>
+
+#include <algorithm>
+#include <atomic>
+#include <functional>
+#include <iterator>
+
+#include <QGuiApplication>
+#include <QHash>
+
+#include <txgraphics/TXGraphicsEngineManager.h>
+
+namespace
+{
+
+// What an entry costs beside its value and its text: the entry itself, its place in the index, the shared font.
+constexpr std::size_t kEntryBytes = 512;
+constexpr std::size_t kSeenPlaces = 16384;
+constexpr std::size_t kMostDrawnTexts = 4096;
+
+thread_local bool threadIsEnding = false;
+
+std::atomic<unsigned> fontsChanged{0};
+std::atomic<QCoreApplication*> watchedApplication{nullptr};
+
+void Combine(std::size_t& hash, std::size_t more) { hash ^= more + 0x9e3779b97f4a7c15U + (hash << 6) + (hash >> 2); }
+
+} // namespace
+
+bool LabelCache::Key::operator==(const Key& other) const
+{
+    return type == other.type && text == other.text && details == other.details && font == other.font;
+}
+
+std::size_t LabelCache::Key::Hash() const
+{
+    std::size_t hash = std::hash<const void*>()(type);
+    Combine(hash, qHash(text));
+    // The other properties of a font differ too seldom to be worth their hashing.
+    Combine(hash, static_cast<std::size_t>(font.pixelSize()));
+    for (const qint64 detail : details)
+        Combine(hash, static_cast<std::size_t>(detail));
+    return hash;
+}
+
+unsigned LabelCache::FontGeneration()
+{
+    auto* const application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    QCoreApplication* watched = watchedApplication;
+    if (application && watched != application && watchedApplication.compare_exchange_strong(watched, application))
+    {
+        ++fontsChanged;
+        QObject::connect(application, &QGuiApplication::fontDatabaseChanged, [] { ++fontsChanged; });
+        QObject::connect(application, &QObject::destroyed, [] { watchedApplication = nullptr; });
+    }
+    return fontsChanged;
+}
+
+LabelCache& LabelCache::OfThread()
+{
+    // Never destroyed, and never changed.
+    static LabelCache& afterwards = *new LabelCache(Lifetime::Process);
+    if (threadIsEnding)
+        return afterwards;
+    static thread_local LabelCache cache(Lifetime::Thread);
+    return cache;
+}
+
+LabelCache::~LabelCache() { threadIsEnding = true; }
+
+bool LabelCache::IsOn()
+{
+    if (lifetime == Lifetime::Process)
+        return false;
+    const unsigned generation = FontGeneration();
+    if (generation != fontGeneration)
+        Clear();
+    fontGeneration = generation;
+    const std::size_t size = TZObjects::TXGraphicsEngineManager::instance("")->LabelCacheSize();
+    if (size != limit)
+    {
+        limit = size;
+        Shrink(0);
+    }
+    return limit > 0;
+}
+
+const std::shared_ptr<const void>* LabelCache::Find(const Key& key)
+{
+    const auto [first, last] = index.equal_range(key.Hash());
+    const auto found = std::find_if(first, last, [&](const auto& indexed) { return indexed.second->key == key; });
+    if (found == last)
+        return nullptr;
+    entries.splice(entries.begin(), entries, found->second);
+    return &found->second->value;
+}
+
+void LabelCache::Keep(Key key, std::shared_ptr<const void> value, std::size_t valueBytes)
+{
+    const std::size_t textBytes = static_cast<std::size_t>(key.text.size()) * sizeof(QChar);
+    const std::size_t needed = kEntryBytes + valueBytes + textBytes + key.details.capacity() * sizeof(qint64);
+    if (needed > limit)
+        return;
+    Shrink(needed);
+    const std::size_t hash = key.Hash();
+    entries.push_front({std::move(key), hash, std::move(value), needed});
+    try
+    {
+        index.emplace(hash, entries.begin());
+    }
+    catch (const std::bad_alloc&)
+    {
+        entries.pop_front();
+        throw;
+    }
+    bytes += needed;
+}
+
+void LabelCache::Shrink(std::size_t wanted)
+{
+    while (!entries.empty() && bytes + wanted > limit)
+    {
+        const auto last = std::prev(entries.end());
+        const auto [from, to] = index.equal_range(last->hash);
+        index.erase(std::find_if(from, to, [&](const auto& indexed) { return indexed.second == last; }));
+        bytes -= last->bytes;
+        entries.pop_back();
+    }
+}
+
+bool LabelCache::WasSeen(const QFont& font, const QString& text, int what)
+{
+    if (!IsOn())
+        return false;
+    if (seen.empty())
+        seen.resize(kSeenPlaces);
+    std::size_t hash = qHash(text);
+    Combine(hash, static_cast<std::size_t>(font.pixelSize()));
+    Combine(hash, static_cast<std::size_t>(what));
+    quint32& place = seen[hash % kSeenPlaces];
+    const auto rest = static_cast<quint32>(hash >> 32) ^ static_cast<quint32>(hash);
+    return std::exchange(place, rest) == rest;
+}
+
+void LabelCache::Clear()
+{
+    index.clear();
+    entries.clear();
+    bytes = 0;
+    drawnWithImages.clear();
+}
+
+void LabelCache::GlyphImagesUsed(const QFont& font, const QString& text, const QTransform& transform)
+{
+    if (entries.empty() && drawnWithImages.empty())
+        return;
+    std::size_t hash = qHash(font);
+    Combine(hash, qHash(text));
+    // Symbols at all angles must not empty the cache each time.
+    Combine(hash, transform.type() > QTransform::TxTranslate ? 1 : 0);
+    if (drawnWithImages.count(hash) > 0)
+        return;
+    if (drawnWithImages.size() >= kMostDrawnTexts)
+        drawnWithImages.clear();
+    index.clear();
+    entries.clear();
+    bytes = 0;
+    drawnWithImages.insert(hash);
+}
