@@ -51,21 +51,20 @@ TEST_P(LoadingTest, EndsWell)
 
 INSTANTIATE_TEST_SUITE_P(
     Sequences, LoadingTest,
-    ::testing::Values(Case{"load-only", kNoDisplay, 1}, Case{"load-only", kUnreachableDisplay, 1},
-                      Case{"load-only", kUnreachableWayland, 1}, Case{"load-only", kHostChoice, 1},
-                      Case{"load-and-draw", kNoDisplay, 1}, Case{"load-and-draw", kUnreachableDisplay, 1},
-                      Case{"load-and-draw", kUnreachableWayland, 1}, Case{"load-and-draw", kHostChoice, 1},
-                      Case{"keep-surface-to-the-end", kNoDisplay, 1}, Case{"load-unload-load", kNoDisplay, 1},
-                      Case{"unload-with-live-surface", kNoDisplay, 1}, Case{"host-application-before", kHostChoice, 0},
-                      Case{"host-application-destroyed-first", kHostChoice, 0},
-                      Case{"host-application-after-loading", kHostChoice, 1},
-                      Case{"host-core-application-only", kHostChoice, 0}, Case{"engine-on-thread", kNoDisplay, 1},
-                      Case{"two-engines", kNoDisplay, 1}, Case{"application-outlives-engine", kNoDisplay, 1},
-                      Case{"nothing-of-the-host-changes", kNoDisplay, 1},
-                      Case{"nothing-of-the-host-changes", kUnreachableDisplay, 1},
-                      Case{"nothing-of-the-host-changes", kHostChoice, 1},
-                      Case{"notice-is-a-debug-message", kNoDisplay, 0},
-                      Case{"entry-gives-one-reference", kNoDisplay, 1}));
+    ::testing::Values(
+        Case{"load-only", kNoDisplay, 1}, Case{"load-only", kUnreachableDisplay, 1},
+        Case{"load-only", kUnreachableWayland, 1}, Case{"load-only", kHostChoice, 1},
+        Case{"load-and-draw", kNoDisplay, 1}, Case{"load-and-draw", kUnreachableDisplay, 1},
+        Case{"load-and-draw", kUnreachableWayland, 1}, Case{"load-and-draw", kHostChoice, 1},
+        Case{"keep-surface-to-the-end", kNoDisplay, 1}, Case{"load-unload-load", kNoDisplay, 1},
+        Case{"unload-with-live-surface", kNoDisplay, 1}, Case{"host-application-before", kHostChoice, 0},
+        Case{"label-in-static-destructor", kHostChoice, 0}, Case{"host-application-destroyed-first", kHostChoice, 0},
+        Case{"host-application-after-loading", kHostChoice, 1}, Case{"host-core-application-only", kHostChoice, 0},
+        Case{"engine-on-thread", kNoDisplay, 1}, Case{"two-engines", kNoDisplay, 1},
+        Case{"application-outlives-engine", kNoDisplay, 1}, Case{"nothing-of-the-host-changes", kNoDisplay, 1},
+        Case{"nothing-of-the-host-changes", kUnreachableDisplay, 1},
+        Case{"nothing-of-the-host-changes", kHostChoice, 1}, Case{"notice-is-a-debug-message", kNoDisplay, 0},
+        Case{"entry-gives-one-reference", kNoDisplay, 1}));
 
 TEST(ProcessApplicationTest, EndsWithTheProcess)
 {

@@ -72,6 +72,38 @@ void LoadOnly() { Load(); }
 
 void LoadAndDraw() { Draw(*Load()); }
 
+/// Draws and measures a label when the main thread's own objects are gone already.
+struct LabelAtTheEnd
+{
+    ~LabelAtTheEnd()
+    {
+        for (int i = 0; i < 3; ++i)
+        {
+            double width = 0.0;
+            double height = 0.0;
+            Expect(surface->GetFont()->GetTextExtent(L"Late", width, height, true), "a measure");
+            Expect(surface->DrawOutlineString(5.0, 5.0, TXGraphics::TextAlignTop, TXGraphics::TextAlignLeft, L"Late",
+                                              TXColor::RED_, 0.0, 0.0, 1.0),
+                   "a label");
+        }
+        if (expectations.ExitCode() != 0)
+            std::_Exit(1);
+    }
+
+    TXRefPtr<TXGraphics> surface;
+};
+
+void LabelInStaticDestructor()
+{
+    static QGuiApplication application(HostArgc(), HostArgv());
+    const TXRefPtr<TXGraphics> surface = Draw(*Load());
+    surface->DrawOutlineString(5.0, 5.0, TXGraphics::TextAlignTop, TXGraphics::TextAlignLeft, L"Early", TXColor::RED_,
+                               0.0, 0.0, 1.0);
+    // Destroyed before the application and Qt's own statics, but after what belongs to the thread.
+    static LabelAtTheEnd label;
+    label.surface = surface;
+}
+
 void KeepSurfaceToTheEnd()
 {
     static TXRefPtr<TXGraphics> surface;
@@ -211,6 +243,7 @@ const std::map<std::string, void (*)()> kSequences = {
     {"keep-surface-to-the-end", KeepSurfaceToTheEnd},
     {"load-unload-load", LoadUnloadLoad},
     {"unload-with-live-surface", UnloadWithLiveSurface},
+    {"label-in-static-destructor", LabelInStaticDestructor},
     {"host-application-before", HostApplicationBefore},
     {"host-application-destroyed-first", HostApplicationDestroyedFirst},
     {"host-application-after-loading", HostApplicationAfterLoading},

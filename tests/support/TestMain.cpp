@@ -1,6 +1,7 @@
 #include <QGuiApplication>
 
 #include <gtest/gtest.h>
+#include <txgraphics/TXGraphicsEngineManager.h>
 
 int main(int argc, char** argv)
 {
@@ -9,6 +10,8 @@ int main(int argc, char** argv)
     if (::testing::GTEST_FLAG(list_tests))
         return RUN_ALL_TESTS();
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (qEnvironmentVariableIsSet("TX_LABEL_CACHE_SIZE"))
+        TZObjects::TXGraphicsEngineManager::instance("")->SetLabelCacheSize(qgetenv("TX_LABEL_CACHE_SIZE").toULong());
     QGuiApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

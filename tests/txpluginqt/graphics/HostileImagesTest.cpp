@@ -5,6 +5,7 @@
 
 #include "ShapeCalls.h"
 #include "SurfaceTest.h"
+#include <tests/support/ImageCompare.h>
 #include <tests/support/Twins.h>
 
 using namespace TZObjects;
@@ -290,6 +291,22 @@ TEST_F(HostileImagesTest, IndicesBeyondTheColoursAreTransparentInBlitsAndTexture
     filled.Direct().setBrush(direct);
     filled.Direct().drawRect(10, 10, 60, 50);
     EXPECT_TRUE(filled.Same());
+}
+
+TEST_F(HostileImagesTest, ClearedWhileTheyArePaintedOnInEveryFormat)
+{
+    for (int format = QImage::Format_RGB32; format < QImage::NImageFormats; ++format)
+    {
+        SCOPED_TRACE(format);
+        const TXRefPtr<TXImage> image = TestEngine().NewImage();
+        image->CreateImage(20, 10, static_cast<TXImage::Format>(format));
+        QImage expected(20, 10, static_cast<QImage::Format>(format));
+        expected.fill(QColor(200, 100, 50, 255));
+        const TXRefPtr<TXGraphics> surface = TestEngine().NewGraphics();
+        surface->SelectImage(image);
+        EXPECT_TRUE(surface->ClearWithColor(TXColor(200, 100, 50, 255)));
+        EXPECT_TRUE(SamePixels(PixelsOf(*image), expected));
+    }
 }
 
 TEST_F(HostileImagesTest, BlittedOntoItself)

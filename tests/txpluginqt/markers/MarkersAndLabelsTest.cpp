@@ -1,4 +1,5 @@
 // Markers and labels through Qt on one surface: each sees what the one before has left.
+#include <tests/support/Twins.h>
 #include <tests/txpluginqt/graphics/RandomCases.h>
 #include <tests/txpluginqt/graphics/SurfaceTest.h>
 #include <tests/txpluginqt/text/ExpectedLabel.h>
@@ -104,6 +105,44 @@ TEST_F(MarkersAndLabelsTest, MarkersAndLabelsInAnyOrderAreDrawnAsQtDrawsThem)
         }
     }
     EXPECT_TRUE(twins.SameWithState());
+}
+
+TEST(MarkersAndTextTest, APenThatNothingHasUsedYetDoesNotChangeHowTextIsDrawn)
+{
+    // Qt finds out how it draws text when it prepares a state, from a pen that it prepares apart from that.
+    for (const Placement placement : kPlacements)
+        for (const bool fills : {false, true})
+        {
+            Twins twins(150, 100, TXImage::Format_ARGB32);
+            twins.Both(
+                [&](QPainter& painter)
+                {
+                    QLinearGradient gradient(0.0, 0.0, 150.0, 0.0);
+                    gradient.setColorAt(0.0, QColor(10, 200, 30, 90));
+                    gradient.setColorAt(1.0, QColor(200, 20, 130, 120));
+                    painter.setRenderHint(QPainter::Antialiasing, false);
+                    painter.setPen(Qt::NoPen);
+                    painter.setBrush(gradient);
+                    painter.drawRect(20, 20, 100, 60);
+                    painter.setPen(QColor(0, 0, 0, 255));
+                });
+            PointSymbol star;
+            star.SetPoints(Star(5, 2, 18.0));
+            star.closed = false;
+            EXPECT_TRUE(Draw(twins.Surface(), placement, star));
+            DrawDirectly(twins.Direct(), placement, star);
+            if (fills)
+                twins.Both([](QPainter& painter) { painter.fillRect(5, 5, 30, 20, QColor(90, 90, 200, 100)); });
+            CharacterSymbol symbol;
+            symbol.x = 70.0;
+            symbol.height = symbol.width = 40.0;
+            const FontChoice choice;
+            twins.Surface().SelectFont(MakeFont(choice));
+            QFont directFont = DirectFont(choice);
+            EXPECT_TRUE(Draw(twins.Surface(), symbol));
+            DrawDirectly(twins.Direct(), directFont, symbol);
+            EXPECT_TRUE(twins.Same()) << (fills ? "with a fill between" : "at once");
+        }
 }
 
 TEST_F(MarkersAndLabelsTest, AVectorMarkerLeavesTheFontAlone)

@@ -1,0 +1,175 @@
+// Images scaled in place, against a scaled copy that is drawn.
+#include <random>
+
+#include <QImage>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+#include <tests/support/ImageCompare.h>
+#include <tests/support/Twins.h>
+#include <txpluginqt/graphics/FastScaling.h>
+
+namespace
+{
+
+/// Random numbers, the same for the same seed.
+class Numbers
+{
+public:
+    explicit Numbers(unsigned seed) : engine(seed) {}
+    int Int(int lowest, int highest)
+    {
+        return lowest + static_cast<int>(engine() % static_cast<unsigned>(highest - lowest + 1));
+    }
+    bool Chance(int percent) { return Int(1, 100) <= percent; }
+
+private:
+    std::mt19937 engine;
+};
+
+QImage NoisyImage(int width, int height, QImage::Format format, unsigned seed)
+{
+    std::mt19937 engine(seed);
+    QImage image(width, height, QImage::Format_ARGB32);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            image.setPixel(x, y, engine());
+    return image.convertToFormat(format);
+}
+
+void DrawCopy(QPainter& painter, const QImage& image, const QRect& target)
+{
+    painter.drawImage(QPointF(target.topLeft()),
+                      image.scaled(target.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation));
+}
+
+/// Success when scaling in place is refused, or takes the pixels of the scaled copy and leaves the painter as it was.
+::testing::AssertionResult TakesTheSamePixels(QPainter& actual, QPainter& expected, const QImage& source,
+                                              const QRect& target, int& inPlace)
+{
+    if (!ScalesAlikeInPlace(actual, source, target))
+        return ::testing::AssertionSuccess();
+    ++inPlace;
+    const QPainter::RenderHints hints = actual.renderHints();
+    DrawScaledInPlace(actual, source, target);
+    if (actual.renderHints() != hints)
+        return ::testing::AssertionFailure() << "other hints";
+    DrawCopy(expected, source, target);
+    return SamePixels(*static_cast<QImage*>(actual.device()), *static_cast<QImage*>(expected.device()));
+}
+
+TEST(FastScalingTest, TakesThePixelsOfAScaledCopy)
+{
+    constexpr int kCases = 3000;
+    int inPlace = 0;
+    for (int i = 0; i < kCases; ++i)
+    {
+        Numbers numbers(static_cast<unsigned>(i));
+        constexpr QImage::Format formats[] = {QImage::Format_RGB32, QImage::Format_ARGB32_Premultiplied,
+                                              QImage::Format_ARGB32, QImage::Format_RGB16};
+        const int most = numbers.Chance(20) ? 300 : 40;
+        const QImage source = NoisyImage(numbers.Int(1, most), numbers.Int(1, most),
+                                         formats[numbers.Int(0, numbers.Chance(80) ? 1 : 3)], 7u * i);
+        QImage actual = NoisyImage(410, 120, formats[numbers.Int(0, numbers.Chance(80) ? 1 : 3)], 5);
+        QImage expected = actual.copy();
+        QPainter painter(&actual);
+        QPainter direct(&expected);
+        const double opacity = numbers.Chance(70) ? 1.0 : numbers.Int(0, 256) / 256.0;
+        const int moved = numbers.Chance(30) ? numbers.Int(-30, 30) : 0;
+        const bool smooth = numbers.Chance(50);
+        const bool antialiased = numbers.Chance(50);
+        const bool clipped = numbers.Chance(10);
+        for (QPainter* const p : {&painter, &direct})
+        {
+            p->setOpacity(opacity);
+            p->translate(moved, -moved);
+            p->setRenderHint(QPainter::SmoothPixmapTransform, smooth);
+            p->setRenderHint(QPainter::Antialiasing, antialiased);
+            if (clipped)
+                p->setClipRect(QRect(10, 10, 100, 80));
+        }
+        QRect target(numbers.Int(-5, 60), numbers.Int(-5, 60), numbers.Int(1, 400), numbers.Int(1, 110));
+        if (numbers.Chance(40))
+            // Whole multiples and parts, where rounding decides.
+            target.setSize(source.size() * numbers.Int(1, 5) / numbers.Int(1, 4));
+        ASSERT_TRUE(TakesTheSamePixels(painter, direct, source, target, inPlace))
+            << "case " << i << ": " << source.width() << " x " << source.height() << " to " << target.width() << " x "
+            << target.height() << " at " << target.x() << ", " << target.y();
+    }
+    EXPECT_GE(inPlace, kCases / 4);
+}
+
+TEST(FastScalingTest, TakesTheSamePixelsForEveryPairOfLengths)
+{
+    int inPlace = 0;
+    QImage actual(410, 2, QImage::Format_ARGB32_Premultiplied);
+    QImage expected = actual.copy();
+    for (int from = 1; from <= 300; from += from < 70 ? 1 : 23)
+    {
+        const QImage source = NoisyImage(from, 2, QImage::Format_ARGB32_Premultiplied, 3);
+        for (int to = 1; to <= 400; to += to < 90 ? 1 : 17)
+        {
+            actual.fill(Qt::transparent);
+            expected.fill(Qt::transparent);
+            QPainter painter(&actual);
+            QPainter direct(&expected);
+            ASSERT_TRUE(TakesTheSamePixels(painter, direct, source, QRect(to % 9, 0, to, 2), inPlace))
+                << from << " to " << to;
+        }
+    }
+    EXPECT_GE(inPlace, 8000);
+}
+
+TEST(FastScalingTest, DrawsNothingInPlaceThatQtWouldDrawInAnotherWay)
+{
+    const QImage source = NoisyImage(20, 20, QImage::Format_ARGB32_Premultiplied, 1);
+    QImage device(100, 100, QImage::Format_ARGB32_Premultiplied);
+    const QRect target(10, 10, 30, 25);
+    const auto refuses = [&](auto change, const QImage& image, const QRect& rect)
+    {
+        QPainter painter(&device);
+        change(painter);
+        return !ScalesAlikeInPlace(painter, image, rect);
+    };
+    const auto nothing = [](QPainter&) {};
+    EXPECT_FALSE(refuses(nothing, source, target));
+    EXPECT_TRUE(refuses([](QPainter& p) { p.translate(0.5, 0.0); }, source, target));
+    EXPECT_TRUE(refuses([](QPainter& p) { p.translate(0.0, 0.25); }, source, target));
+    EXPECT_TRUE(refuses([](QPainter& p) { p.scale(2.0, 1.0); }, source, target));
+    EXPECT_TRUE(refuses([](QPainter& p) { p.rotate(90.0); }, source, target));
+    EXPECT_TRUE(refuses([](QPainter& p) { p.setClipRect(QRect(20, 20, 10, 10)); }, source, target));
+    for (const QRect& outside : {QRect(-1, 10, 30, 25), QRect(10, -1, 30, 25), QRect(71, 10, 30, 25),
+                                 QRect(10, 76, 30, 25), QRect(10, 10, 0, 25), QRect(10, 10, 30, 0)})
+        EXPECT_TRUE(refuses(nothing, source, outside));
+    EXPECT_FALSE(refuses(nothing, source, QRect(70, 75, 30, 25)));
+    EXPECT_FALSE(refuses(nothing, source, QRect(0, 0, 30, 25)));
+    EXPECT_TRUE(refuses([](QPainter& p) { p.translate(-11, 0); }, source, target));
+    QImage fine = source;
+    fine.setDevicePixelRatio(2.0);
+    EXPECT_TRUE(refuses(nothing, fine, target));
+    EXPECT_TRUE(refuses(nothing, source.convertToFormat(QImage::Format_RGB16), target));
+    EXPECT_TRUE(refuses([](QPainter& p) { p.setOpacity(0.5); }, source.convertToFormat(QImage::Format_RGB32), target));
+}
+
+TEST(FastScalingTest, HandlesStripsThatAreLongerOrEnlargedMore)
+{
+    int inPlace = 0;
+    for (const int from : {1, 2, 3, 7, 32766, 32767, 32768})
+        for (const int to : {1, 2, 511, 512, 513, 1023, 1024, 1025, 32767})
+            for (const bool wide : {true, false})
+            {
+                const QImage source = wide ? NoisyImage(from, 2, QImage::Format_ARGB32_Premultiplied, 1)
+                                           : NoisyImage(2, from, QImage::Format_ARGB32_Premultiplied, 1);
+                const QSize size = wide ? QSize(to, 3) : QSize(3, to);
+                QImage actual(size, QImage::Format_ARGB32_Premultiplied);
+                actual.fill(Qt::transparent);
+                QImage expected = actual.copy();
+                QPainter painter(&actual);
+                QPainter direct(&expected);
+                ASSERT_TRUE(TakesTheSamePixels(painter, direct, source, QRect(QPoint(0, 0), size), inPlace))
+                    << from << " to " << to;
+            }
+    EXPECT_GE(inPlace, 40);
+}
+
+} // namespace

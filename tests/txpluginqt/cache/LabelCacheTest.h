@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QFont>
+
+#include <tests/support/QuietTest.h>
+#include <txpluginqt/support/LabelCache.h>
+
+/// A value that says of itself how large it is.
+struct Sized
+{
+    std::size_t bytes = 0;
+    int number = 0;
+
+    std::size_t Bytes() const { return bytes; }
+};
+
+struct OtherKind
+{
+    int number = 0;
+
+    static std::size_t Bytes() { return 8; }
+};
+
+/// What no entry without a text takes more of beside its value.
+constexpr std::size_t kMostPerEntry = 600;
+
+class LabelCacheTest : public QuietTest
+{
+protected:
+    LabelCacheTest()
+    {
+        SetSize(std::size_t(1) << 20);
+        Empty();
+    }
+    ~LabelCacheTest() override { SetSize(std::size_t(32) << 20); }
+
+    static void SetSize(std::size_t bytes)
+    {
+        TZObjects::TXGraphicsEngineManager::instance("")->SetLabelCacheSize(bytes);
+    }
+
+    /// As a host that sets the size to 0 and back.
+    static void Empty()
+    {
+        const std::size_t size = TZObjects::TXGraphicsEngineManager::instance("")->LabelCacheSize();
+        SetSize(0);
+        LabelCache::OfThread().IsOn();
+        SetSize(size);
+        LabelCache::OfThread().IsOn();
+    }
+
+    /// A font of a size in pixels, as labels have.
+    static QFont Font(int pixels = 20)
+    {
+        QFont font("DejaVu Sans");
+        font.setPixelSize(pixels);
+        return font;
+    }
+
+    /// True when the value was kept from before.
+    static bool Hits(const QString& text, std::size_t bytes = 100, const QFont& font = Font(),
+                     const LabelCache::Details& details = {})
+    {
+        bool made = false;
+        LabelCache::OfThread().Get<Sized>(font, text, details,
+                                          [&]
+                                          {
+                                              made = true;
+                                              return Sized{bytes, 0};
+                                          });
+        return !made;
+    }
+
+    static bool HitsFont(const QFont& font) { return Hits("text", 100, font); }
+
+    static std::size_t Bytes() { return LabelCache::OfThread().Bytes(); }
+};
