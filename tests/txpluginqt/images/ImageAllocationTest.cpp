@@ -11,7 +11,7 @@ namespace
 
 constexpr int kSide = 2000;
 /// Room for the description of an image, and far too little for pixels.
-constexpr std::size_t kDescription = 1024;
+constexpr std::size_t kDescription = 2048;
 
 /// What image drawing allocates. Nothing is copied where the image, or a part of it, can be drawn as it is.
 class ImageAllocationTest : public ImageTest
@@ -78,12 +78,12 @@ TEST_F(ImageAllocationTest, ARotatedImageTakesWhatQtTakes)
     const Allocations direct = Of(
         [&]
         {
-            const QTransform before = twins.SurfacePainter().worldTransform();
+            twins.SurfacePainter().save();
             twins.SurfacePainter().translate(70, 50);
             twins.SurfacePainter().rotate(30);
             twins.SurfacePainter().translate(-70, -50);
             twins.SurfacePainter().drawImage(QPointF(20, 10), PixelsOf(*source));
-            twins.SurfacePainter().setWorldTransform(before);
+            twins.SurfacePainter().restore();
         });
     for (const TXRect& dst : {whole, moved})
     {
