@@ -27,6 +27,12 @@ struct MeasuringScene
     double sumDirect = 0.0;
 
     const Name& NameOf(int i) const { return names[static_cast<std::size_t>(i) % names.size()]; }
+    /// Both sides begin with the text as a host has it.
+    QString DirectTextOf(int i) const
+    {
+        const TZObjects::TXString& text = NameOf(i).text;
+        return QString::fromWCharArray(text.wstr(), text.length());
+    }
 };
 
 using Measure = double (*)(const MeasuringScene& scene, int i);
@@ -42,7 +48,7 @@ double ExtentOurs(const MeasuringScene& scene, int i)
 double ExtentDirect(const MeasuringScene& scene, int i)
 {
     const QFontMetricsF metrics(scene.direct);
-    const QString& text = scene.NameOf(i).direct;
+    const QString text = scene.DirectTextOf(i);
     const QRectF bounds = metrics.boundingRect(text);
     return std::max(metrics.horizontalAdvance(text), bounds.width()) + bounds.height();
 }
@@ -60,7 +66,7 @@ double BlockDirect(const MeasuringScene& scene, int i)
     const QFontMetricsF metrics(scene.direct);
     double width = 0.0;
     double height = 0.0;
-    for (const QString& line : scene.NameOf(i).direct.split('\n'))
+    for (const QString& line : scene.DirectTextOf(i).split('\n'))
     {
         const QRectF bounds = metrics.boundingRect(line);
         width = std::max(width, bounds.width());

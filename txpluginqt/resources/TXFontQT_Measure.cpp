@@ -95,15 +95,26 @@ Extent CairoBlockExtent(cairo_t* context, const TXString& text, double spacing)
     return block;
 }
 
+/// Most labels are of one line, and need no list of lines.
+template <class Add>
+void ForEachLine(const QString& text, Add add)
+{
+    if (!text.contains(QLatin1Char('\n')))
+        return add(text);
+    for (const QString& line : text.split(QLatin1Char('\n')))
+        add(line);
+}
+
 Extent QtBlockExtent(const QString& label, const QFont& font)
 {
     const QFontMetricsF metrics(font);
     BlockExtent block;
-    for (const QString& line : ConvertedText(label).split(QLatin1Char('\n')))
-    {
-        const QSizeF size = IsRichText(line) ? RichExtent(line, font) : metrics.boundingRect(line).size();
-        block.Add(size.width(), size.height());
-    }
+    ForEachLine(ConvertedText(label),
+                [&](const QString& line)
+                {
+                    const QSizeF size = IsRichText(line) ? RichExtent(line, font) : metrics.boundingRect(line).size();
+                    block.Add(size.width(), size.height());
+                });
     return block;
 }
 
@@ -111,13 +122,14 @@ Extent QtBlockExtentInWholeUnits(const QString& label, const QFont& font)
 {
     const QFontMetrics metrics(font);
     BlockExtent block;
-    for (const QString& line : ConvertedText(label).split(QLatin1Char('\n')))
-    {
-        const QSizeF rich = IsRichText(line) ? RichExtent(line, font) : QSizeF();
-        const QSize size = rich.isValid() ? QSize(Truncated(rich.width()), Truncated(rich.height()))
-                                          : metrics.boundingRect(line).size();
-        block.Add(size.width(), size.height());
-    }
+    ForEachLine(ConvertedText(label),
+                [&](const QString& line)
+                {
+                    const QSizeF rich = IsRichText(line) ? RichExtent(line, font) : QSizeF();
+                    const QSize size = rich.isValid() ? QSize(Truncated(rich.width()), Truncated(rich.height()))
+                                                      : metrics.boundingRect(line).size();
+                    block.Add(size.width(), size.height());
+                });
     return block;
 }
 
