@@ -28,7 +28,7 @@ TEST_P(RandomWalkTest, LeavesTheSameAsMadeDirectly)
     if (const char* const only = std::getenv("TX_WALK_SEED"))
     {
         if (GetParam() != 0)
-            GTEST_SKIP() << "one walk only";
+            return;
         ASSERT_TRUE(RandomWalk(static_cast<unsigned>(std::strtoul(only, nullptr, 10)), Printed).Run());
         return;
     }
