@@ -72,8 +72,8 @@ bool DrawsPartInPlace(const QPainter& painter, const QImage& image, const QRect&
     const QTransform& transform = painter.deviceTransform();
     const QPointF onDevice(corner.x() + transform.dx(), corner.y() + transform.dy());
     return transform.type() <= QTransform::TxTranslate && corner == corner.toPoint() &&
-           onDevice == onDevice.toPoint() && image.devicePixelRatio() == 1.0 && part.width() * part.height() > 1 &&
-           image.rect().contains(part);
+           onDevice == onDevice.toPoint() && image.devicePixelRatio() == 1.0 && !part.isEmpty() &&
+           part.size() != QSize(1, 1) && image.rect().contains(part);
 }
 
 QImage Scaled(const QImage& crop, const ImagePlacement& placement, Qt::TransformationMode mode)

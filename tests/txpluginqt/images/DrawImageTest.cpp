@@ -49,6 +49,22 @@ TEST_F(DrawImageTest, EqualRectanglesElsewhereAreNotInPlace)
     }
 }
 
+TEST_F(DrawImageTest, MirroredRectanglesDrawNothing)
+{
+    const TXRefPtr<TXImage> source = NewSource(50, 40);
+    const TXRect mirrored[][2] = {{TXRect(60, 20, 50, 10), TXRect(40, 0, 40, 0)},
+                                  {TXRect(60, 20, 50, 20), TXRect(45, 5, 35, 5)},
+                                  {TXRect(60, 20, 10, 50), TXRect(40, 0, 0, 40)},
+                                  {TXRect(20, 60, 50, 10), TXRect(0, 40, 40, 0)}};
+    for (const auto& [dst, src] : mirrored)
+        for (const ImageOperation operation : kImageOperations)
+        {
+            Twins twins;
+            EXPECT_EQ(DrawBoth(twins, operation, Call(dst, src), *source).route, ImageRoute::Placed);
+            EXPECT_TRUE(SameInAll(twins));
+        }
+}
+
 TEST_F(DrawImageTest, AtTheOriginInAnotherSizeIsNotInPlace)
 {
     const TXRefPtr<TXImage> source = NewSource(50, 40);
