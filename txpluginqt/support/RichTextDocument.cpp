@@ -22,4 +22,9 @@ QVariant RichTextDocument::loadResource(int type, const QUrl&)
     return pixel;
 }
 
-bool IsRichText(const QString& text) { return Qt::mightBeRichText(text); }
+bool IsRichText(const QString& text)
+{
+    // Without one of these Qt says no, too, but takes longer; nearly every label is plain.
+    const bool mayBe = text.contains(QLatin1Char('<')) || text.contains(QLatin1Char('&'));
+    return mayBe && Qt::mightBeRichText(text);
+}
