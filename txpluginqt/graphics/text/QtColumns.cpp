@@ -18,6 +18,21 @@ qreal GapFactor(bool firstColumn, bool italic)
     return italic ? 0.2 : 0.05;
 }
 
+struct LetterAdvance
+{
+    qreal width;
+
+    static std::size_t Bytes() { return sizeof(LetterAdvance); }
+};
+
+/// Measuring a letter is dear, and labels share their letters.
+qreal LetterWidth(const QFontMetricsF& metrics, const QFont& font, const QString& letter)
+{
+    return LabelCache::OfThread()
+        .Get<LetterAdvance>(font, letter, {}, [&] { return LetterAdvance{metrics.horizontalAdvance(letter)}; })
+        ->width;
+}
+
 } // namespace
 
 QtColumns::QtColumns(const QString& text, const QFont& font, qreal columnSpacing, qreal charSpacing)
@@ -33,7 +48,10 @@ QtColumns::QtColumns(const QString& text, const QFont& font, qreal columnSpacing
     {
         qreal width = 0.0;
         for (int k = 0; k < line.size(); ++k)
-            width = std::max(width, metrics.horizontalAdvance(line.mid(k, 1)));
+        {
+            if (line.indexOf(line[k]) == k)
+                width = std::max(width, LetterWidth(metrics, font, line.mid(k, 1)));
+        }
         const qreal length = line.size() * step - charSpacing;
         height = columns.empty() ? length : std::max(height, length);
         columns.push_back({line, width, length, metrics.height() * GapFactor(columns.empty(), italic)});
