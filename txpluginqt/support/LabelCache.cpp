@@ -45,9 +45,11 @@ std::size_t LabelCache::Key::Hash() const
 
 unsigned LabelCache::FontGeneration()
 {
-    auto* const application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
     QCoreApplication* watched = watchedApplication;
-    if (application && watched != application && watchedApplication.compare_exchange_strong(watched, application))
+    if (QCoreApplication::instance() == watched)
+        return fontsChanged;
+    auto* const application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    if (application && watchedApplication.compare_exchange_strong(watched, application))
     {
         ++fontsChanged;
         QObject::connect(application, &QGuiApplication::fontDatabaseChanged, [] { ++fontsChanged; });
@@ -58,10 +60,12 @@ unsigned LabelCache::FontGeneration()
 
 LabelCache& LabelCache::OfThread()
 {
-    // Never destroyed, and never changed.
-    static LabelCache& afterwards = *new LabelCache(Lifetime::Process);
     if (threadIsEnding)
+    {
+        // Never destroyed, and never changed.
+        static LabelCache& afterwards = *new LabelCache(Lifetime::Process);
         return afterwards;
+    }
     static thread_local LabelCache cache(Lifetime::Thread);
     return cache;
 }
@@ -74,9 +78,12 @@ bool LabelCache::IsOn()
         return false;
     const unsigned generation = FontGeneration();
     if (generation != fontGeneration)
+    {
         Clear();
-    fontGeneration = generation;
-    const std::size_t size = TZObjects::TXGraphicsEngineManager::instance("")->LabelCacheSize();
+        drawnWithImages.clear();
+        fontGeneration = generation;
+    }
+    const std::size_t size = TZObjects::TXGraphicsEngineManager::instance(TZObjects::TXString())->LabelCacheSize();
     if (size != limit)
     {
         limit = size;
@@ -85,9 +92,9 @@ bool LabelCache::IsOn()
     return limit > 0;
 }
 
-const std::shared_ptr<const void>* LabelCache::Find(const Key& key)
+const std::shared_ptr<const void>* LabelCache::Find(const Key& key, std::size_t hash)
 {
-    const auto [first, last] = index.equal_range(key.Hash());
+    const auto [first, last] = index.equal_range(hash);
     const auto found = std::find_if(first, last, [&](const auto& indexed) { return indexed.second->key == key; });
     if (found == last)
         return nullptr;
@@ -95,14 +102,13 @@ const std::shared_ptr<const void>* LabelCache::Find(const Key& key)
     return &found->second->value;
 }
 
-void LabelCache::Keep(Key key, std::shared_ptr<const void> value, std::size_t valueBytes)
+void LabelCache::Keep(Key key, std::size_t hash, std::shared_ptr<const void> value, std::size_t valueBytes)
 {
     const std::size_t textBytes = static_cast<std::size_t>(key.text.size()) * sizeof(QChar);
     const std::size_t needed = kEntryBytes + valueBytes + textBytes + key.details.capacity() * sizeof(qint64);
     if (needed > limit)
         return;
     Shrink(needed);
-    const std::size_t hash = key.Hash();
     entries.push_front({std::move(key), hash, std::move(value), needed});
     try
     {
@@ -147,7 +153,6 @@ void LabelCache::Clear()
     index.clear();
     entries.clear();
     bytes = 0;
-    drawnWithImages.clear();
 }
 
 void LabelCache::GlyphImagesUsed(const QFont& font, const QString& text, const QTransform& transform)
@@ -162,8 +167,6 @@ void LabelCache::GlyphImagesUsed(const QFont& font, const QString& text, const Q
         return;
     if (drawnWithImages.size() >= kMostDrawnTexts)
         drawnWithImages.clear();
-    index.clear();
-    entries.clear();
-    bytes = 0;
+    Clear();
     drawnWithImages.insert(hash);
 }

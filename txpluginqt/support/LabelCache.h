@@ -44,10 +44,11 @@ public:
         if (!IsOn() || font.pixelSize() <= 0)
             return std::make_shared<const T>(make());
         Key key{&kTypeTag<T>, font, text, std::move(details)};
-        if (const std::shared_ptr<const void>* const kept = Find(key))
+        const std::size_t hash = key.Hash();
+        if (const std::shared_ptr<const void>* const kept = Find(key, hash))
             return std::static_pointer_cast<const T>(*kept);
         auto made = std::make_shared<const T>(make());
-        Keep(std::move(key), made, made->Bytes());
+        Keep(std::move(key), hash, made, made->Bytes());
         return made;
     }
 
@@ -92,8 +93,8 @@ private:
     template <class T>
     static constexpr char kTypeTag = 0; // Its address tells types apart.
 
-    const std::shared_ptr<const void>* Find(const Key& key);
-    void Keep(Key key, std::shared_ptr<const void> value, std::size_t valueBytes);
+    const std::shared_ptr<const void>* Find(const Key& key, std::size_t hash);
+    void Keep(Key key, std::size_t hash, std::shared_ptr<const void> value, std::size_t valueBytes);
     void Shrink(std::size_t wanted);
     void Clear();
 
