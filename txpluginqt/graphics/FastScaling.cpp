@@ -4,6 +4,8 @@
 
 #include <QPaintEngine>
 
+#include <txpluginqt/support/Images.h>
+
 namespace
 {
 
@@ -46,23 +48,23 @@ bool BlendsAlike(const QImage& image, QImage::Format target)
 bool ScalesAlikeInPlace(const QPainter& painter, const QImage& image, const QRect& target)
 {
     const QPaintEngine* const engine = painter.paintEngine();
-    if (!engine || engine->type() != QPaintEngine::Raster || !painter.device() ||
-        painter.device()->devType() != QInternal::Image || painter.hasClipping() || image.devicePixelRatio() != 1.0)
+    const QImage* const device = PaintedImage(painter);
+    if (!engine || engine->type() != QPaintEngine::Raster || !device || painter.hasClipping() ||
+        image.devicePixelRatio() != 1.0)
         return false;
     // Translucent, Qt scales slower than it scales and blends.
     if (painter.opacity() < 1.0)
         return false;
-    const QImage& device = *static_cast<const QImage*>(painter.device());
     const QTransform& transform = painter.deviceTransform();
     if (transform.type() > QTransform::TxTranslate || transform.dx() != std::trunc(transform.dx()) ||
         transform.dy() != std::trunc(transform.dy()))
         return false;
     // Cut off at an edge, Qt begins elsewhere in the source.
     const QRectF onDevice = QRectF(target).translated(transform.dx(), transform.dy());
-    const bool isInside = QRectF(device.rect()).contains(onDevice);
+    const bool isInside = QRectF(device->rect()).contains(onDevice);
     const bool isUsual = !target.isEmpty() && image.width() <= kLargestSide && image.height() <= kLargestSide &&
                          image.width() * image.height() > 1;
-    return isInside && isUsual && BlendsAlike(image, device.format()) && ScalesAlike(image.width(), target.width()) &&
+    return isInside && isUsual && BlendsAlike(image, device->format()) && ScalesAlike(image.width(), target.width()) &&
            ScalesAlike(image.height(), target.height());
 }
 

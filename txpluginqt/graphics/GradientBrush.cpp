@@ -8,13 +8,12 @@
 
 #include <txpluginqt/graphics/PainterResources.h>
 #include <txpluginqt/resources/GradientStops.h>
+#include <txpluginqt/support/Numbers.h>
 
 using namespace TZObjects;
 
 namespace
 {
-
-constexpr double kPi = 3.141592653589793;
 
 /// Where the line of a slope through a rectangle's centre meets its edges.
 class EdgeHits

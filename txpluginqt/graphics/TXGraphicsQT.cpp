@@ -11,6 +11,7 @@
 #include <txpluginqt/resources/TXBrushQT.h>
 #include <txpluginqt/resources/TXFontQT.h>
 #include <txpluginqt/resources/TXPenQT.h>
+#include <txpluginqt/support/Images.h>
 
 using namespace TZObjects;
 
@@ -22,8 +23,6 @@ constexpr QPainter::RenderHints kAntialiased = QPainter::Antialiasing | QPainter
 bool AntialiasingByDefault() { return TXGraphicsEngineManager::instance("")->AntialiasingEnabled(); }
 
 bool CairoDrawingByDefault() { return TXGraphicsEngineManager::instance("")->CairoDrawingEnabled(); }
-
-QImage* PixelsOf(TXImage* image) { return image ? static_cast<QImage*>(image->GetInternalObject()) : nullptr; }
 
 /// What Qt would refuse with a warning: no pixels, indexed ones, or ones that another painter is painting.
 bool CanBePainted(const QImage* pixels)

@@ -16,11 +16,6 @@ namespace
 // A crop reaches as far beyond its source as the host says, and takes memory all the way.
 constexpr qint64 kLargestCrop = qint64(1) << 28;
 
-const QImage* PixelsOf(TXImage* image)
-{
-    return image ? static_cast<const QImage*>(image->GetInternalObject()) : nullptr;
-}
-
 bool IsDrawableRect(const TXRect& rect) { return IsDrawable(rect.left, rect.right, rect.top, rect.bottom); }
 
 bool HasRoomFor(const QRect& crop, const QImage& source)

@@ -19,7 +19,6 @@ using namespace TZObjects;
 namespace
 {
 
-constexpr double kPi = 3.141592653589793;
 /// Smaller angles are none.
 constexpr double kLeastAngle = 1e-8;
 /// Usual symbols have fewer points, and then need no memory of their own.

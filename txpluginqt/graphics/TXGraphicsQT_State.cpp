@@ -12,16 +12,6 @@
 
 using namespace TZObjects;
 
-namespace
-{
-
-const QImage* PixelsOf(const TXRefPtr<TXImage>& image)
-{
-    return image ? static_cast<const QImage*>(image->GetInternalObject()) : nullptr;
-}
-
-} // namespace
-
 void TXGraphicsQT::SelectPen(TXPen::PenStyle style)
 {
     Paint([&](QPainter& p) { p.setPen(static_cast<Qt::PenStyle>(static_cast<int>(style))); });
@@ -90,7 +80,7 @@ TXRefPtr<TXImage> TXGraphicsQT::GetImage() { return image; }
 
 bool TXGraphicsQT::Save(const TXString& fileName)
 {
-    const QImage* const pixels = PixelsOf(image);
+    const QImage* const pixels = PixelsOf(image.get());
     return pixels && ResultOr(false, [&] { return WriteImageFile(*pixels, ToQString(fileName)); });
 }
 
@@ -168,9 +158,9 @@ bool TXGraphicsQT::BiltTo(TXGraphics* surface, int x, int y) const
 {
     if (!surface)
         return false;
-    const QImage* const from = PixelsOf(image);
+    const QImage* const from = PixelsOf(image.get());
     const TXRefPtr<TXImage> surfaceImage = surface->GetImage();
-    const QImage* const to = PixelsOf(surfaceImage);
+    const QImage* const to = PixelsOf(surfaceImage.get());
     auto* const surfacePainter = static_cast<QPainter*>(surface->GetInteralObject());
     if (!from || !to || !surfacePainter)
         return false;

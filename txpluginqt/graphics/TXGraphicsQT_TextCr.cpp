@@ -16,7 +16,6 @@ using namespace TZObjects;
 namespace
 {
 
-constexpr double kPi = 3.141592653589793;
 constexpr double kSmallestSize = 0.1;
 constexpr int kHeightWithoutFont = 10;
 

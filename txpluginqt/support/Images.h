@@ -3,6 +3,14 @@
 #include <QImage>
 #include <QPainter>
 
+#include <txgraphics/TXImage.h>
+
+/// An image's object of Qt; null for no image and for one without pixels.
+inline QImage* PixelsOf(const TZObjects::TXImage* image)
+{
+    return image ? static_cast<QImage*>(image->GetInternalObject()) : nullptr;
+}
+
 /// True for an image whose pixels are indices of colours.
 inline bool HasIndices(const QImage& image) { return image.format() <= QImage::Format_Indexed8; }
 

@@ -15,6 +15,8 @@ constexpr int kLargestInt = (1 << 30) - 1;
 /// The farthest from 0 that a coordinate handed to Qt may lie; far beyond it Qt's rasteriser loops or divides by zero.
 constexpr double kLargestCoordinate = 1e12;
 
+constexpr double kPi = 3.141592653589793;
+
 /// To int, toward zero. Defined for every double: NaN gives 0 and what is out of range saturates at ±kLargestInt.
 inline int Truncated(double value)
 {

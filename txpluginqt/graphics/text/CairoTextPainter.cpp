@@ -4,11 +4,10 @@
 
 #include <txpluginqt/support/CairoColor.h>
 #include <txpluginqt/support/CairoHandles.h>
+#include <txpluginqt/support/Numbers.h>
 
 namespace
 {
-
-constexpr double kRadiansPerDegree = 3.141592653589793 / 180;
 
 void AddRule(cairo_t* context, const CairoRule& rule)
 {
@@ -51,7 +50,7 @@ void PaintCairoText(cairo_t* context, const CairoTextLayout& layout, const Cairo
     const CairoStateScope state(context);
     cairo_new_path(context);
     cairo_translate(context, x, y);
-    cairo_rotate(context, angle * kRadiansPerDegree);
+    cairo_rotate(context, angle * (kPi / 180));
     for (const CairoTextPiece& piece : layout.pieces)
     {
         const CairoStateScope pieceState(context);
