@@ -69,13 +69,27 @@ Canvas::Canvas(int width, int height)
     cairo_set_line_join(cairo.get(), CAIRO_LINE_JOIN_ROUND);
     cairo_set_line_cap(cairo.get(), CAIRO_LINE_CAP_ROUND);
     cairo_set_fill_rule(cairo.get(), CAIRO_FILL_RULE_EVEN_ODD);
-    direct.begin(&twin);
-    direct.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    Use(Look());
+    BeginDirect();
     Wipe();
 }
 
 Canvas::~Canvas() = default;
+
+void Canvas::BeginDirect()
+{
+    direct.begin(&twin);
+    direct.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    Use(Look());
+}
+
+void Canvas::PaintDirectlyOn(Canvas& other)
+{
+    QImage& picture = other.Ours();
+    direct.end();
+    twin = QImage(picture.bits(), picture.width(), picture.height(), picture.bytesPerLine(), picture.format());
+    directCairo = CairoOn(twin);
+    BeginDirect();
+}
 
 QImage& Canvas::Ours() const { return *static_cast<QImage*>(image->GetInternalObject()); }
 

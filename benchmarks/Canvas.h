@@ -39,6 +39,8 @@ public:
     /// A cairo context over the picture that `Direct` paints on, for what is compared with the plugin's cairo path.
     cairo_t* DirectCairo() { return directCairo.get(); }
 
+    /// Lets the direct painter paint on the picture of another canvas's surface, which must outlive this one.
+    void PaintDirectlyOn(Canvas& other);
     /// Selects pen and brush, in all.
     void Use(const Look& look);
     /// Puts all pictures back to the background.
@@ -50,6 +52,7 @@ private:
     using CairoPtr = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
     static CairoPtr CairoOn(QImage& picture);
     QImage& Ours() const;
+    void BeginDirect();
 
     QImage background;
     TZObjects::TXRefPtr<TZObjects::TXImage> image;

@@ -52,6 +52,8 @@ Repetition Repeat(const Contenders& scene, int items, int number)
     {
         const int first = static_cast<int>(static_cast<long>(items) * turn / kTurns);
         const int last = static_cast<int>(static_cast<long>(items) * (turn + 1) / kTurns);
+        if (scene.turn)
+            scene.turn(turn);
         if ((turn + number) % 2 == 0)
         {
             seconds.ours += Time(scene.ours, first, last);

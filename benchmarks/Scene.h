@@ -27,6 +27,8 @@ struct Contenders
     Way agg;
     /// Before a repetition: empty pictures, other names.
     std::function<void(int repetition)> begin;
+    /// Before each turn of a repetition; may be empty.
+    std::function<void(int turn)> turn;
     /// After a repetition: how many pixels or numbers differ between ours and direct.
     std::function<long()> differing;
 };

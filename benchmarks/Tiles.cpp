@@ -18,7 +18,7 @@ QRgb PixelOf(int x, int y, int tile)
     return qRgb((x * 3 + tile * 17) % 256, (y * 5 + tile * 31) % 256, (x * y / 16 + tile) % 256);
 }
 
-/// Four tiles, for both.
+/// Four tiles. Both sides draw from the same memory.
 struct Tiles
 {
     std::vector<TXRefPtr<TXImage>> ours;
@@ -37,7 +37,7 @@ struct Tiles
                     const QRgb rgb = PixelOf(x, y, tile);
                     pixels.setPixelColor(x, y, QColor(qRed(rgb), qGreen(rgb), qBlue(rgb), alpha));
                 }
-            direct.push_back(pixels.copy());
+            direct.emplace_back(pixels.constBits(), kTile, kTile, pixels.bytesPerLine(), pixels.format());
         }
     }
 };
@@ -60,14 +60,42 @@ TXRect ToTXRect(const QRect& r) { return TXRect(r.x(), r.x() + r.width(), r.y(),
 using DrawOurs = void (*)(TXGraphics& surface, TXImage* tile, const QRect& place);
 using DrawDirect = void (*)(QPainter& painter, const QImage& tile, const QRect& place);
 
+/// Two pictures, of which each side has one, and the other one every other time: how fast the same pixels are copied
+/// depends on where in memory they lie.
+class CrossedCanvases
+{
+public:
+    CrossedCanvases()
+    {
+        canvases[0].PaintDirectlyOn(canvases[1]);
+        canvases[1].PaintDirectlyOn(canvases[0]);
+    }
+
+    void Cross(bool crossed) { current = &canvases[crossed ? 1 : 0]; }
+    TXGraphics& Surface() { return current->Surface(); }
+    QPainter& Direct() { return current->Direct(); }
+    void Wipe()
+    {
+        for (Canvas& canvas : canvases)
+            canvas.Wipe();
+    }
+    long DifferingPixels() const { return canvases[0].DifferingPixels(); }
+
+private:
+    Canvas canvases[2];
+    Canvas* current = canvases;
+};
+
 Scene TileScene(const std::string& name, int count, int side, Limit limit, DrawOurs ours, DrawDirect direct)
 {
     return {kSubject, name, count, limit,
             [=]
             {
-                const Stage stage;
-                Contenders contenders = stage.Contenders();
-                Canvas* const canvas = stage.canvas.get();
+                const auto canvas = std::make_shared<CrossedCanvases>();
+                Contenders contenders;
+                contenders.begin = [=](int) { canvas->Wipe(); };
+                contenders.turn = [=](int turn) { canvas->Cross(turn % 2 == 1); };
+                contenders.differing = [=] { return canvas->DifferingPixels(); };
                 const auto tiles = std::make_shared<const Tiles>();
                 const auto places = std::make_shared<const std::vector<QRect>>(Places(count, side));
                 contenders.ours = Each([=](int i) { ours(canvas->Surface(), tiles->ours[i % 4].get(), (*places)[i]); });
