@@ -101,7 +101,7 @@ bool TXGraphicsQT::PaintImage(const ImageRequest& request, DrawInPlace drawInPla
             {
                 const OpacityScope opacity(p, request.opacity);
                 if (CanBeDrawn(*source))
-                    drawInPlace(p, DrawableFrom(*source, PaintedImage(p)), TruncatedRect(request.dst));
+                    drawInPlace(p, DrawableImage(*source, PaintedImage(p)).Get(), TruncatedRect(request.dst));
             });
 
     if (!Reaches(request.dst, target->size()))
@@ -117,8 +117,10 @@ bool TXGraphicsQT::PaintImage(const ImageRequest& request, DrawInPlace drawInPla
             if (collapses)
                 // Hosts have come to rely on the opacity staying here.
                 opacity.Keep();
+            else if (CanBeDrawn(*source))
+                drawPlaced(p, DrawableImage(*source, PaintedImage(p)).Get(), placement);
             else
-                drawPlaced(p, CanBeDrawn(*source) ? DrawableFrom(*source, PaintedImage(p)) : QImage(), placement);
+                drawPlaced(p, QImage(), placement);
         });
     return painted && !collapses;
 }

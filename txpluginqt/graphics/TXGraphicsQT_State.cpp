@@ -170,6 +170,6 @@ bool TXGraphicsQT::BiltTo(TXGraphics* surface, int x, int y) const
                {
                    const PainterStateScope state(*surfacePainter);
                    surfacePainter->translate(x, y);
-                   surfacePainter->drawImage(0, 0, DrawableFrom(*from, PaintedImage(*surfacePainter)));
+                   surfacePainter->drawImage(0, 0, DrawableImage(*from, PaintedImage(*surfacePainter)).Get());
                });
 }

@@ -75,12 +75,12 @@ TXRefPtr<TXImage> TXBrushQT::textureImage() const { return texture; }
 
 void TXBrushQT::SetTextureImage(TXRefPtr<TXImage> image)
 {
-    const auto* const pixels = image ? static_cast<const QImage*>(image->GetInternalObject()) : nullptr;
+    const QImage* const pixels = PixelsOf(image.get());
     if (!Brush() || !pixels || !CanBeDrawn(*pixels))
         return;
     // A copy of its own: shared pixels would move away from the image, and from everything that draws into them, at the
     // image's next change; over a caller's buffer the drawing would then miss the buffer.
-    if (Succeeds([&] { Brush()->setTextureImage(DrawableFrom(pixels->copy(), nullptr)); }))
+    if (Succeeds([&] { Brush()->setTextureImage(DrawableImage(pixels->copy(), nullptr).Get()); }))
         texture = image;
 }
 

@@ -39,15 +39,20 @@ const QImage* PaintedImage(const QPainter& painter)
     return device && device->devType() == QInternal::Image ? static_cast<const QImage*>(device) : nullptr;
 }
 
-QImage DrawableFrom(const QImage& image, const QImage* target)
+DrawableImage::DrawableImage(const QImage& image, const QImage* target) : drawable(&changed)
 {
-    // An image that is painted on is copied deeply by Qt when it is passed by value.
-    QImage drawable = target && Overlap(image, *target) ? image.copy()
-                      : image.paintingActive()          ? PartOf(image, image.rect())
-                                                        : image;
-    if (LacksColors(image))
-        drawable.setColor(LargestIndex(image), 0u);
-    return drawable;
+    const bool lacksColors = LacksColors(image);
+    if (target && Overlap(image, *target))
+        changed = image.copy();
+    else if (image.paintingActive())
+        // Qt copies it deeply when it is passed by value.
+        changed = PartOf(image, image.rect());
+    else if (lacksColors)
+        changed = image;
+    else
+        drawable = &image;
+    if (lacksColors)
+        changed.setColor(LargestIndex(image), 0u);
 }
 
 QImage PartOf(const QImage& image, const QRect& part)

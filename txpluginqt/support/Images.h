@@ -24,11 +24,24 @@ inline bool CanBeDrawn(const QImage& image)
 /// The image that a painter paints into, which an attached one chooses for itself; null when it is no image.
 const QImage* PaintedImage(const QPainter& painter);
 
-/// An image's pixels for drawing into @p target's, sharing them where that is safe. Onto itself, Qt would read pixels
-/// that it has just written; and indices without a colour, which Qt would look up beyond the end of the colours, are
+/// An image for drawing into a target: the image itself where that is safe. Onto itself, Qt would read pixels that it
+/// has just written; and indices without a colour, which Qt would look up beyond the end of the colours, are
 /// transparent.
-/// @param image one that can be drawn. @param target null when it is no image.
-QImage DrawableFrom(const QImage& image, const QImage* target);
+class DrawableImage
+{
+public:
+    /// @param image one that can be drawn, which must outlive this. @param target null when it is no image.
+    DrawableImage(const QImage& image, const QImage* target);
+    DrawableImage(const DrawableImage&) = delete;
+    DrawableImage& operator=(const DrawableImage&) = delete;
+
+    const QImage& Get() const { return *drawable; }
+
+private:
+    QImage changed;
+    // Not a copy: after much drawing, giving up a shared reference waits until all that was drawn is in memory.
+    const QImage* drawable;
+};
 
 /// What `QImage::copy` gives for @p part, on the same pixels where possible. The image must outlive the result.
 QImage PartOf(const QImage& image, const QRect& part);

@@ -30,23 +30,23 @@ TEST(DrawableImageTest, HasPixelsAndColours)
     EXPECT_TRUE(CanBeDrawn(QImage(memory.data(), 3, 3, QImage::Format_Grayscale8)));
 }
 
-TEST(DrawableImageTest, SharesThePixelsOfAnotherImage)
+TEST(DrawableImageTest, IsAnotherImageItself)
 {
     const QImage target = Picture(30, 20, QImage::Format_ARGB32);
     for (const QImage::Format format : DrawnFormats())
     {
         const QImage image = Picture(30, 20, format);
-        EXPECT_EQ(DrawableFrom(image, &target).constBits(), image.constBits()) << format;
-        EXPECT_EQ(DrawableFrom(image, nullptr).constBits(), image.constBits()) << format;
+        EXPECT_EQ(&DrawableImage(image, &target).Get(), &image) << format;
+        EXPECT_EQ(&DrawableImage(image, nullptr).Get(), &image) << format;
     }
 }
 
 TEST(DrawableImageTest, CopiesTheTargetItself)
 {
     const QImage target = Picture(30, 20, QImage::Format_ARGB32);
-    const QImage drawable = DrawableFrom(target, &target);
-    EXPECT_NE(drawable.constBits(), target.constBits());
-    EXPECT_EQ(drawable, target);
+    const DrawableImage drawable(target, &target);
+    EXPECT_NE(drawable.Get().constBits(), target.constBits());
+    EXPECT_EQ(drawable.Get(), target);
 }
 
 TEST(DrawableImageTest, CopiesWhatLiesInTheTargetsMemory)
@@ -56,8 +56,8 @@ TEST(DrawableImageTest, CopiesWhatLiesInTheTargetsMemory)
     for (const int row : {0, 1, 19, 20})
     {
         const QImage image(memory.data() + row * 30 * 4, 30, 20, QImage::Format_RGB32);
-        EXPECT_EQ(DrawableFrom(image, &target).constBits() == image.constBits(), row == 20) << row;
-        EXPECT_EQ(DrawableFrom(target, &image).constBits() == target.constBits(), row == 20) << row;
+        EXPECT_EQ(DrawableImage(image, &target).Get().constBits() == image.constBits(), row == 20) << row;
+        EXPECT_EQ(DrawableImage(target, &image).Get().constBits() == target.constBits(), row == 20) << row;
     }
 }
 
@@ -67,7 +67,8 @@ TEST(DrawableImageTest, ColoursThatAreMissingAreTransparent)
     for (const int index : {2, 3, 17, 254, 255})
     {
         const QImage image = Indexed(30, 20, colors, index);
-        const QImage drawable = DrawableFrom(image, nullptr);
+        const DrawableImage made(image, nullptr);
+        const QImage& drawable = made.Get();
         ASSERT_GT(drawable.colorCount(), index);
         EXPECT_EQ(drawable.color(0), colors[0]);
         EXPECT_EQ(drawable.color(1), colors[1]);
@@ -84,7 +85,8 @@ TEST(DrawableImageTest, EnoughColoursAreLeftAsTheyAre)
     for (const int index : {0, 1})
     {
         const QImage image = Indexed(30, 20, {0xff102030u, 0xff405060u}, index);
-        const QImage drawable = DrawableFrom(image, nullptr);
+        const DrawableImage made(image, nullptr);
+        const QImage& drawable = made.Get();
         EXPECT_EQ(drawable.colorTable(), image.colorTable());
         EXPECT_FALSE(drawable.hasAlphaChannel());
         EXPECT_EQ(drawable.constBits(), image.constBits());
