@@ -2,6 +2,7 @@
 #include <txpluginqt/resources/TXFontQT.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include <QFont>
@@ -22,13 +23,6 @@ namespace TZObjects
 {
 namespace
 {
-
-/// The form in which a label is drawn.
-QString ConvertedText(QString text)
-{
-    ConvertRichTextTags(text);
-    return text;
-}
 
 QSizeF RichExtent(const QString& html, const QFont& font) { return RichTextDocument(html, font).size(); }
 
@@ -53,15 +47,16 @@ struct Extent
     static std::size_t Bytes() { return sizeof(Extent); }
 };
 
-/// Measures, unless the same was measured before: a host measures its labels to place them, frame after frame.
+/// Measures a label that has not been converted to HTML yet, unless the same was measured before: a host measures its
+/// labels to place them, frame after frame.
 template <class Measure>
 Extent Kept(const QFont& font, const TXString& text, Measured what, Measure measure)
 {
-    const QString label = ToQString(text);
+    QString label = ToQString(text);
     LabelCache& cache = LabelCache::OfThread();
     // Measuring is nearly as cheap as keeping, and hosts measure many names that they do not draw.
     if (!cache.WasSeen(font, label, static_cast<int>(what)))
-        return measure(label);
+        return measure(std::move(label));
     return *cache.Get<Extent>(font, label, {static_cast<qint64>(what)}, [&] { return measure(label); });
 }
 
@@ -105,11 +100,12 @@ void ForEachLine(const QString& text, Add add)
         add(line);
 }
 
-Extent QtBlockExtent(const QString& label, const QFont& font)
+Extent QtBlockExtent(QString label, const QFont& font)
 {
+    ConvertRichTextTags(label);
     const QFontMetricsF metrics(font);
     BlockExtent block;
-    ForEachLine(ConvertedText(label),
+    ForEachLine(label,
                 [&](const QString& line)
                 {
                     const QSizeF size = IsRichText(line) ? RichExtent(line, font) : metrics.boundingRect(line).size();
@@ -118,11 +114,12 @@ Extent QtBlockExtent(const QString& label, const QFont& font)
     return block;
 }
 
-Extent QtBlockExtentInWholeUnits(const QString& label, const QFont& font)
+Extent QtBlockExtentInWholeUnits(QString label, const QFont& font)
 {
+    ConvertRichTextTags(label);
     const QFontMetrics metrics(font);
     BlockExtent block;
-    ForEachLine(ConvertedText(label),
+    ForEachLine(label,
                 [&](const QString& line)
                 {
                     const QSizeF rich = IsRichText(line) ? RichExtent(line, font) : QSizeF();
@@ -166,17 +163,17 @@ bool TXFontQT::GetTextExtent(const TXString& text, double& textWidth, double& te
             }
             const Extent extent =
                 Kept(*Font(), text, Measured::Line,
-                     [&](const QString& label)
+                     [&](QString label)
                      {
-                         const QString converted = ConvertedText(label);
-                         if (IsRichText(converted))
+                         ConvertRichTextTags(label);
+                         if (IsRichText(label))
                          {
-                             const QSizeF size = RichExtent(converted, *Font());
+                             const QSizeF size = RichExtent(label, *Font());
                              return Extent{size.width(), size.height()};
                          }
                          const QFontMetricsF metrics(*Font());
-                         const QRectF bounds = metrics.boundingRect(converted);
-                         return Extent{std::max(metrics.horizontalAdvance(converted), bounds.width()), bounds.height()};
+                         const QRectF bounds = metrics.boundingRect(label);
+                         return Extent{std::max(metrics.horizontalAdvance(label), bounds.width()), bounds.height()};
                      });
             textWidth = extent.width;
             textHeight = extent.height;
@@ -198,18 +195,18 @@ bool TXFontQT::GetTextExtent(const TXString& text, int& textWidth, int& textHeig
             }
             const Extent extent =
                 Kept(*Font(), text, Measured::LineInWholeUnits,
-                     [&](const QString& label)
+                     [&](QString label)
                      {
-                         const QString converted = ConvertedText(label);
-                         if (IsRichText(converted))
+                         ConvertRichTextTags(label);
+                         if (IsRichText(label))
                          {
-                             const QSizeF size = RichExtent(converted, *Font());
+                             const QSizeF size = RichExtent(label, *Font());
                              return Extent{double(Rounded(size.width())), double(Rounded(size.height()))};
                          }
                          // The advance alone: unlike in the other variant the bounds do not widen it.
                          const QFontMetrics metrics(*Font());
-                         return Extent{double(metrics.horizontalAdvance(converted)),
-                                       double(metrics.boundingRect(converted).height())};
+                         return Extent{double(metrics.horizontalAdvance(label)),
+                                       double(metrics.boundingRect(label).height())};
                      });
             textWidth = static_cast<int>(extent.width);
             textHeight = static_cast<int>(extent.height);
@@ -226,7 +223,7 @@ bool TXFontQT::GetMultiTextExtent(const TXString& text, double& textWidth, doubl
         [&]
         {
             const Extent block = useQt ? Kept(*Font(), text, Measured::Block,
-                                              [&](const QString& label) { return QtBlockExtent(label, *Font()); })
+                                              [&](QString label) { return QtBlockExtent(std::move(label), *Font()); })
                                        : CairoBlockExtent(measureContext.get(), text, GetWordSpacing());
             textWidth = block.width;
             textHeight = block.height;
@@ -244,7 +241,7 @@ bool TXFontQT::GetMultiTextExtent(const TXString& text, int& textWidth, int& tex
         {
             const Extent block =
                 useQt ? Kept(*Font(), text, Measured::BlockInWholeUnits,
-                             [&](const QString& label) { return QtBlockExtentInWholeUnits(label, *Font()); })
+                             [&](QString label) { return QtBlockExtentInWholeUnits(std::move(label), *Font()); })
                       : CairoBlockExtent(measureContext.get(), text, GetWordSpacing());
             textWidth = Truncated(block.width);
             textHeight = Truncated(block.height);
