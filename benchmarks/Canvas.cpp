@@ -49,6 +49,12 @@ TXGraphicsEngine& Engine()
     return *engine;
 }
 
+void SetCairoColor(cairo_t* context, const TXColor& color)
+{
+    cairo_set_source_rgba(context, color.getR() / 255.0, color.getG() / 255.0, color.getB() / 255.0,
+                          color.getA() / 255.0);
+}
+
 Canvas::CairoPtr Canvas::CairoOn(QImage& picture)
 {
     cairo_surface_t* const target = cairo_image_surface_create_for_data(

@@ -13,6 +13,8 @@
 /// The engine of the plugin, loaded at run time as hosts do.
 TZObjects::TXGraphicsEngine& Engine();
 
+void SetCairoColor(cairo_t* context, const TZObjects::TXColor& color);
+
 /// How shapes are filled and outlined. Widths of 0 are no outline.
 struct Look
 {

@@ -19,12 +19,6 @@ namespace
 
 QColor ToQColor(const TXColor& color) { return QColor(color.getR(), color.getG(), color.getB(), color.getA()); }
 
-void SetSource(cairo_t* context, const TXColor& color)
-{
-    cairo_set_source_rgba(context, color.getR() / 255.0, color.getG() / 255.0, color.getB() / 255.0,
-                          color.getA() / 255.0);
-}
-
 void PaintHaloAndText(QPainter& painter, const QPainterPath& path, const LabelLook& look)
 {
     painter.strokePath(path, QPen(QBrush(ToQColor(look.haloColor)), look.haloWidth));
@@ -35,11 +29,11 @@ void PaintCairoText(cairo_t* context, const LabelLook& look, bool halo)
 {
     if (halo)
     {
-        SetSource(context, look.haloColor);
+        SetCairoColor(context, look.haloColor);
         cairo_set_line_width(context, look.haloWidth);
         cairo_stroke_preserve(context);
     }
-    SetSource(context, look.fill);
+    SetCairoColor(context, look.fill);
     cairo_fill(context);
 }
 

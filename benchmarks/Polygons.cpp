@@ -34,12 +34,6 @@ std::vector<Line> Stars()
     return stars;
 }
 
-void SetCairoColor(cairo_t* context, const TXColor& color)
-{
-    cairo_set_source_rgba(context, color.getR() / 255.0, color.getG() / 255.0, color.getB() / 255.0,
-                          color.getA() / 255.0);
-}
-
 void PaintCairoPath(cairo_t* context, const Look& look)
 {
     if (look.filled)

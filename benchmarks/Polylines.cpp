@@ -49,8 +49,7 @@ Contenders DrawPolylines(double width, const TXColor& color)
             cairo_t* const cairo = canvas->Cairo();
             for (const TXPoint& point : (*rivers)[i].points)
                 cairo_line_to(cairo, point.x, point.y);
-            cairo_set_source_rgba(cairo, color.getR() / 255.0, color.getG() / 255.0, color.getB() / 255.0,
-                                  color.getA() / 255.0);
+            SetCairoColor(cairo, color);
             cairo_stroke(cairo);
         });
     contenders.agg = Each([=](int i) { canvas->Agg().Polyline((*rivers)[i].points.data(), (*rivers)[i].Count()); });
