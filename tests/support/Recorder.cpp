@@ -1,11 +1,9 @@
-#include "Recorder.h"
+#include <tests/support/Recorder.h>
 
 #include <algorithm>
 #include <ostream>
 
 #include <QPainterPath>
-
-#include "WholeState.h"
 
 bool operator==(const RecordedCall& left, const RecordedCall& right)
 {
@@ -13,8 +11,8 @@ bool operator==(const RecordedCall& left, const RecordedCall& right)
     const auto same = [](const QPointF& a, const QPointF& b) { return a.x() == b.x() && a.y() == b.y(); };
     return left.isText == right.isText && left.mode == right.mode &&
            std::equal(left.points.begin(), left.points.end(), right.points.begin(), right.points.end(), same) &&
-           left.text == right.text && left.font == right.font && left.transform == right.transform &&
-           left.hints == right.hints;
+           left.text == right.text && left.font == right.font && left.pen == right.pen && left.brush == right.brush &&
+           left.transform == right.transform && left.hints == right.hints;
 }
 
 std::ostream& operator<<(std::ostream& out, const RecordedCall& call)
@@ -24,12 +22,16 @@ std::ostream& operator<<(std::ostream& out, const RecordedCall& call)
         << call.transform.m22() << ' ' << call.transform.dx() << ' ' << call.transform.dy() << ", points";
     for (const QPointF& point : call.points)
         out << " (" << point.x() << ' ' << point.y() << ')';
+    out << ", pen " << call.pen.color().name().toStdString() << ' ' << call.pen.widthF() << ", brush "
+        << call.brush.color().name().toStdString();
     return out << ' ' << call.text.toStdString();
 }
 
 RecordedCall& Recorder::Engine::NewCall()
 {
     RecordedCall& call = calls.emplace_back();
+    call.pen = painter()->pen();
+    call.brush = painter()->brush();
     call.transform = painter()->combinedTransform();
     call.hints = painter()->renderHints();
     return call;
@@ -75,25 +77,4 @@ int Recorder::metric(PaintDeviceMetric wanted) const
     default:
         return 96;
     }
-}
-
-::testing::AssertionResult SameCalls(TZObjects::TXGraphics& surface, const std::function<void(QPainter&)>& change,
-                                     const std::function<bool()>& draw,
-                                     const std::function<void(QPainter&)>& drawDirectly)
-{
-    Recorder actual;
-    Recorder expected;
-    QPainter outside(&actual);
-    QPainter direct(&expected);
-    for (QPainter* const painter : {&outside, &direct})
-        if (change)
-            change(*painter);
-    surface.Attach(&outside);
-    const bool answer = draw();
-    surface.Detach();
-    drawDirectly(direct);
-    EXPECT_EQ(actual.Calls(), expected.Calls());
-    if (!answer || expected.Calls().empty())
-        return ::testing::AssertionFailure() << "false, or nothing to compare";
-    return SameWholeState(WholeState(outside), WholeState(direct));
 }

@@ -1,15 +1,11 @@
 #pragma once
 
-#include <functional>
 #include <iosfwd>
 #include <vector>
 
 #include <QPaintDevice>
 #include <QPaintEngine>
 #include <QPainter>
-
-#include <gtest/gtest.h>
-#include <txgraphics/txgraphics.h>
 
 /// A call that reached a paint engine, and what it was made with.
 struct RecordedCall
@@ -19,6 +15,8 @@ struct RecordedCall
     std::vector<QPointF> points;
     QString text;
     QFont font;
+    QPen pen;
+    QBrush brush;
     QTransform transform;
     QPainter::RenderHints hints;
 
@@ -27,7 +25,8 @@ struct RecordedCall
 
 std::ostream& operator<<(std::ostream& out, const RecordedCall& call);
 
-/// A device that records what a picture does not show: transforms that differ by less than a pixel, modes and hints.
+/// A device that records what a picture does not show: transforms that differ by less than a pixel, modes and hints,
+/// and in how many calls a picture was made.
 class Recorder : public QPaintDevice
 {
 public:
@@ -60,9 +59,3 @@ private:
 
     mutable Engine engine;
 };
-
-/// Success when the surface, attached to a painter on a recorder, answers true and makes the same calls there as are
-/// made directly on another, and both painters end in the same state. @p change is made to both painters before.
-::testing::AssertionResult SameCalls(TZObjects::TXGraphics& surface, const std::function<void(QPainter&)>& change,
-                                     const std::function<bool()>& draw,
-                                     const std::function<void(QPainter&)>& drawDirectly);

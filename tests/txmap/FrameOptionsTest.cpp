@@ -8,6 +8,7 @@
 #include <txmap/FrameOptions.h>
 #include <txmap/VectorSource.h>
 
+#include "RefusalOf.h"
 #include "TemporaryFolder.h"
 
 using namespace TZObjects;
@@ -20,31 +21,15 @@ namespace
 const View kWorld{Projection::PlateCarree(), {}, PixelSize{360, 180}};
 constexpr double kLine = 2.0;
 
-/// What a refusal says; "accepted" for none.
-template <class Action>
-std::string Refusal(ExitCode code, Action action)
-{
-    try
-    {
-        action();
-    }
-    catch (const Failure& failure)
-    {
-        EXPECT_EQ(failure.Code(), code) << failure.what();
-        return failure.what();
-    }
-    return "accepted";
-}
-
 std::string ParseRefusal(const std::string& text)
 {
-    return Refusal(ExitCode::Usage, [&] { ParseFrame(text); });
+    return RefusalOf(ExitCode::Usage, [&] { ParseFrame(text); });
 }
 
 std::string MakeRefusal(ExitCode code, const std::string& text)
 {
     PrepareGdal();
-    return Refusal(code, [&] { MakeFrame(ParseFrame(text), kWorld, kLine); });
+    return RefusalOf(code, [&] { MakeFrame(ParseFrame(text), kWorld, kLine); });
 }
 
 std::string Areas(const std::string& rings)
@@ -157,7 +142,7 @@ TEST(Frame, OfAFileOutsideThePictureIsRefused)
     const TemporaryFolder folder;
     const std::string file = folder.Write("a.geojson", Areas("[[[0,0],[10,0],[10,10],[0,0]]]"));
     const View america{Projection::PlateCarree(), GeoBox{-100, 30, -60, 50}, {}};
-    EXPECT_THAT(Refusal(ExitCode::Data, [&] { MakeFrame(ParseFrame(file), america, kLine); }),
+    EXPECT_THAT(RefusalOf(ExitCode::Data, [&] { MakeFrame(ParseFrame(file), america, kLine); }),
                 AllOf(StartsWith("--frame "), HasSubstr("a.geojson")));
 }
 

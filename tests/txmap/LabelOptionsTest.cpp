@@ -6,6 +6,8 @@
 #include <txmap/Failure.h>
 #include <txmap/Options.h>
 
+#include "RefusalOf.h"
+
 using namespace TZObjects;
 using ::testing::StartsWith;
 
@@ -20,16 +22,7 @@ LabelOptions Parse(std::vector<const char*> arguments)
 
 std::string Refusal(const std::vector<const char*>& arguments)
 {
-    try
-    {
-        Parse(arguments);
-    }
-    catch (const Failure& failure)
-    {
-        EXPECT_EQ(failure.Code(), ExitCode::Usage);
-        return failure.what();
-    }
-    return "accepted";
+    return RefusalOf(ExitCode::Usage, [&] { Parse(arguments); });
 }
 
 } // namespace

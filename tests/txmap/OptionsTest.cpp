@@ -6,6 +6,8 @@
 #include <txmap/Failure.h>
 #include <txmap/Options.h>
 
+#include "RefusalOf.h"
+
 using namespace TZObjects;
 using ::testing::HasSubstr;
 
@@ -20,16 +22,7 @@ Options Parse(std::vector<const char*> arguments)
 
 std::string Refusal(const std::vector<const char*>& arguments)
 {
-    try
-    {
-        Parse(arguments);
-    }
-    catch (const Failure& failure)
-    {
-        EXPECT_EQ(failure.Code(), ExitCode::Usage);
-        return failure.what();
-    }
-    return "accepted";
+    return RefusalOf(ExitCode::Usage, [&] { Parse(arguments); });
 }
 
 } // namespace

@@ -8,6 +8,8 @@
 #include <txmap/PlacePainter.h>
 #include <txmap/PlaceSymbol.h>
 
+#include "RefusalOf.h"
+
 using namespace TZObjects;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
@@ -23,16 +25,7 @@ constexpr std::pair<const char*, Shape> kShapes[] = {{"circle", Shape::Circle}, 
 
 std::string Refusal(const std::string& text)
 {
-    try
-    {
-        ParseSymbol(text);
-    }
-    catch (const Failure& failure)
-    {
-        EXPECT_EQ(failure.Code(), ExitCode::Usage);
-        return failure.what();
-    }
-    return "accepted";
+    return RefusalOf(ExitCode::Usage, [&] { ParseSymbol(text); });
 }
 
 /// The sum over a polygon of its area and of what its centre of gravity is made of.

@@ -10,6 +10,7 @@
 #include <txmap/Raster.h>
 #include <txmap/VectorSource.h>
 
+#include "RefusalOf.h"
 #include "TemporaryFolder.h"
 #include "TestRaster.h"
 
@@ -52,16 +53,7 @@ private:
 std::string Refusal(const std::string& file)
 {
     PrepareGdal();
-    try
-    {
-        ReadRaster(file, kWorld);
-    }
-    catch (const Failure& failure)
-    {
-        EXPECT_EQ(failure.Code(), ExitCode::Data);
-        return failure.what();
-    }
-    return "accepted";
+    return RefusalOf(ExitCode::Data, [&] { ReadRaster(file, kWorld); });
 }
 
 std::uint32_t Grey(int tone) { return 0xFF000000u | static_cast<std::uint32_t>(tone) * 0x010101u; }

@@ -1,71 +1,35 @@
 // One label at a time on a surface while it draws through cairo, and no lock at all while it does not.
-#include <atomic>
-#include <chrono>
-#include <future>
-
 #include "Entries.h"
 #include "FontDouble.h"
+#include "OtherThread.h"
 
 using namespace TZObjects;
 
 namespace
 {
 
-constexpr std::chrono::seconds kLongEnough(20);
-constexpr std::chrono::milliseconds kWhile(300);
-
-/// Holds the first label that asks the font a certain question until it is let go.
-class Gate
+/// Holds the first label that asks the font a certain question.
+class QuestionGate : public Gate
 {
 public:
-    Gate(FontDouble& font, FontDouble::Question question)
+    QuestionGate(FontDouble& font, FontDouble::Question question)
     {
         font.onQuestion = [this, question](FontDouble::Question asked)
         {
-            if (armed && asked == question && armed.exchange(false))
-            {
-                entered.set_value();
-                opened.get_future().wait();
-            }
+            if (asked == question)
+                Pass();
         };
     }
-
-    /// From now on the next label is held.
-    void Arm() { armed = true; }
-    bool HoldsOne() { return entered.get_future().wait_for(kLongEnough) == std::future_status::ready; }
-    void Open() { opened.set_value(); }
-
-private:
-    std::atomic<bool> armed{false};
-    std::promise<void> entered;
-    std::promise<void> opened;
 };
 
 /// A label drawn on a thread of its own.
-class OtherThread
+class LabelThread : public OtherThread
 {
 public:
-    OtherThread(TXGraphics& surface, const Entry& entry, const LabelCall& call)
-        : result(std::async(std::launch::async,
-                            [&]
-                            {
-                                started.set_value();
-                                return entry.draw(surface, call);
-                            }))
+    LabelThread(TXGraphics& surface, const Entry& entry, const LabelCall& call)
+        : OtherThread([&] { return entry.draw(surface, call); })
     {
     }
-
-    bool Drawn() { return result.get(); }
-    bool Waits()
-    {
-        started.get_future().wait();
-        return result.wait_for(kWhile) == std::future_status::timeout;
-    }
-    bool Ends() { return result.wait_for(kLongEnough) == std::future_status::ready; }
-
-private:
-    std::promise<void> started;
-    std::future<bool> result;
 };
 
 class Lock : public SilentTest
@@ -85,12 +49,12 @@ class LockOf : public Lock, public ::testing::WithParamInterface<int>
 TEST_P(LockOf, MakesASecondLabelWaitForTheFirst)
 {
     const Entry& entry = kEntries[GetParam()];
-    Gate gate(*font, FontDouble::Height);
+    QuestionGate gate(*font, FontDouble::Height);
     gate.Arm();
-    OtherThread first(twins.Surface(), entry, call);
+    LabelThread first(twins.Surface(), entry, call);
     ASSERT_TRUE(gate.HoldsOne());
 
-    OtherThread second(twins.Surface(), kPointEntry, call);
+    LabelThread second(twins.Surface(), kPointEntry, call);
     EXPECT_TRUE(second.Waits());
     EXPECT_TRUE(twins.Untouched());
 
@@ -105,12 +69,12 @@ TEST_P(LockOf, MakesASecondLabelWaitForTheFirst)
 TEST_P(LockOf, IsWaitedForByEachOperation)
 {
     const Entry& entry = kEntries[GetParam()];
-    Gate gate(*font, FontDouble::WordSpacing);
+    QuestionGate gate(*font, FontDouble::WordSpacing);
     gate.Arm();
-    OtherThread first(twins.Surface(), kPointEntry, call);
+    LabelThread first(twins.Surface(), kPointEntry, call);
     ASSERT_TRUE(gate.HoldsOne());
 
-    OtherThread second(twins.Surface(), entry, call);
+    LabelThread second(twins.Surface(), entry, call);
     EXPECT_TRUE(second.Waits());
 
     gate.Open();
@@ -127,13 +91,13 @@ INSTANTIATE_TEST_SUITE_P(Entries, LockOf, ::testing::Range(0, 8),
 TEST_F(Lock, IsNotTakenWithoutCairo)
 {
     twins.Surface().EnableCairoDrawing(false);
-    Gate gate(*font, FontDouble::ItalicMode);
+    QuestionGate gate(*font, FontDouble::ItalicMode);
     gate.Arm();
-    OtherThread first(twins.Surface(), kPointEntry, call);
+    LabelThread first(twins.Surface(), kPointEntry, call);
     ASSERT_TRUE(gate.HoldsOne());
 
     // The first stands still, so that both do not use the painter at the same time.
-    OtherThread second(twins.Surface(), kPointEntry, call);
+    LabelThread second(twins.Surface(), kPointEntry, call);
     EXPECT_TRUE(second.Ends());
 
     gate.Open();
@@ -143,12 +107,12 @@ TEST_F(Lock, IsNotTakenWithoutCairo)
 
 TEST_F(Lock, IsNotTakenWhileTheFontsAngleIsRead)
 {
-    Gate gate(*font, FontDouble::Angle);
+    QuestionGate gate(*font, FontDouble::Angle);
     gate.Arm();
-    OtherThread first(twins.Surface(), kFontAngleEntry, call);
+    LabelThread first(twins.Surface(), kFontAngleEntry, call);
     ASSERT_TRUE(gate.HoldsOne());
 
-    OtherThread second(twins.Surface(), kPointEntry, call);
+    LabelThread second(twins.Surface(), kPointEntry, call);
     EXPECT_TRUE(second.Ends());
 
     gate.Open();
@@ -158,13 +122,13 @@ TEST_F(Lock, IsNotTakenWhileTheFontsAngleIsRead)
 
 TEST_F(Lock, BelongsToOneSurface)
 {
-    Gate gate(*font, FontDouble::WordSpacing);
+    QuestionGate gate(*font, FontDouble::WordSpacing);
     gate.Arm();
-    OtherThread first(twins.Surface(), kPointEntry, call);
+    LabelThread first(twins.Surface(), kPointEntry, call);
     ASSERT_TRUE(gate.HoldsOne());
 
     CairoTwins others;
-    OtherThread second(others.Surface(), kPointEntry, call);
+    LabelThread second(others.Surface(), kPointEntry, call);
     EXPECT_TRUE(second.Ends());
 
     gate.Open();
@@ -177,7 +141,7 @@ TEST_F(Lock, IsGivenBackWhenALabelIsRefused)
     call.ox = 1e300;
     EXPECT_FALSE(kPointEntry.draw(twins.Surface(), call));
     call.ox = 20;
-    OtherThread second(twins.Surface(), kPointEntry, call);
+    LabelThread second(twins.Surface(), kPointEntry, call);
     EXPECT_TRUE(second.Ends());
     EXPECT_TRUE(second.Drawn());
 }

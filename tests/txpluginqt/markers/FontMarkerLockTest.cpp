@@ -1,10 +1,7 @@
 // A marker that is a character waits for a label of the same surface while cairo draws, and never while Qt does.
-#include <atomic>
-#include <chrono>
-#include <future>
-
 #include <tests/txpluginqt/cairo/Entries.h>
 #include <tests/txpluginqt/cairo/FontDouble.h>
+#include <tests/txpluginqt/cairo/OtherThread.h>
 
 #include "CairoSymbols.h"
 
@@ -12,31 +9,6 @@ using namespace TZObjects;
 
 namespace
 {
-
-constexpr std::chrono::seconds kLongEnough(20);
-constexpr std::chrono::milliseconds kWhile(300);
-
-/// Stops whoever calls it first once it is armed, until it is opened.
-class Gate
-{
-public:
-    void Arm() { armed = true; }
-    void Pass()
-    {
-        if (armed && armed.exchange(false))
-        {
-            entered.set_value();
-            opened.get_future().wait();
-        }
-    }
-    bool HoldsOne() { return entered.get_future().wait_for(kLongEnough) == std::future_status::ready; }
-    void Open() { opened.set_value(); }
-
-private:
-    std::atomic<bool> armed{false};
-    std::promise<void> entered;
-    std::promise<void> opened;
-};
 
 /// A host's font at which the test stops markers, by what they ask and what they set, and labels.
 class GatedFont final : public FontDouble
@@ -57,34 +29,6 @@ public:
 
     Gate naming;
     mutable Gate beingNamed;
-};
-
-/// A drawing on a thread of its own.
-class OtherThread
-{
-public:
-    template <class Work>
-    explicit OtherThread(Work work)
-        : result(std::async(std::launch::async,
-                            [this, work]
-                            {
-                                started.set_value();
-                                return work();
-                            }))
-    {
-    }
-
-    bool Drawn() { return result.get(); }
-    bool Waits()
-    {
-        started.get_future().wait();
-        return result.wait_for(kWhile) == std::future_status::timeout;
-    }
-    bool Ends() { return result.wait_for(kLongEnough) == std::future_status::ready; }
-
-private:
-    std::promise<void> started;
-    std::future<bool> result;
 };
 
 class FontMarkerLockTest : public SilentTest

@@ -6,7 +6,7 @@
 #include <tests/txpluginqt/graphics/SurfaceTest.h>
 #include <tests/txpluginqt/text/LabelFont.h>
 
-#include "Recorder.h"
+#include "SameCalls.h"
 #include "Symbols.h"
 #include "WholeState.h"
 

@@ -8,7 +8,7 @@
 #include <tests/support/Twins.h>
 #include <tests/txpluginqt/graphics/SurfaceTest.h>
 
-#include "Recorder.h"
+#include "SameCalls.h"
 #include "Symbols.h"
 #include "WholeState.h"
 

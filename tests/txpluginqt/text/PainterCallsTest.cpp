@@ -2,87 +2,24 @@
 #include <cmath>
 #include <vector>
 
-#include <QPaintDevice>
-#include <QPaintEngine>
 #include <QPainter>
 
 #include "Label.h"
 #include <tests/support/QuietTest.h>
+#include <tests/support/Recorder.h>
 
 using namespace TZObjects;
 
 namespace
 {
 
-struct Call
-{
-    QPainter::RenderHints hints;
-    QTransform transform;
-    QPen pen;
-    QBrush brush;
-    bool isText;
-};
-
-class RecordingEngine final : public QPaintEngine
-{
-public:
-    RecordingEngine() : QPaintEngine(AllFeatures) {}
-    bool begin(QPaintDevice*) override { return true; }
-    bool end() override { return true; }
-    Type type() const override { return User; }
-    void updateState(const QPaintEngineState&) override {}
-    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
-    void drawPath(const QPainterPath&) override { Record(false); }
-    void drawTextItem(const QPointF&, const QTextItem&) override { Record(true); }
-    using QPaintEngine::drawPolygon;
-    void drawPolygon(const QPointF*, int, PolygonDrawMode) override { Record(false); }
-
-    std::vector<Call> calls;
-
-private:
-    void Record(bool isText)
-    {
-        const QPainter& p = *painter();
-        calls.push_back({p.renderHints(), p.worldTransform(), p.pen(), p.brush(), isText});
-    }
-};
-
-class RecordingDevice final : public QPaintDevice
-{
-public:
-    QPaintEngine* paintEngine() const override { return &engine; }
-    std::vector<Call>& Calls() { return engine.calls; }
-
-protected:
-    int metric(PaintDeviceMetric wanted) const override
-    {
-        switch (wanted)
-        {
-        case PdmWidth:
-        case PdmHeight:
-            return 200;
-        case PdmDevicePixelRatio:
-            return 1;
-        case PdmDevicePixelRatioScaled:
-            return static_cast<int>(devicePixelRatioFScale());
-        case PdmDepth:
-            return 32;
-        default:
-            return 96;
-        }
-    }
-
-private:
-    mutable RecordingEngine engine;
-};
-
 class PainterCallsTest : public QuietTest, public ::testing::WithParamInterface<Entry>
 {
 protected:
     /// What the surface does to the painter of a recording device, whose hints are off and whose pen is green.
-    static std::vector<Call> CallsFor(const Label& label)
+    static std::vector<RecordedCall> CallsFor(const Label& label)
     {
-        RecordingDevice device;
+        Recorder device;
         QPainter painter(&device);
         painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing, false);
         painter.setPen(QPen(Qt::green, 3.0));
@@ -106,9 +43,9 @@ TEST_P(PainterCallsTest, BothHintsOfAntialiasingAreOnWhileDrawing)
     {
         Label label;
         label.text = text;
-        const std::vector<Call> calls = CallsFor(label);
+        const std::vector<RecordedCall> calls = CallsFor(label);
         ASSERT_FALSE(calls.empty());
-        for (const Call& call : calls)
+        for (const RecordedCall& call : calls)
         {
             EXPECT_TRUE(call.hints & QPainter::Antialiasing);
             EXPECT_TRUE(call.hints & QPainter::TextAntialiasing);
@@ -124,11 +61,11 @@ TEST_P(PainterCallsTest, AnAngleThatIsAsGoodAsNoneIsNoRotationForLabelsWithAColo
         Label label;
         label.angle = angle;
         label.font.angle = static_cast<int>(angle);
-        const std::vector<Call> calls = CallsFor(label);
+        const std::vector<RecordedCall> calls = CallsFor(label);
         ASSERT_FALSE(calls.empty());
         const double turned = GetParam() == Entry::StringByFontAngle ? label.font.angle : angle;
         const bool rotated = HasColourOfItsOwn() ? std::abs(turned) > kEpsilon : turned != 0.0;
-        for (const Call& call : calls)
+        for (const RecordedCall& call : calls)
             EXPECT_EQ(call.transform.m12() != 0.0, rotated) << angle;
     }
 }
@@ -138,10 +75,10 @@ TEST_P(PainterCallsTest, PlainLabelsAreDrawnAsOnePathOrAsAStrokeAndAFill)
     Label label;
     label.font.haloWidth = 5;
     label.text = L"Main\nStreet";
-    const std::vector<Call> calls = CallsFor(label);
+    const std::vector<RecordedCall> calls = CallsFor(label);
     ASSERT_EQ(calls.size(), HasColourOfItsOwn() ? 2u : 1u);
     EXPECT_FALSE(calls.front().isText);
-    const Call& fill = calls.back();
+    const RecordedCall& fill = calls.back();
     EXPECT_EQ(fill.pen.style(), Qt::NoPen);
     EXPECT_EQ(fill.brush, QBrush(HasColourOfItsOwn() ? QColor(200, 40, 10) : QColor(Qt::green)));
     if (HasColourOfItsOwn())
@@ -155,7 +92,7 @@ TEST_P(PainterCallsTest, RichLabelsAreTextUnlessTheyAreDrawnWithoutFormatting)
 {
     Label label;
     label.text = L"<BOL>Main</BOL>";
-    for (const Call& call : CallsFor(label))
+    for (const RecordedCall& call : CallsFor(label))
     {
         EXPECT_EQ(call.isText, !HasColourOfItsOwn());
         EXPECT_EQ(call.isText ? call.pen.color() : QColor(Qt::green), QColor(Qt::green));
