@@ -3,11 +3,14 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QPicture>
+#include <QPixmap>
 
 #include <gtest/gtest.h>
 #include <tests/support/ImageCompare.h>
 #include <tests/support/Twins.h>
 #include <txpluginqt/graphics/FastScaling.h>
+#include <txpluginqt/support/Images.h>
 
 namespace
 {
@@ -120,6 +123,53 @@ TEST(FastScalingTest, TakesTheSamePixelsForEveryPairOfLengths)
     EXPECT_GE(inPlace, 8000);
 }
 
+TEST(FastScalingTest, TakesTheSamePixelsWhereTheScaleCannotBeExact)
+{
+    // The scale times the source is not the target there, and falls on the other side of a border between pixels: at
+    // the first pixel, or farther on.
+    constexpr struct
+    {
+        int from;
+        int to;
+    } lengths[] = {{98, 1},    {196, 2},   {206, 1},   {294, 3},   {588, 6},    {273, 384},
+                   {273, 768}, {297, 384}, {525, 640}, {546, 768}, {525, 1792}, {273, 24576}};
+    int inPlace = 0;
+    for (const auto& [from, to] : lengths)
+    {
+        const double scale = double(to) / from;
+        ASSERT_NE(scale * from, to);
+        for (const bool wide : {true, false})
+        {
+            const QImage source = NoisyImage(wide ? from : 2, wide ? 2 : from, QImage::Format_RGB32, 9);
+            const QRect target(0, 0, wide ? to : 2, wide ? 2 : to);
+            QImage actual(target.size(), QImage::Format_RGB32);
+            actual.fill(Qt::white);
+            QImage expected = actual.copy();
+            QPainter painter(&actual);
+            QPainter direct(&expected);
+            ASSERT_TRUE(TakesTheSamePixels(painter, direct, source, target, inPlace)) << from << " to " << to;
+        }
+    }
+}
+
+TEST(FastScalingTest, IsOnlyForPaintersOfImages)
+{
+    const QImage source = NoisyImage(20, 20, QImage::Format_ARGB32_Premultiplied, 1);
+    const QRect target(10, 10, 30, 25);
+    QPixmap pixmap(100, 100);
+    QPainter onPixmap(&pixmap);
+    EXPECT_EQ(PaintedImage(onPixmap), nullptr);
+    EXPECT_FALSE(ScalesAlikeInPlace(onPixmap, source, target));
+    QPicture picture;
+    QPainter onPicture(&picture);
+    EXPECT_EQ(PaintedImage(onPicture), nullptr);
+    EXPECT_FALSE(ScalesAlikeInPlace(onPicture, source, target));
+    QImage image(100, 100, QImage::Format_ARGB32_Premultiplied);
+    QPainter onImage(&image);
+    EXPECT_EQ(PaintedImage(onImage), &image);
+    EXPECT_TRUE(ScalesAlikeInPlace(onImage, source, target));
+}
+
 TEST(FastScalingTest, DrawsNothingInPlaceThatQtWouldDrawInAnotherWay)
 {
     const QImage source = NoisyImage(20, 20, QImage::Format_ARGB32_Premultiplied, 1);
@@ -139,7 +189,8 @@ TEST(FastScalingTest, DrawsNothingInPlaceThatQtWouldDrawInAnotherWay)
     EXPECT_TRUE(refuses([](QPainter& p) { p.rotate(90.0); }, source, target));
     EXPECT_TRUE(refuses([](QPainter& p) { p.setClipRect(QRect(20, 20, 10, 10)); }, source, target));
     for (const QRect& outside : {QRect(-1, 10, 30, 25), QRect(10, -1, 30, 25), QRect(71, 10, 30, 25),
-                                 QRect(10, 76, 30, 25), QRect(10, 10, 0, 25), QRect(10, 10, 30, 0)})
+                                 QRect(10, 76, 30, 25), QRect(10, 10, 0, 25), QRect(10, 10, 30, 0),
+                                 QRect(50, 10, -30, 25), QRect(10, 50, 30, -25), QRect(50, 50, -30, -25)})
         EXPECT_TRUE(refuses(nothing, source, outside));
     EXPECT_FALSE(refuses(nothing, source, QRect(70, 75, 30, 25)));
     EXPECT_FALSE(refuses(nothing, source, QRect(0, 0, 30, 25)));

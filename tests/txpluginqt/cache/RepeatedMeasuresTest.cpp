@@ -1,9 +1,13 @@
 // Labels measured more than once, from what is kept of them.
+#include <memory>
 #include <optional>
 #include <thread>
 
+#include <QFile>
 #include <QFont>
+#include <QFontDatabase>
 #include <QImage>
+#include <QtEndian>
 
 #include <tests/support/QuietTest.h>
 #include <tests/txpluginqt/text/LabelFont.h>
@@ -17,19 +21,24 @@ using namespace TZObjects;
 namespace
 {
 
+QFont& Inner(TXFont& font) { return *static_cast<QFont*>(font.GetInternalObject()); }
+
 class RepeatedMeasuresTest : public QuietTest
 {
 protected:
-    /// On a thread that has measured nothing before; what this one keeps stays.
-    static Measures MeasuredAfresh(const TXFont& font, const std::wstring& text)
+    /// With a font and on a thread that have measured nothing before; what this one and its font keep stays.
+    static Measures MeasuredAfresh(TXFont& font, const std::wstring& text)
     {
+        const TXRefPtr<TXFont> other = TestEngine().NewFont();
+        other->Create();
+        Inner(*other) = Inner(font);
         std::optional<Measures> measures;
-        std::thread([&] { measures.emplace(font, TXString(text), true); }).join();
+        std::thread([&] { measures.emplace(*other, TXString(text), true); }).join();
         return *measures;
     }
 
     /// Success when the answers are those that are given where nothing is kept.
-    static ::testing::AssertionResult IsFresh(const TXFont& font, const std::wstring& text)
+    static ::testing::AssertionResult IsFresh(TXFont& font, const std::wstring& text)
     {
         const Measures first(font, TXString(text), true);
         const Measures second(font, TXString(text), true);
@@ -43,7 +52,6 @@ protected:
 };
 
 using Change = void (*)(TXFont&);
-QFont& Inner(TXFont& font) { return *static_cast<QFont*>(font.GetInternalObject()); }
 
 constexpr Change kChanges[] = {
     [](TXFont& f) { f.SetFontHeight(31); },
@@ -119,6 +127,74 @@ TEST_F(RepeatedMeasuresTest, AFontOfPointsIsMeasuredForItsOwnDevice)
     EXPECT_TRUE(IsFresh(*font, L"Wavy"));
     Inner(*font) = QFont(QFont("DejaVu Sans", 20), &fine);
     EXPECT_TRUE(IsFresh(*font, L"Wavy"));
+}
+
+/// A face under a name that no font of the machine has, as long as it lives.
+class FaceOfItsOwn
+{
+public:
+    /// @param file a face of DejaVu Sans Mono. @param name stands for DejaVu then, and has to be as long; one that was
+    /// looked for before Qt may not find. @param tall gives it another ascent.
+    FaceOfItsOwn(const QString& file, const QByteArray& name, bool tall)
+    {
+        QFile original("/usr/share/fonts/truetype/dejavu/" + file);
+        original.open(QIODevice::ReadOnly);
+        QByteArray face = original.readAll();
+        face.replace("DejaVu Sans", name + " Sans").replace(InTwoBytes("DejaVu Sans"), InTwoBytes(name + " Sans"));
+        // The directory of tables says where the one with the ascent begins.
+        const auto* const entry = reinterpret_cast<const uchar*>(face.constData() + face.indexOf("hhea"));
+        if (tall)
+            face[static_cast<int>(qFromBigEndian<quint32>(entry + 8)) + 4] = 0x10;
+        id = QFontDatabase::addApplicationFontFromData(face);
+        EXPECT_GE(id, 0);
+    }
+    ~FaceOfItsOwn() { QFontDatabase::removeApplicationFont(id); }
+    FaceOfItsOwn(const FaceOfItsOwn&) = delete;
+    FaceOfItsOwn& operator=(const FaceOfItsOwn&) = delete;
+
+private:
+    static QByteArray InTwoBytes(const QByteArray& name)
+    {
+        QByteArray bytes;
+        for (const char c : name)
+            bytes.append('\0').append(c);
+        return bytes;
+    }
+
+    int id = -1;
+};
+
+TEST_F(RepeatedMeasuresTest, FontsThatAreTakenFromTheProcessCount)
+{
+    auto face = std::make_unique<FaceOfItsOwn>("DejaVuSansMono.ttf", "Nobody", true);
+    FontChoice choice;
+    choice.family = L"Nobody Sans Mono";
+    choice.height = 40;
+    const TXRefPtr<TXFont> font = MakeFont(choice);
+    EXPECT_TRUE(IsFresh(*font, L"Wavy"));
+    const Measures before(*font, TXString(L"Wavy"), true);
+    face.reset();
+    EXPECT_TRUE(IsFresh(*font, L"Wavy"));
+    const Measures after(*font, TXString(L"Wavy"), true);
+    EXPECT_NE(before.ascent, after.ascent);
+    EXPECT_NE(before.ascentInt, after.ascentInt);
+}
+
+TEST_F(RepeatedMeasuresTest, AnotherFaceOfTheSameFamilyIsMeasuredForItself)
+{
+    const FaceOfItsOwn regular("DejaVuSansMono.ttf", "Anyone", true);
+    const FaceOfItsOwn bold("DejaVuSansMono-Bold.ttf", "Anyone", false);
+    FontChoice choice;
+    choice.family = L"Anyone Sans Mono";
+    choice.height = 40;
+    const TXRefPtr<TXFont> font = MakeFont(choice);
+    EXPECT_TRUE(IsFresh(*font, L"Wavy"));
+    const Measures before(*font, TXString(L"Wavy"), true);
+    font->SetFontBold(true);
+    EXPECT_TRUE(IsFresh(*font, L"Wavy"));
+    const Measures after(*font, TXString(L"Wavy"), true);
+    EXPECT_NE(before.ascent, after.ascent);
+    EXPECT_NE(before.ascentInt, after.ascentInt);
 }
 
 TEST_F(RepeatedMeasuresTest, TheOperationsAreToldApart)

@@ -282,6 +282,40 @@ TEST_F(DrawImageTest, ASinglePixelIsDrawnAndEnlarged)
             }
 }
 
+TEST_F(DrawImageTest, ASinglePixelIsBlendedAsACopyOfIt)
+{
+    // Without smoothing Qt fills with a part of one pixel, and blends in another way.
+    for (const TXImage::Format target :
+         {TXImage::Format_RGB32, TXImage::Format_ARGB32, TXImage::Format_ARGB32_Premultiplied, TXImage::Format_RGB16})
+    {
+        Twins twins(100, 80, target);
+        twins.Both([](QPainter& painter) { painter.setRenderHint(QPainter::Antialiasing, false); });
+        for (const QImage::Format format : DrawnFormats())
+        {
+            const TXRefPtr<TXImage> source = NewSource(20, 20, format);
+            for (int i = 0; i < 20; ++i)
+                DrawBoth(twins, ImageOperation::Draw,
+                         Call(TXRect(4 * i, 4 * i + 1, 3 * i, 3 * i + 1), TXRect(i, i + 1, 3, 4), 0.05 * i), *source);
+            ASSERT_TRUE(SameInAll(twins)) << "from " << format << " to " << target;
+        }
+    }
+}
+
+TEST_F(DrawImageTest, MirroredRectanglesOfAnotherSizeDrawNothing)
+{
+    const TXRefPtr<TXImage> source = NewSource(40, 30);
+    const QImage background = Twins(100, 80).Expected();
+    for (const TXRect& dst : {TXRect(60, 10, 10, 50), TXRect(10, 60, 50, 10), TXRect(60, 10, 50, 10)})
+        for (const ImageOperation operation : kImageOperations)
+        {
+            Twins twins(100, 80);
+            EXPECT_EQ(DrawBoth(twins, operation, Call(dst, TXRect(0, 40, 0, 30), 1.0), *source).route,
+                      ImageRoute::Placed);
+            EXPECT_TRUE(SameInAll(twins));
+            EXPECT_EQ(twins.Actual(), background);
+        }
+}
+
 TEST_F(DrawImageTest, EveryFormatOnEveryTarget)
 {
     for (const TXImage::Format target :

@@ -123,6 +123,18 @@ TEST_F(ImageAllocationTest, APartOfALayerThatIsStillPaintedTakesNoPixels)
         EXPECT_LT(allocations.bytes, kDescription);
 }
 
+TEST_F(ImageAllocationTest, AWholeLayerThatIsStillPaintedIsScaledWithoutACopy)
+{
+    const TXRefPtr<TXImage> image = NewLargeSource();
+    const TXRefPtr<TXGraphics> layer = TestEngine().NewGraphics();
+    layer->SelectImage(image);
+    Twins twins(160, 120);
+    const TXRect whole(0, kSide, 0, kSide);
+    const TXRect small(20, 120, 10, 60);
+    EXPECT_LT(Of([&] { EXPECT_TRUE(twins.Surface().DrawImage(small, image.get(), whole, 0.5)); }).bytes,
+              160u * 120u * 4u * 2u);
+}
+
 TEST_F(ImageAllocationTest, ScalingTakesTheSizeThatIsDrawn)
 {
     const TXRefPtr<TXImage> source = NewLargeSource();

@@ -99,6 +99,34 @@ TEST_F(VerticalLabelTest, ColumnsAreAlignedAlongTheirLength)
     }
 }
 
+TEST_F(VerticalLabelTest, ColumnsThatRunUpwardsHaveNegativeLengths)
+{
+    label.text = L"ABC\nDEFG";
+    label.top = label.y = 60.0;
+    const double ascent = Metrics().ascent();
+    // Each character stands an ascent above the one before: the columns are -1 and -2 ascents long.
+    label.charSpacing = -2.0 * ascent;
+    const double x = std::max({Advance("A"), Advance("B"), Advance("C")}) + 0.2 * Metrics().height();
+    const auto with = [&](Entry entry, double first, double second)
+    {
+        return Characters(entry, {{0.0, first + ascent, "A"},
+                                  {0.0, first, "B"},
+                                  {0.0, first - ascent, "C"},
+                                  {x, second + ascent, "D"},
+                                  {x, second, "E"},
+                                  {x, second - ascent, "F"},
+                                  {x, second - 2.0 * ascent, "G"}});
+    };
+    for (const Entry entry : kVerticals)
+    {
+        label.hAlign = 3;
+        EXPECT_TRUE(SameAs(entry, label, with(entry, 0.0, ascent)));
+        EXPECT_TRUE(DiffersFrom(entry, label, with(entry, ascent, 2.0 * ascent)));
+        label.hAlign = 2;
+        EXPECT_TRUE(SameAs(entry, label, with(entry, 0.0, ascent * 0.5)));
+    }
+}
+
 TEST_F(VerticalLabelTest, GapsFollowTheFirstColumnAndAreWiderForAnItalicFace)
 {
     label.text = L"A\nB\nC";
