@@ -7,7 +7,7 @@ namespace
 {
 
 constexpr const char* kSubject = "Labels through cairo";
-// In each repetition; all repetitions together draw more than 5000.
+// In each repetition, of which there are eleven.
 constexpr int kLabels = 500;
 
 void HaloOurs(const LabelScene& scene, int i)

@@ -123,7 +123,7 @@ int main(int argc, char** argv)
             times.push_back(CpuMilliseconds() - start);
     }
     std::sort(times.begin(), times.end());
-    std::printf("Mapnik %s\t%.0f\tAGG renderer, features in memory, places labels as it sees fit\n",
+    std::printf("Mapnik %s\t%.0f\tAGG renderer, features in memory, lakes filled, places labels as it sees fit\n",
                 MAPNIK_VERSION_STRING, times[times.size() / 2]);
     return 0;
 }
