@@ -41,6 +41,9 @@ public:
     void SetDefaultImageFormat(int format);
     /// How many bytes each thread may spend on keeping what it computed for labels, so that the same label is measured
     /// and drawn faster the next time; 0 keeps nothing. 32 MiB unless set, which is enough for about a thousand labels.
+    /// The current manager's number counts, for whatever was created before as well: a thread follows it, and gives
+    /// memory back, when it measures or draws a label through Qt the next time or ends. Beside these bytes a thread
+    /// that has done so has a table of 64 KiB.
     std::size_t LabelCacheSize() const;
     void SetLabelCacheSize(std::size_t bytes);
 

@@ -11,7 +11,6 @@
 #include <txpluginqt/support/CairoColor.h>
 #include <txpluginqt/support/CairoFont.h>
 #include <txpluginqt/support/Conversions.h>
-#include <txpluginqt/support/LabelCache.h>
 #include <txpluginqt/support/QtFonts.h>
 
 using namespace TZObjects;
@@ -121,7 +120,6 @@ bool TXGraphicsQT::PaintFontMarkerWithQt(const FontSymbol& symbol)
             p.translate(-symbol.width * 0.5, -symbol.height * 0.5);
             const QRect box = TruncatedRect(0.0, 0.0, symbol.width, symbol.height);
             const QString text(symbol.character);
-            LabelCache::OfThread().GlyphImagesUsed(p.font(), text, p.deviceTransform());
             const int times = symbol.height < kLeastHeightDrawnOnceWithQt ? 2 : 1;
             for (int i = 0; i < times; ++i)
                 p.drawText(box, Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextDontClip, text);

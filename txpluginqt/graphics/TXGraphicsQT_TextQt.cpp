@@ -50,8 +50,7 @@ class RichLabel
 {
 public:
     RichLabel(const QString& text, const QFont& font)
-        : html(QString(text).replace(QLatin1Char('\n'), QLatin1String("<br>"))), document(html, font),
-          size(document.size())
+        : document(QString(text).replace(QLatin1Char('\n'), QLatin1String("<br>")), font), size(document.size())
     {
     }
 
@@ -64,12 +63,10 @@ public:
         context.cursorPosition = -1;
         context.clip = clip;
         context.palette.setBrush(QPalette::Text, QBrush(painter.pen().color()));
-        LabelCache::OfThread().GlyphImagesUsed(document.defaultFont(), html, painter.deviceTransform());
         document.documentLayout()->draw(&painter, context);
     }
 
 private:
-    QString html;
     RichTextDocument document;
     QSizeF size;
 };
@@ -161,8 +158,8 @@ bool TXGraphicsQT::DrawStringWithQt(double ox, double oy, double left, double ri
                 const auto block = QtTextBlock::Of(label, qfont);
                 MoveToAnchor(p, QPointF(ox, oy), *font);
                 Turn(p, angle, scale);
-                FillInPenColor(
-                    p, block->Outlines(QPointF(left - ox, top - oy), block->LineHeight(), hAlign, Qt::WindingFill));
+                FillInPenColor(p, block->Outlines(qfont, QPointF(left - ox, top - oy), block->LineHeight(), hAlign,
+                                                  Qt::WindingFill));
                 return;
             }
             RichLabel rich(label, p.font());
@@ -194,8 +191,8 @@ bool TXGraphicsQT::DrawStringWithQt(double x, double y, double dx, double dy, TX
                 const double halfHeight = block->LineCount() * block->LineHeight() * 0.5;
                 MoveToAnchor(p, QPointF(x + dx + halfWidth, y + dy + halfHeight), *font);
                 Turn(p, angle, scale);
-                FillInPenColor(p, block->Outlines(QPointF(-halfWidth, -halfHeight - kCentredLift), block->LineHeight(),
-                                                  hAlign, Qt::WindingFill));
+                FillInPenColor(p, block->Outlines(qfont, QPointF(-halfWidth, -halfHeight - kCentredLift),
+                                                  block->LineHeight(), hAlign, Qt::WindingFill));
                 return;
             }
             // Without dx and dy, unlike the plain label.
@@ -224,8 +221,8 @@ bool TXGraphicsQT::DrawStringWithQt(double x, double y, TXTextVertAlign, TXTextH
                     ((block->LineCount() - 1) * lineSpacing + block->LineCount() * block->LineHeight()) * 0.5;
                 MoveToAnchor(p, QPointF(x + halfWidth, y + halfHeight), *font);
                 Turn(p, angle, scale);
-                FillInPenColor(p, block->Outlines(QPointF(-halfWidth, -halfHeight), block->LineHeight() + lineSpacing,
-                                                  hAlign, Qt::WindingFill));
+                FillInPenColor(p, block->Outlines(qfont, QPointF(-halfWidth, -halfHeight),
+                                                  block->LineHeight() + lineSpacing, hAlign, Qt::WindingFill));
                 return;
             }
             const QSizeF lines = RichLinesExtent(label, qfont, p.font());
@@ -250,7 +247,7 @@ bool TXGraphicsQT::DrawOutlineStringWithQt(double ox, double oy, double left, do
             MoveToAnchor(p, QPointF(ox, oy), *font);
             TurnIfNeeded(p, angle, scale);
             const QtLabelOutlines outlines = block->Outlines(
-                QPointF(left - ox, top - oy), block->LineHeight() + lineSpacing, hAlign, Qt::OddEvenFill);
+                qfont, QPointF(left - ox, top - oy), block->LineHeight() + lineSpacing, hAlign, Qt::OddEvenFill);
             // Whatever the font's own switch says: outlined text is text with a halo.
             StrokeHalo(p, outlines, *font);
             outlines.Fill(p, QBrush(ToQColor(fill)));
@@ -274,7 +271,7 @@ bool TXGraphicsQT::DrawOutlineStringWithQt(double x, double y, TXTextVertAlign, 
             MoveToAnchor(p, QPointF(x + halfWidth, y + halfHeight), *font);
             TurnIfNeeded(p, angle, scale);
             const QtLabelOutlines outlines = block->Outlines(
-                QPointF(-halfWidth, -halfHeight), block->LineHeight() + lineSpacing, hAlign, Qt::OddEvenFill);
+                qfont, QPointF(-halfWidth, -halfHeight), block->LineHeight() + lineSpacing, hAlign, Qt::OddEvenFill);
             StrokeHalo(p, outlines, *font);
             outlines.Fill(p, QBrush(ToQColor(fill)));
         });
@@ -293,7 +290,7 @@ bool TXGraphicsQT::DrawVerticalStringWithQt(double ox, double oy, double left, d
             const auto columns = QtColumns::Of(UnformattedText(text, p.font()), qfont, columnSpacing, charSpacing);
             p.translate(ox, oy);
             TurnIfNeeded(p, angle, scale);
-            const QtLabelOutlines outlines = columns->Outlines(QPointF(left - ox, top - oy), hAlign);
+            const QtLabelOutlines outlines = columns->Outlines(qfont, QPointF(left - ox, top - oy), hAlign);
             if (halo)
                 StrokeHalo(p, outlines, *font);
             outlines.Fill(p, QBrush(ToQColor(fill)));
@@ -315,7 +312,7 @@ bool TXGraphicsQT::DrawVerticalStringWithQt(double x, double y, TXTextVertAlign,
             const double halfHeight = columns->Height() * 0.5;
             p.translate(x + halfWidth, y + halfHeight);
             TurnIfNeeded(p, angle, scale);
-            const QtLabelOutlines outlines = columns->Outlines(QPointF(-halfWidth, -halfHeight), hAlign);
+            const QtLabelOutlines outlines = columns->Outlines(qfont, QPointF(-halfWidth, -halfHeight), hAlign);
             if (halo)
                 StrokeHalo(p, outlines, *font);
             outlines.Fill(p, QBrush(ToQColor(fill)));

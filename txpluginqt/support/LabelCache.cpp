@@ -13,10 +13,9 @@
 namespace
 {
 
-// What an entry costs beside its value and its text: the entry itself, its place in the index, the shared font.
-constexpr std::size_t kEntryBytes = 512;
+// What an entry costs beside its value and its text: the entry itself, its place in the index, its font.
+constexpr std::size_t kEntryBytes = 704;
 constexpr std::size_t kSeenPlaces = 16384;
-constexpr std::size_t kMostDrawnTexts = 4096;
 
 thread_local bool threadIsEnding = false;
 
@@ -24,6 +23,16 @@ std::atomic<unsigned> fontsChanged{0};
 std::atomic<QCoreApplication*> watchedApplication{nullptr};
 
 void Combine(std::size_t& hash, std::size_t more) { hash ^= more + 0x9e3779b97f4a7c15U + (hash << 6) + (hash >> 2); }
+
+/// The same font without what Qt has loaded for it, which would stay loaded as long as the font is there.
+QFont Unloaded(const QFont& font)
+{
+    QFont unloaded = font;
+    // Qt leaves it behind when it changes a shared font.
+    unloaded.setPixelSize(font.pixelSize() + 1);
+    unloaded.setPixelSize(font.pixelSize());
+    return unloaded;
+}
 
 } // namespace
 
@@ -80,7 +89,6 @@ bool LabelCache::IsOn()
     if (generation != fontGeneration)
     {
         Clear();
-        drawnWithImages.clear();
         fontGeneration = generation;
     }
     const std::size_t size = TZObjects::TXGraphicsEngineManager::instance(TZObjects::TXString())->LabelCacheSize();
@@ -109,6 +117,9 @@ void LabelCache::Keep(Key key, std::size_t hash, std::shared_ptr<const void> val
     if (needed > limit)
         return;
     Shrink(needed);
+    if (keptFont != key.font)
+        keptFont = Unloaded(key.font);
+    key.font = keptFont;
     entries.push_front({std::move(key), hash, std::move(value), needed});
     try
     {
@@ -153,20 +164,4 @@ void LabelCache::Clear()
     index.clear();
     entries.clear();
     bytes = 0;
-}
-
-void LabelCache::GlyphImagesUsed(const QFont& font, const QString& text, const QTransform& transform)
-{
-    if (entries.empty() && drawnWithImages.empty())
-        return;
-    std::size_t hash = qHash(font);
-    Combine(hash, qHash(text));
-    // Symbols at all angles must not empty the cache each time.
-    Combine(hash, transform.type() > QTransform::TxTranslate ? 1 : 0);
-    if (drawnWithImages.count(hash) > 0)
-        return;
-    if (drawnWithImages.size() >= kMostDrawnTexts)
-        drawnWithImages.clear();
-    Clear();
-    drawnWithImages.insert(hash);
 }

@@ -4,13 +4,11 @@
 #include <list>
 #include <memory>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include <QFont>
 #include <QString>
-#include <QTransform>
 
 /// What was computed from a font and a text, kept for the next time the same label is measured or drawn: the frames of
 /// a map repeat their names. Each thread has a cache of its own, so that none waits for another.
@@ -40,6 +38,13 @@ public:
     template <class T, class Make>
     std::shared_ptr<const T> Get(const QFont& font, const QString& text, Details details, Make make)
     {
+        return Get<T>(font, text, std::move(details), std::move(make), [] { return true; });
+    }
+    /// The same, but what was made is kept only when @p isLasting says so afterwards.
+    template <class T, class Make, class IsLasting>
+    std::shared_ptr<const T> Get(const QFont& font, const QString& text, Details details, Make make,
+                                 IsLasting isLasting)
+    {
         // The same number of points is as many pixels as the font's device has.
         if (!IsOn() || font.pixelSize() <= 0)
             return std::make_shared<const T>(make());
@@ -48,7 +53,8 @@ public:
         if (const std::shared_ptr<const void>* const kept = Find(key, hash))
             return std::static_pointer_cast<const T>(*kept);
         auto made = std::make_shared<const T>(make());
-        Keep(std::move(key), hash, made, made->Bytes());
+        if (isLasting())
+            Keep(std::move(key), hash, made, made->Bytes());
         return made;
     }
 
@@ -58,10 +64,6 @@ public:
 
     /// How many bytes are held.
     std::size_t Bytes() const { return bytes; }
-
-    /// Tells that Qt draws a text with images of its glyphs. When it loads new ones the outlines of that face may move
-    /// by 1/64 of a pixel, and those kept here would not be what Qt draws from then on.
-    void GlyphImagesUsed(const QFont& font, const QString& text, const QTransform& transform);
 
 private:
     struct Key
@@ -105,5 +107,5 @@ private:
     std::size_t bytes = 0;
     std::size_t limit = 0;
     unsigned fontGeneration = 0;
-    std::unordered_set<std::size_t> drawnWithImages; ///< Hashes.
+    QFont keptFont; ///< Of the entry kept last; the next ones share it.
 };

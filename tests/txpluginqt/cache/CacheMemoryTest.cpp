@@ -108,7 +108,7 @@ TEST_F(CacheMemoryTest, OutlinesAreCounted)
         {
             for (int i = 0; i < 1000; ++i)
                 QtTextBlock::Of(QString("label\nnumber %1").arg(i), FontOf(20))
-                    ->Outlines(QPointF(0.25, 0.5), 20.0, 1, Qt::WindingFill);
+                    ->Outlines(FontOf(20), QPointF(0.25, 0.5), 20.0, 1, Qt::WindingFill);
         });
 }
 
@@ -132,7 +132,7 @@ TEST_F(CacheMemoryTest, HalosAreCounted)
             painter.setRenderHint(QPainter::Antialiasing);
             for (int i = 0; i < 400; ++i)
                 QtColumns::Of(QString("la\nbel\nnum\nber\n%1").arg(i), FontOf(20), 1.0, 2.0)
-                    ->Outlines(QPointF(0.0, 0.0), 1)
+                    ->Outlines(FontOf(20), QPointF(0.0, 0.0), 1)
                     .Stroke(painter, QPen(Qt::red, 3.0));
         });
 }
@@ -213,6 +213,29 @@ TEST_F(CacheMemoryTest, ManyDifferentLabelsStayWithinTheLimit)
     EXPECT_LE(AllocatedBytes() - before, 1000000);
 }
 
+TEST_F(CacheMemoryTest, ManyDifferentFontsStayWithinTheLimit)
+{
+    constexpr std::size_t kLimit = std::size_t(1) << 20;
+    const CacheSize size(kLimit);
+    QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
+    const auto draw = [&](int first, int last)
+    {
+        for (int i = first; i < last; ++i)
+        {
+            QPainter painter(&image);
+            const QFont font = FontOf(10 + i);
+            QtTextBlock::Of("A", font)
+                ->Outlines(font, QPointF(0.0, 0.0), 20.0, 1, Qt::WindingFill)
+                .Fill(painter, Qt::red);
+            QtColumns::Of("A", font, 0.0, 0.0)->Outlines(font, QPointF(0.0, 0.0), 1).Fill(painter, Qt::red);
+        }
+    };
+    draw(0, 50);
+    const long long before = AllocatedBytes();
+    draw(50, 3000);
+    EXPECT_LE(AllocatedBytes() - before, static_cast<long long>(kLimit));
+}
+
 // AddressSanitizer tells by itself what a thread leaves behind, and keeps memory of its own.
 #if !defined(__SANITIZE_ADDRESS__)
 TEST_F(CacheMemoryTest, GoesWithItsThread)
@@ -222,7 +245,7 @@ TEST_F(CacheMemoryTest, GoesWithItsThread)
     {
         for (int i = 0; i < 300; ++i)
             QtTextBlock::Of(QString("label number %1").arg(i), FontOf(20))
-                ->Outlines(QPointF(0.25, 0.5), 20.0, 1, Qt::WindingFill);
+                ->Outlines(FontOf(20), QPointF(0.25, 0.5), 20.0, 1, Qt::WindingFill);
         EXPECT_GT(LabelCache::OfThread().Bytes(), 1000000u);
     };
     const auto onThread = [&] { std::thread(work).join(); };

@@ -128,46 +128,4 @@ TEST_F(CachedFontTest, IsEmptiedOnOtherThreadsAsWellWhenFontsAreAdded)
         .join();
 }
 
-TEST_F(CachedFontTest, IsEmptiedTheFirstTimeThatATextIsDrawnWithImagesOfItsGlyphs)
-{
-    LabelCache& cache = LabelCache::OfThread();
-    const QFont font = Font();
-    const auto empties = [&](const QFont& f, const QString& text, const QTransform& transform)
-    {
-        Hits("kept");
-        cache.GlyphImagesUsed(f, text, transform);
-        return !Hits("kept");
-    };
-    EXPECT_TRUE(empties(font, "rich", QTransform()));
-    EXPECT_FALSE(empties(font, "rich", QTransform()));
-    EXPECT_FALSE(empties(font, "rich", QTransform::fromTranslate(3.5, 4.0)));
-    EXPECT_TRUE(empties(font, "other", QTransform()));
-    EXPECT_TRUE(empties(Font(21), "rich", QTransform()));
-    EXPECT_TRUE(empties(font, "rich", QTransform::fromScale(2.0, 1.0)));
-    EXPECT_FALSE(empties(font, "rich", QTransform::fromScale(1.0, 2.0)));
-    EXPECT_FALSE(empties(font, "rich", QTransform(1.0, 0.5, 0.0, 1.0, 0.0, 0.0)));
-    EXPECT_TRUE(empties(font, "other", QTransform(1.0, 0.0, 0.5, 1.0, 0.0, 0.0)));
-    EXPECT_FALSE(empties(font, "rich", QTransform()));
-    EXPECT_FALSE(empties(font, "other", QTransform()));
-    cache.GlyphImagesUsed(font, "yet another", QTransform());
-    EXPECT_EQ(cache.Bytes(), 0u);
-    // Other fonts may mean that the images of glyphs are loaded again.
-    const int id = QFontDatabase::addApplicationFont("/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf");
-    EXPECT_FALSE(Hits("kept"));
-    EXPECT_TRUE(empties(font, "rich", QTransform()));
-    QFontDatabase::removeApplicationFont(id);
-}
-
-TEST_F(CachedFontTest, ManyTextsDrawnWithImagesAreForgottenBeforeTheyTakeMuchMemory)
-{
-    LabelCache& cache = LabelCache::OfThread();
-    Hits("kept");
-    cache.GlyphImagesUsed(Font(), "first", QTransform());
-    for (int i = 0; i < 70000; ++i)
-        cache.GlyphImagesUsed(Font(), QString::number(i), QTransform());
-    Hits("kept");
-    cache.GlyphImagesUsed(Font(), "first", QTransform());
-    EXPECT_FALSE(Hits("kept"));
-}
-
 } // namespace

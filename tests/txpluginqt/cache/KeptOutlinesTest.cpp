@@ -168,8 +168,10 @@ TEST_F(KeptOutlinesTest, WhatLabelsShareIsWhatQtWouldDrawForEach)
 
 TEST_F(KeptOutlinesTest, PlacesFarAwayOrTinyAreDrawnAsDirectly)
 {
-    for (const double first : {0.0, -0.0, 5e-324, -5e-324, 1e-310, 1e-300, 0.005, -0.005, 1e-7, 1e6, -1e6, 1e6 + 0.3})
-        for (const double second : {0.005, 0.0, 5e-324, 1e-310, 1e6 + 0.301})
+    for (const double first :
+         {0.0, -0.0, 5e-324, -5e-324, 1e-310, 1e-300, 0.005, -0.005, 1e-7, 15.625, 1e6, -1e6, 1e6 + 0.3})
+        // The representation of the third is the number of the place at 15.625.
+        for (const double second : {0.005, 0.0, 2000 * 5e-324, 5e-324, 1e-310, 1e6 + 0.301})
         {
             QFont font = FontOf(20);
             font.setLetterSpacing(QFont::AbsoluteSpacing, -9.0);
@@ -199,9 +201,10 @@ TEST_F(KeptOutlinesTest, LinesAndColumnsOfTheSameTextAreToldApart)
     const QPointF corner(10.0, 10.0);
     const auto block = QtTextBlock::Of(text, font);
     const double step = QFontMetricsF(font).ascent();
-    const auto drawLines = [&](QPainter& p) { block->Outlines(corner, step, 1, Qt::OddEvenFill).Fill(p, Qt::red); };
+    const auto drawLines = [&](QPainter& p)
+    { block->Outlines(font, corner, step, 1, Qt::OddEvenFill).Fill(p, Qt::red); };
     const auto drawColumns = [&](QPainter& p)
-    { QtColumns::Of(text, font, 0.0, 0.0)->Outlines(corner, 1).Fill(p, Qt::red); };
+    { QtColumns::Of(text, font, 0.0, 0.0)->Outlines(font, corner, 1).Fill(p, Qt::red); };
     size.Empty();
     const QImage lines = Drawn(drawLines);
     size.Empty();

@@ -69,23 +69,85 @@ TEST_F(LabelCacheTest, TextsOfTheSameHashAreToldApart)
     EXPECT_GE(pairs, 1);
 }
 
+TEST_F(LabelCacheTest, OfTwoTextsOfTheSameHashTheOneNotUsedGoes)
+{
+    QString first;
+    QString second;
+    std::unordered_map<uint, QString> texts;
+    std::mt19937 random(3);
+    while (second.isNull())
+    {
+        QString text;
+        for (int k = 0; k < 9; ++k)
+            text += QChar(static_cast<int>(0x61 + random() % 26));
+        const auto [same, isNew] = texts.emplace(qHash(text), text);
+        if (isNew)
+            continue;
+        first = same->second;
+        second = text;
+    }
+    // Room for both and one more, in either order: no other text is longer.
+    Hits(first);
+    SetSize(3 * Bytes());
+    for (const bool firstIsUsed : {true, false})
+    {
+        Empty();
+        EXPECT_FALSE(Hits(first));
+        EXPECT_FALSE(Hits(second));
+        EXPECT_TRUE(Hits(firstIsUsed ? first : second));
+        EXPECT_FALSE(Hits("another"));
+        EXPECT_FALSE(Hits("a fourth"));
+        EXPECT_TRUE(Hits(firstIsUsed ? first : second));
+        EXPECT_FALSE(Hits(firstIsUsed ? second : first));
+    }
+}
+
+TEST_F(LabelCacheTest, WhatWasSeenIsToldApartByTextSizeAndKind)
+{
+    LabelCache& cache = LabelCache::OfThread();
+    const auto isNew = [&](const QFont& font, const QString& text, int what)
+    {
+        const bool first = !cache.WasSeen(font, text, what);
+        EXPECT_TRUE(cache.WasSeen(font, text, what)) << "it was asked for a moment ago";
+        return first;
+    };
+    EXPECT_TRUE(isNew(Font(), "seen", 1));
+    EXPECT_FALSE(isNew(Font(), "seen", 1));
+    EXPECT_TRUE(isNew(Font(21), "seen", 1));
+    EXPECT_TRUE(isNew(Font(), "seem", 1));
+    EXPECT_TRUE(isNew(Font(), "seen", 2));
+    EXPECT_FALSE(isNew(Font(), "seen", 1));
+    EXPECT_EQ(cache.Bytes(), 0u);
+}
+
+TEST_F(LabelCacheTest, NothingWasSeenWhereNothingIsKept)
+{
+    LabelCache& cache = LabelCache::OfThread();
+    SetSize(0);
+    EXPECT_FALSE(cache.WasSeen(Font(), "never kept", 1));
+    EXPECT_FALSE(cache.WasSeen(Font(), "never kept", 1));
+    SetSize(10000);
+    EXPECT_FALSE(cache.WasSeen(Font(), "never kept", 1));
+    EXPECT_TRUE(cache.WasSeen(Font(), "never kept", 1));
+}
+
 TEST_F(LabelCacheTest, TextsAndDetailsThatHardlyDifferAreToldApart)
 {
     // A large number of short texts, and details that may cancel in a hash.
-    for (int i = 0; i < 400; ++i)
+    for (int i = 0; i < 300; ++i)
         for (int k = 0; k < 4; ++k)
             ASSERT_FALSE(Hits(QString(QChar(i + 1)), 1, Font(), {k, i}));
-    for (int i = 0; i < 400; ++i)
+    for (int i = 0; i < 300; ++i)
         for (int k = 0; k < 4; ++k)
             ASSERT_TRUE(Hits(QString(QChar(i + 1)), 1, Font(), {k, i}));
 }
 
 TEST_F(LabelCacheTest, WhatWasNotUsedForTheLongestTimeGoesFirst)
 {
-    SetSize(3600);
+    SetSize(4200);
     for (const char* const text : {"a", "b", "c"})
         ASSERT_FALSE(Hits(text, 600));
-    ASSERT_GT(Bytes() + 600, 3600u) << "a fourth must not fit";
+    ASSERT_GT(Bytes() + 600, 4200u) << "a fourth must not fit";
     ASSERT_TRUE(Hits("a", 600));
     ASSERT_FALSE(Hits("d", 600));
     EXPECT_TRUE(Hits("a", 600));

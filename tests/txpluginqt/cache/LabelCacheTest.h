@@ -22,7 +22,7 @@ struct OtherKind
 };
 
 /// What no entry without a text takes more of beside its value.
-constexpr std::size_t kMostPerEntry = 600;
+constexpr std::size_t kMostPerEntry = 800;
 
 class LabelCacheTest : public QuietTest
 {

@@ -36,7 +36,7 @@ qreal LetterWidth(const QFontMetricsF& metrics, const QFont& font, const QString
 } // namespace
 
 QtColumns::QtColumns(const QString& text, const QFont& font, qreal columnSpacing, qreal charSpacing)
-    : font(font), text(text), columnSpacing(columnSpacing)
+    : text(text), columnSpacing(columnSpacing)
 {
     const QFontMetricsF metrics(font);
     ascent = metrics.ascent();
@@ -73,7 +73,7 @@ std::shared_ptr<const QtColumns> QtColumns::Of(const QString& text, const QFont&
                                                  [&] { return QtColumns(text, font, columnSpacing, charSpacing); });
 }
 
-QtLabelOutlines QtColumns::Outlines(const QPointF& topLeft, int align) const
+QtLabelOutlines QtColumns::Outlines(const QFont& font, const QPointF& topLeft, int align) const
 {
     std::vector<PlacedText> pieces;
     pieces.reserve(static_cast<std::size_t>(text.size()));

@@ -27,8 +27,9 @@ public:
     qreal Height() const { return height; }
 
     /// The outlines of all characters, the label's top left at @p topLeft.
-    /// @param align 1 lets the columns' tops meet, 3 their ends; any other value centres them.
-    QtLabelOutlines Outlines(const QPointF& topLeft, int align) const;
+    /// @param font the one that the columns were measured with. @param align 1 lets the columns' tops meet, 3 their
+    /// ends; any other value centres them.
+    QtLabelOutlines Outlines(const QFont& font, const QPointF& topLeft, int align) const;
 
     /// How much memory the columns take.
     std::size_t Bytes() const;
@@ -42,7 +43,6 @@ private:
         qreal gap; // on top of the column spacing
     };
 
-    QFont font;
     QString text;
     std::vector<Column> columns;
     qreal columnSpacing;

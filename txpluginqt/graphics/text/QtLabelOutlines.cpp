@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include <QPaintEngine>
 #include <QPainterPath>
 
+#include <txpluginqt/support/GlyphShift.h>
 #include <txpluginqt/support/Numbers.h>
 
 namespace
@@ -18,6 +20,9 @@ qint64 PlaceOf(double coordinate)
 {
     constexpr double farthest = 1e6;
     constexpr double nearBorder = 1e-6;
+    // Their representations are as small as the numbers of places.
+    if (std::abs(coordinate) < std::numeric_limits<double>::min())
+        coordinate = 0.0;
     const double parts = coordinate * 64.0;
     const double below = std::floor(parts);
     const bool onBorder = parts == below;
@@ -50,8 +55,10 @@ QtLabelOutlines::QtLabelOutlines(const QFont& font, const QString& text, const s
 {
     // Rules lie where they are asked for, not at parts of a pixel.
     const bool hasRules = font.underline() || font.overline() || font.strikeOut();
-    places.reserve(pieces.size() * 3 + 1);
+    places.reserve(pieces.size() * 3 + 2);
     places.push_back(fillRule);
+    const qint64 shift = GlyphShift(font);
+    places.push_back(shift);
     for (const PlacedText& piece : pieces)
     {
         // Where the text is divided: lines and columns may share their places.
@@ -59,21 +66,23 @@ QtLabelOutlines::QtLabelOutlines(const QFont& font, const QString& text, const s
         for (const double coordinate : {piece.origin.x(), piece.origin.y()})
             places.push_back(hasRules ? BitsOf(coordinate) : PlaceOf(coordinate));
     }
-    letters = LabelCache::OfThread().Get<InkOutline>(font, text, places,
-                                                     [&]
-                                                     {
-                                                         QPainterPath path;
-                                                         path.setFillRule(fillRule);
-                                                         for (const PlacedText& piece : pieces)
-                                                             path.addText(piece.origin, font, piece.text);
-                                                         return InkOutline(path);
-                                                     });
+    const auto make = [&]
+    {
+        QPainterPath path;
+        path.setFillRule(fillRule);
+        for (const PlacedText& piece : pieces)
+            path.addText(piece.origin, font, piece.text);
+        // Qt may have loaded glyphs meanwhile.
+        isLasting = GlyphShift(font) == shift;
+        return InkOutline(path);
+    };
+    letters = LabelCache::OfThread().Get<InkOutline>(font, text, places, make, [&] { return isLasting; });
 }
 
 void QtLabelOutlines::Stroke(QPainter& painter, const QPen& pen) const
 {
     LabelCache& cache = LabelCache::OfThread();
-    if (!IsOutlinedStroke(painter, pen) || !cache.IsOn())
+    if (!isLasting || !IsOutlinedStroke(painter, pen) || !cache.IsOn())
     {
         letters->Stroke(painter, pen);
         return;

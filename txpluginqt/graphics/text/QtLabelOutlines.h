@@ -36,5 +36,6 @@ private:
     QFont font;
     QString text;
     LabelCache::Details places;
+    bool isLasting = true; ///< False when the next outlines will be others.
     std::shared_ptr<const InkOutline> letters;
 };

@@ -6,8 +6,7 @@
 
 #include <txpluginqt/graphics/text/Alignment.h>
 
-QtTextBlock::QtTextBlock(const QString& text, const QFont& font)
-    : font(font), text(text), lines(text.split(QLatin1Char('\n')))
+QtTextBlock::QtTextBlock(const QString& text, const QFont& font) : text(text), lines(text.split(QLatin1Char('\n')))
 {
     const QFontMetricsF metrics(font);
     ascent = metrics.ascent();
@@ -25,7 +24,8 @@ std::shared_ptr<const QtTextBlock> QtTextBlock::Of(const QString& text, const QF
     return LabelCache::OfThread().Get<QtTextBlock>(font, text, {}, [&] { return QtTextBlock(text, font); });
 }
 
-QtLabelOutlines QtTextBlock::Outlines(const QPointF& topLeft, qreal step, int hAlign, Qt::FillRule fillRule) const
+QtLabelOutlines QtTextBlock::Outlines(const QFont& font, const QPointF& topLeft, qreal step, int hAlign,
+                                      Qt::FillRule fillRule) const
 {
     std::vector<PlacedText> pieces;
     pieces.reserve(widths.size());

@@ -25,14 +25,15 @@ public:
     int LineCount() const { return lines.size(); }
 
     /// The outlines of all lines, the block's top left at @p topLeft and each line @p step below the one before.
-    /// @param hAlign 1 and 3 let the lines' left or right edges meet; any other value centres them.
-    QtLabelOutlines Outlines(const QPointF& topLeft, qreal step, int hAlign, Qt::FillRule fillRule) const;
+    /// @param font the one that the lines were measured with. @param hAlign 1 and 3 let the lines' left or right edges
+    /// meet; any other value centres them.
+    QtLabelOutlines Outlines(const QFont& font, const QPointF& topLeft, qreal step, int hAlign,
+                             Qt::FillRule fillRule) const;
 
     /// How much memory the block takes.
     std::size_t Bytes() const;
 
 private:
-    QFont font;
     QString text;
     QStringList lines;
     std::vector<qreal> widths;
