@@ -13,6 +13,7 @@ namespace
 
 constexpr const char* kSubject = "Polygons";
 constexpr int kPolygons = 10000;
+constexpr int kPatchworks = 24;
 
 /// Stars of 5 to 50 corners, at any position.
 std::vector<Line> Stars()
@@ -81,13 +82,35 @@ Contenders DrawPolygons(const Look& look)
     return contenders;
 }
 
-Contenders DrawCountries(const Look& look)
+/// Shapes of a thousand patches each, as land use has them.
+std::vector<Country> Patchworks()
+{
+    Random random(9);
+    std::vector<Country> patchworks(kPatchworks);
+    for (Country& patchwork : patchworks)
+        for (int patch = 0; patch < 1000; ++patch)
+        {
+            const TXPoint centre = random.Point(10, 1014);
+            const int corners = random.Int(5, 12);
+            QPolygonF ring;
+            for (int i = 0; i <= corners; ++i)
+            {
+                const double angle = 6.283185307179586 * (i % corners) / corners;
+                ring << QPointF(centre.x + 5.0 * std::cos(angle), centre.y + 4.0 * std::sin(angle));
+                patchwork.points.emplace_back(ring.last().x(), ring.last().y());
+            }
+            patchwork.counts.push_back(ring.size());
+            patchwork.polygons.push_back(ring);
+        }
+    return patchworks;
+}
+
+Contenders DrawShapes(const Look& look, std::vector<Country> shapes)
 {
     const Stage stage;
     stage.canvas->Use(look);
     Contenders contenders = stage.Contenders();
-    const auto countries =
-        std::make_shared<const std::vector<Country>>(ReadCountries("countries-10m.json", 1024, 1024));
+    const auto countries = std::make_shared<const std::vector<Country>>(std::move(shapes));
     Canvas* const canvas = stage.canvas.get();
     contenders.ours = Each(
         [=](int i)
@@ -116,6 +139,8 @@ Contenders DrawCountries(const Look& look)
     return contenders;
 }
 
+Contenders DrawCountries(const Look& look) { return DrawShapes(look, ReadCountries("countries-10m.json", 1024, 1024)); }
+
 } // namespace
 
 void AddPolygons(Scenes& scenes)
@@ -128,6 +153,8 @@ void AddPolygons(Scenes& scenes)
                       [] { return DrawPolygons(Look()); }});
     scenes.push_back({kSubject, "polygons, filled and outlined, translucent", kPolygons, Limit::Drawing(),
                       [=] { return DrawPolygons(translucent); }});
+    scenes.push_back({kSubject, "shapes of 1000 patches each, filled", kPatchworks, Limit::Drawing(),
+                      [=] { return DrawShapes(filled, Patchworks()); }});
     const int countries = kCountries10m;
     scenes.push_back({kSubject, "countries 1:10 million, many rings, filled", countries, Limit::Drawing(),
                       [=] { return DrawCountries(filled); }});

@@ -2,15 +2,69 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 
 #include <QPainter>
 #include <QPolygonF>
 #include <QVarLengthArray>
 
+#include <txpluginqt/graphics/InkReach.h>
+#include <txpluginqt/graphics/RingGroups.h>
 #include <txpluginqt/graphics/VectorOutline.h>
 #include <txpluginqt/support/Conversions.h>
 
 using TZObjects::TXPoint;
+
+namespace
+{
+
+/// Fewer are drawn as fast at once.
+constexpr int kFewestRings = 4;
+
+bool FillsAnything(const QBrush& brush)
+{
+    return brush.style() != Qt::NoBrush && (brush.style() != Qt::SolidPattern || brush.color().alpha() > 0);
+}
+
+/// The same as `DrawOutline`, by groups of rings where there are such groups.
+bool DrawManyRings(QPainter& painter, const OutlineView& outline)
+{
+    const QPen& pen = painter.pen();
+    const QBrush& brush = painter.brush();
+    const bool antialiased = painter.testRenderHint(QPainter::Antialiasing);
+    const bool filled = antialiased && FillsAnything(brush);
+    const bool stroked = antialiased && pen.style() == Qt::SolidLine && IsFilledStroke(painter, pen);
+    if (!filled && !stroked)
+        return DrawOutline(painter, outline);
+
+    const Rings rings = RingsOf(outline);
+    const double reach = stroked ? StrokeReach(pen) : 0.0;
+    if (rings.size() < 2 || !CanBeDrawnInParts(painter, BoundsOf(rings).adjusted(-reach, -reach, reach, reach)))
+        return DrawOutline(painter, outline);
+
+    const QTransform& transform = painter.deviceTransform();
+    std::optional<RingGroups> fills;
+    std::optional<RingGroups> strokes;
+    if (filled)
+        fills.emplace(outline, rings, transform, 0.0);
+    if (stroked)
+        strokes.emplace(outline, rings, transform, reach);
+    if ((!fills || fills->Count() < 2) && (!strokes || strokes->Count() < 2))
+        return DrawOutline(painter, outline);
+
+    // All fills come first: an outline may lie on a neighbour's.
+    if (fills)
+        fills->ForEach([&](const OutlineView& group) { FillOutline(painter, group, brush); });
+    else if (brush.style() != Qt::NoBrush)
+        FillOutline(painter, outline, brush);
+    if (strokes)
+        strokes->ForEach([&](const OutlineView& group) { StrokeOutline(painter, group, pen); });
+    else if (pen.style() != Qt::NoPen)
+        StrokeOutline(painter, outline, pen);
+    return true;
+}
+
+} // namespace
 
 RingShape::RingShape(const TXPoint* points, const int* counts, int rings) : points(points), counts(counts), rings(rings)
 {
@@ -30,8 +84,8 @@ bool RingShape::DrawInPlace(QPainter& painter) const
     for (int i = 0; i < rings; ++i)
         for (int k = 0; k < counts[i]; ++k)
             kinds.append(k == 0 ? QPainterPath::MoveToElement : QPainterPath::LineToElement);
-    return DrawOutline(painter,
-                       {reinterpret_cast<const qreal*>(points), kinds.constData(), kinds.size(), Qt::OddEvenFill});
+    const OutlineView outline{reinterpret_cast<const qreal*>(points), kinds.constData(), kinds.size(), Qt::OddEvenFill};
+    return rings < kFewestRings ? DrawOutline(painter, outline) : DrawManyRings(painter, outline);
 }
 
 template <class Convert>

@@ -95,6 +95,27 @@ TEST_F(AllocationTest, PolyPolygonMakesOneArrayOfElementKinds)
     }
 }
 
+TEST_F(AllocationTest, PolyPolygonOfSeparateRingsMakesNoCopyOfThePoints)
+{
+    twins.SurfacePainter().setRenderHint(QPainter::Antialiasing);
+    twins.SurfacePainter().setPen(Qt::NoPen);
+    constexpr int kRings = 20;
+    Rings rings;
+    for (int ring = 0; ring < kRings; ++ring)
+    {
+        std::vector<TXPoint> points = ManyPoints();
+        points.resize(kPoints / kRings);
+        for (TXPoint& point : points)
+            point = TXPoint(5.0 + point.x * 0.01 + ring % 5 * 20.0, 5.0 + point.y * 0.01 + ring / 5 * 20.0);
+        rings.Add(points);
+    }
+    const QPainterPath path = rings.Path();
+    const Allocations direct = Of([&] { twins.SurfacePainter().drawPath(path); });
+    const Allocations surface = Of([&] { EXPECT_TRUE(rings.Draw(twins.Surface())); });
+    EXPECT_LE(surface.count, direct.count + 1);
+    EXPECT_LE(surface.bytes, direct.bytes + kPoints * sizeof(QPainterPath::ElementType) + 64);
+}
+
 TEST_F(AllocationTest, LineAndRectangleAllocateNothing)
 {
     EXPECT_EQ(Of([&] { twins.Surface().Line(3.2, 4.7, 90.1, 70.9); }).count, 0u);

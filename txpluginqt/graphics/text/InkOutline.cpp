@@ -1,14 +1,13 @@
 #include <txpluginqt/graphics/text/InkOutline.h>
 
 #include <algorithm>
-#include <cmath>
 
-#include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPathStroker>
 #include <QRect>
 #include <QVarLengthArray>
 
+#include <txpluginqt/graphics/InkReach.h>
 #include <txpluginqt/graphics/VectorOutline.h>
 
 namespace
@@ -16,21 +15,6 @@ namespace
 
 /// Grouping compares each part with each other.
 constexpr std::size_t kMostParts = 256;
-/// Beyond this distance in device pixels Qt clips outlines before it rasterises them.
-constexpr double kFarthest = 16000.0;
-/// Qt moves points by less than 1/64 of a pixel when it rasterises.
-constexpr double kRasterError = 1.0 / 32.0;
-
-/// The pixels that a part may touch.
-QRect PixelRect(const QRectF& bounds, const QTransform& transform)
-{
-    const QRectF device = transform.mapRect(bounds);
-    const int left = static_cast<int>(std::floor(device.left() - kRasterError));
-    const int top = static_cast<int>(std::floor(device.top() - kRasterError));
-    const int right = static_cast<int>(std::floor(device.right() + kRasterError));
-    const int bottom = static_cast<int>(std::floor(device.bottom() + kRasterError));
-    return QRect(QPoint(left, top), QPoint(right, bottom));
-}
 
 /// Neighbouring parts that are filled together.
 struct Run
@@ -116,24 +100,11 @@ QPainterPath InkOutline::ToPath() const
     return path;
 }
 
-bool InkOutline::CanBeFilledInParts(QPainter& painter) const
-{
-    const QPaintEngine* const engine = painter.paintEngine();
-    if (parts.size() < 2 || parts.size() > kMostParts || !engine || engine->type() != QPaintEngine::Raster)
-        return false;
-    const QTransform& transform = painter.deviceTransform();
-    if (transform.type() > QTransform::TxScale)
-        return false;
-    const QRectF device = transform.mapRect(bounds);
-    return device.left() > -kFarthest && device.right() < kFarthest && device.top() > -kFarthest &&
-           device.bottom() < kFarthest;
-}
-
 void InkOutline::Fill(QPainter& painter, const QBrush& brush) const
 {
     if (points.empty())
         return;
-    if (CanBeFilledInParts(painter))
+    if (parts.size() > 1 && parts.size() <= kMostParts && CanBeDrawnInParts(painter, bounds))
         FillParts(painter, brush);
     else if (!FillOutline(painter, View(0, static_cast<int>(points.size())), brush))
         painter.fillPath(ToPath(), brush);
@@ -145,7 +116,7 @@ void InkOutline::FillParts(QPainter& painter, const QBrush& brush) const
     QVarLengthArray<Run, 64> runs;
     for (const Part& part : parts)
     {
-        const QRect pixels = PixelRect(part.bounds, transform);
+        const QRect pixels = TouchedPixels(part.bounds, transform);
         runs.append({part.first, part.count, pixels});
         // Parts follow one another in memory, so what meets an earlier run takes all between along.
         for (int i = 0; i + 1 < runs.size(); ++i)

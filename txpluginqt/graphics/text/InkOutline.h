@@ -42,7 +42,6 @@ private:
     OutlineView View(int first, int count) const;
     QPainterPath ToPath() const;
     void AddContour(int first, int count);
-    bool CanBeFilledInParts(QPainter& painter) const;
     void FillParts(QPainter& painter, const QBrush& brush) const;
 
     std::vector<QPointF> points;

@@ -1,13 +1,12 @@
 #include <txpluginqt/graphics/text/QtLabelOutlines.h>
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
 
-#include <QPaintEngine>
 #include <QPainterPath>
 
+#include <txpluginqt/graphics/InkReach.h>
 #include <txpluginqt/support/GlyphShift.h>
 #include <txpluginqt/support/Numbers.h>
 
@@ -31,20 +30,6 @@ qint64 PlaceOf(double coordinate)
     if (!isSafe)
         return BitsOf(coordinate);
     return static_cast<qint64>(below) * 2 + (onBorder ? 0 : 1);
-}
-
-/// True where Qt makes an outline of a stroke, which does not depend on the transform then, and fills it. Strokes up to
-/// a pixel wide it draws in another way.
-bool IsOutlinedStroke(const QPainter& painter, const QPen& pen)
-{
-    constexpr double certainlyWider = 1.0 + 1e-6;
-    const QPaintEngine* const engine = painter.paintEngine();
-    const QTransform& t = painter.deviceTransform();
-    if (!engine || engine->type() != QPaintEngine::Raster || t.type() >= QTransform::TxProject || pen.isCosmetic())
-        return false;
-    const double smallestScale = std::min({std::hypot(t.m11(), t.m12()), std::hypot(t.m21(), t.m22()),
-                                           std::hypot(t.m11(), t.m21()), std::hypot(t.m12(), t.m22())});
-    return pen.widthF() * smallestScale > certainlyWider;
 }
 
 } // namespace
@@ -82,7 +67,7 @@ QtLabelOutlines::QtLabelOutlines(const QFont& font, const QString& text, const s
 void QtLabelOutlines::Stroke(QPainter& painter, const QPen& pen) const
 {
     LabelCache& cache = LabelCache::OfThread();
-    if (!isLasting || !IsOutlinedStroke(painter, pen) || !cache.IsOn())
+    if (!isLasting || !IsFilledStroke(painter, pen) || !cache.IsOn())
     {
         letters->Stroke(painter, pen);
         return;
