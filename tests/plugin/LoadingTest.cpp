@@ -10,9 +10,10 @@ namespace
 {
 
 /// Runs a sequence in a process of its own. @p environment is a list of arguments for env(1).
-Outcome RunSequence(const std::string& sequence, const std::string& environment)
+Outcome RunSequence(const std::string& sequence, const std::string& environment, const std::string& wrapper = "")
 {
-    return RunCommand("env " + environment + " '" TX_LOAD_SEQUENCE "' " + sequence + " '" TX_TEST_PLUGIN "'");
+    return RunCommand(wrapper + " env " + environment + " '" TX_LOAD_SEQUENCE "' " + sequence +
+                      " '" TX_TEST_PLUGIN "'");
 }
 
 int NoticesIn(const std::string& log)
@@ -61,10 +62,29 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"label-in-static-destructor", kHostChoice, 0}, Case{"host-application-destroyed-first", kHostChoice, 0},
         Case{"host-application-after-loading", kHostChoice, 1}, Case{"host-core-application-only", kHostChoice, 0},
         Case{"engine-on-thread", kNoDisplay, 1}, Case{"two-engines", kNoDisplay, 1},
+        Case{"host-application-after-the-engine", kHostChoice, 1},
+        Case{"lasting-host-application-after-the-engine", kHostChoice, 1},
+        Case{"leaked-host-application-after-the-engine", kHostChoice, 1},
         Case{"application-outlives-engine", kNoDisplay, 1}, Case{"nothing-of-the-host-changes", kNoDisplay, 1},
         Case{"nothing-of-the-host-changes", kUnreachableDisplay, 1},
         Case{"nothing-of-the-host-changes", kHostChoice, 1}, Case{"notice-is-a-debug-message", kNoDisplay, 0},
         Case{"entry-gives-one-reference", kNoDisplay, 1}));
+
+class WrongOrderTest : public ::testing::TestWithParam<const char*>
+{
+};
+
+TEST_P(WrongOrderTest, EndsWellOnADisplay)
+{
+    const Outcome outcome = RunSequence(GetParam(), "-u WAYLAND_DISPLAY -u QT_QPA_PLATFORM", "xvfb-run -a");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.log;
+    EXPECT_EQ(NoticesIn(outcome.log), 1) << outcome.log;
+}
+
+INSTANTIATE_TEST_SUITE_P(Sequences, WrongOrderTest,
+                         ::testing::Values("host-application-after-the-engine",
+                                           "lasting-host-application-after-the-engine",
+                                           "leaked-host-application-after-the-engine"));
 
 TEST(ProcessApplicationTest, EndsWithTheProcess)
 {

@@ -11,10 +11,11 @@
 #include <string>
 #include <thread>
 
+#include <QApplication>
 #include <QFont>
-#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <QWidget>
 
 #include <tests/support/ChildProcess.h>
 #include <txgraphics/txgraphics.h>
@@ -149,6 +150,43 @@ void HostApplicationAfterLoading()
     Expect(QCoreApplication::instance() == &application, "the host's application");
 }
 
+void ShowAWidget()
+{
+    QWidget widget;
+    widget.resize(60, 40);
+    widget.show();
+    QCoreApplication::processEvents();
+    widget.close();
+}
+
+/// The wrong order: two application objects are a mistake by Qt's rules, but must not end the process.
+void HostApplicationAfterTheEngine()
+{
+    const TXRefPtr<TXGraphicsEngine> engine = Load();
+    Draw(*engine);
+    QApplication application(HostArgc(), HostArgv());
+    Expect(QCoreApplication::instance() == &application, "the host's application");
+    ShowAWidget();
+    Draw(*engine);
+}
+
+void LastingHostApplicationAfterTheEngine()
+{
+    const TXRefPtr<TXGraphicsEngine> engine = Load();
+    static QApplication application(HostArgc(), HostArgv());
+    ShowAWidget();
+    Draw(*engine);
+}
+
+void LeakedHostApplicationAfterTheEngine()
+{
+    Draw(*Load());
+    static QApplication* const application = new QApplication(HostArgc(), HostArgv());
+    Expect(QCoreApplication::instance() == application, "the host's application");
+    ShowAWidget();
+    Draw(*Load());
+}
+
 void HostCoreApplicationOnly()
 {
     QCoreApplication application(HostArgc(), HostArgv());
@@ -247,6 +285,9 @@ const std::map<std::string, void (*)()> kSequences = {
     {"host-application-before", HostApplicationBefore},
     {"host-application-destroyed-first", HostApplicationDestroyedFirst},
     {"host-application-after-loading", HostApplicationAfterLoading},
+    {"host-application-after-the-engine", HostApplicationAfterTheEngine},
+    {"lasting-host-application-after-the-engine", LastingHostApplicationAfterTheEngine},
+    {"leaked-host-application-after-the-engine", LeakedHostApplicationAfterTheEngine},
     {"host-core-application-only", HostCoreApplicationOnly},
     {"engine-on-thread", EngineOnThread},
     {"two-engines", TwoEngines},

@@ -93,8 +93,9 @@ QThread* processApplicationThread = nullptr;
 
 void EndProcessApplication()
 {
-    // An application object may only be deleted on its own thread.
-    if (QThread::currentThread() == processApplicationThread)
+    // An application object may only be deleted on its own thread, and not after a host's own has taken its place: Qt
+    // has one application at a time, and the first to go takes what both need.
+    if (QThread::currentThread() == processApplicationThread && QCoreApplication::instance() == processApplication)
         delete processApplication;
 }
 
