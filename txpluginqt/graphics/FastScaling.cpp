@@ -1,6 +1,7 @@
 #include <txpluginqt/graphics/FastScaling.h>
 
 #include <cmath>
+#include <cstring>
 
 #include <QPaintEngine>
 
@@ -10,8 +11,9 @@ namespace
 {
 
 constexpr double kFixedOne = 65536.0;
-/// Qt scales in another way what is larger, or enlarged more.
+/// Qt scales in another way what is larger, lies farther, or is enlarged more.
 constexpr int kLargestSide = 32767;
+constexpr double kFarthestEdge = 32766.0;
 constexpr double kGreatestScale = 512.0;
 
 /// Where Qt's scaling in fixed-point numbers begins in the source, and how it goes on.
@@ -43,10 +45,79 @@ bool BlendsAlike(const QImage& image, QImage::Format target)
            (image.format() == QImage::Format_RGB32 || image.format() == QImage::Format_ARGB32_Premultiplied);
 }
 
+/// False for premultiplied pixels with more colour than alpha, which no drawing leaves, but a host's own pixels may
+/// have: Qt's two ways of blending let them overflow differently.
+bool AreColorsWithinAlpha(const QImage& image)
+{
+    if (image.format() == QImage::Format_RGB32)
+        return true;
+    for (int y = 0; y < image.height(); ++y)
+    {
+        const auto* const line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        // A difference below 0 sets the uppermost bit. Without an early exit the compiler vectorises this.
+        quint32 differences = 0;
+        for (int x = 0; x < image.width(); ++x)
+        {
+            const quint32 alpha = line[x] >> 24;
+            differences |=
+                (alpha - (line[x] >> 16 & 0xff)) | (alpha - (line[x] >> 8 & 0xff)) | (alpha - (line[x] & 0xff));
+        }
+        if (differences >> 31)
+            return false;
+    }
+    return true;
+}
+
+void ScaleInPlace(QPainter& painter, const QImage& image, const QRect& target)
+{
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+    painter.drawImage(QRectF(target), image, QRectF(image.rect()));
+}
+
+void ScaleACopy(QPainter& painter, const QImage& image, const QRect& target)
+{
+    painter.drawImage(target.topLeft(), image.scaled(target.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation));
+}
+
+QImage Drawn(void (*scale)(QPainter&, const QImage&, const QRect&), const QImage& image, QImage::Format format,
+             const QSize& size)
+{
+    QImage picture(size + QSize(3, 2), format);
+    picture.fill(0xff7090c0);
+    QPainter painter(&picture);
+    scale(painter, image, QRect(QPoint(2, 1), size));
+    return picture;
+}
+
+/// What `Steps` repeats is Qt's own arithmetic, and a processor may have blending functions of its own.
+bool QtScalesAsExpected()
+{
+    if (std::strncmp(qVersion(), "5.15.", 5) != 0)
+        return false;
+    for (const QImage::Format from : {QImage::Format_RGB32, QImage::Format_ARGB32_Premultiplied})
+        for (const QImage::Format to : {QImage::Format_RGB32, QImage::Format_ARGB32_Premultiplied})
+            for (const QSize& size : {QSize(7, 5), QSize(49, 31), QSize(20, 3), QSize(33, 40)})
+            {
+                QImage image(29, 17, QImage::Format_ARGB32);
+                for (int y = 0; y < image.height(); ++y)
+                    for (int x = 0; x < image.width(); ++x)
+                        image.setPixel(x, y, static_cast<QRgb>(x * 37 + y * 101) * 2654435761U);
+                const QImage source = image.convertToFormat(from);
+                if (!ScalesAlike(source.width(), size.width()) || !ScalesAlike(source.height(), size.height()))
+                    continue;
+                if (Drawn(ScaleInPlace, source, to, size) != Drawn(ScaleACopy, source, to, size))
+                    return false;
+            }
+    return true;
+}
+
 } // namespace
 
 bool ScalesAlikeInPlace(const QPainter& painter, const QImage& image, const QRect& target)
 {
+    static const bool isAsExpected = QtScalesAsExpected();
+    if (!isAsExpected)
+        return false;
     const QPaintEngine* const engine = painter.paintEngine();
     const QImage* const device = PaintedImage(painter);
     if (!engine || engine->type() != QPaintEngine::Raster || !device || painter.hasClipping() ||
@@ -64,16 +135,16 @@ bool ScalesAlikeInPlace(const QPainter& painter, const QImage& image, const QRec
     const bool isInside = QRectF(device->rect()).contains(onDevice);
     const bool isUsual = !target.isEmpty() && image.width() <= kLargestSide && image.height() <= kLargestSide &&
                          image.width() * image.height() > 1;
-    return isInside && isUsual && BlendsAlike(image, device->format()) && ScalesAlike(image.width(), target.width()) &&
-           ScalesAlike(image.height(), target.height());
+    const bool isNear = onDevice.right() <= kFarthestEdge && onDevice.bottom() <= kFarthestEdge;
+    return isInside && isUsual && isNear && BlendsAlike(image, device->format()) &&
+           ScalesAlike(image.width(), target.width()) && ScalesAlike(image.height(), target.height()) &&
+           AreColorsWithinAlpha(image);
 }
 
 void DrawScaledInPlace(QPainter& painter, const QImage& image, const QRect& target)
 {
     const bool smooth = painter.testRenderHint(QPainter::SmoothPixmapTransform);
-    if (smooth)
-        painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    painter.drawImage(QRectF(target), image, QRectF(image.rect()));
+    ScaleInPlace(painter, image, target);
     if (smooth)
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
 }

@@ -102,6 +102,72 @@ TEST(FastScalingTest, TakesThePixelsOfAScaledCopy)
     EXPECT_GE(inPlace, kCases / 4);
 }
 
+/// Pixels that a host has written itself, with any colour beside any alpha.
+QImage RawImage(int width, int height, QImage::Format format, unsigned seed)
+{
+    QImage image = NoisyImage(width, height, QImage::Format_ARGB32, seed);
+    image.reinterpretAsFormat(format);
+    return image;
+}
+
+TEST(FastScalingTest, TakesThePixelsOfAScaledCopyForRawPixels)
+{
+    int inPlace = 0;
+    for (int i = 0; i < 400; ++i)
+    {
+        Numbers numbers(static_cast<unsigned>(i));
+        constexpr QImage::Format formats[] = {QImage::Format_RGB32, QImage::Format_ARGB32_Premultiplied};
+        const QImage source = RawImage(numbers.Int(1, 40), numbers.Int(1, 40), formats[numbers.Int(0, 1)], 3u * i);
+        QImage actual = RawImage(100, 80, formats[numbers.Int(0, 1)], 5u * i + 1);
+        QImage expected = actual.copy();
+        QPainter painter(&actual);
+        QPainter direct(&expected);
+        ASSERT_TRUE(TakesTheSamePixels(
+            painter, direct, source,
+            QRect(numbers.Int(0, 20), numbers.Int(0, 20), numbers.Int(1, 80), numbers.Int(1, 60)), inPlace))
+            << i;
+    }
+    EXPECT_GE(inPlace, 150) << "pixels without alpha";
+}
+
+TEST(FastScalingTest, KeepsTheTargetsAlphaUnderColoursWithoutAlpha)
+{
+    QImage source(10, 10, QImage::Format_ARGB32_Premultiplied);
+    source.fill(0x00ffffffu);
+    QImage actual(40, 40, QImage::Format_ARGB32_Premultiplied);
+    actual.fill(0x80402010u);
+    QPainter painter(&actual);
+    EXPECT_FALSE(ScalesAlikeInPlace(painter, source, QRect(0, 0, 30, 30)));
+    // The last pixel alone is as bad.
+    source.fill(0x40404040u);
+    EXPECT_TRUE(ScalesAlikeInPlace(painter, source, QRect(0, 0, 30, 30)));
+    for (const QRgb color : {0x40410000u, 0x40004100u, 0x40000041u, 0x00000001u})
+    {
+        source.setPixel(9, 9, color);
+        EXPECT_FALSE(ScalesAlikeInPlace(painter, source, QRect(0, 0, 30, 30)));
+    }
+}
+
+TEST(FastScalingTest, TakesTheSamePixelsAtTheFarEdgesOfWideTargets)
+{
+    int inPlace = 0;
+    for (const bool wide : {true, false})
+        for (const int edge : {32700, 32765, 32766, 32767, 32768, 32769, 33000, 40000})
+            for (const int length : {5, 90, 1000, edge - 1, edge})
+            {
+                const QImage source = wide ? NoisyImage(60, 3, QImage::Format_ARGB32_Premultiplied, 1)
+                                           : NoisyImage(3, 60, QImage::Format_ARGB32_Premultiplied, 1);
+                const QRect target = wide ? QRect(edge - length, 0, length, 2) : QRect(0, edge - length, 2, length);
+                QImage actual(wide ? QSize(40010, 2) : QSize(2, 40010), QImage::Format_ARGB32_Premultiplied);
+                actual.fill(Qt::transparent);
+                QImage expected = actual.copy();
+                QPainter painter(&actual);
+                QPainter direct(&expected);
+                ASSERT_TRUE(TakesTheSamePixels(painter, direct, source, target, inPlace)) << edge << ", " << length;
+            }
+    EXPECT_GE(inPlace, 8);
+}
+
 TEST(FastScalingTest, TakesTheSamePixelsForEveryPairOfLengths)
 {
     int inPlace = 0;
