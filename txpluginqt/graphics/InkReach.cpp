@@ -51,5 +51,6 @@ bool IsFilledStroke(const QPainter& painter, const QPen& pen)
 double StrokeReach(const QPen& pen)
 {
     const bool isMitred = pen.joinStyle() == Qt::MiterJoin || pen.joinStyle() == Qt::SvgMiterJoin;
-    return pen.widthF() * (1.0 + (isMitred ? pen.miterLimit() : 0.0));
+    // Qt takes a negative limit for a positive one.
+    return pen.widthF() * (1.0 + (isMitred ? std::abs(pen.miterLimit()) : 0.0));
 }

@@ -8,6 +8,8 @@
 namespace
 {
 
+constexpr int kComparisonsPerRing = 64;
+
 const QPointF* PointsOf(const OutlineView& outline) { return reinterpret_cast<const QPointF*>(outline.points); }
 
 QRectF BoundsOf(const QPointF* points, int count)
@@ -85,14 +87,17 @@ QRectF BoundsOf(const Rings& rings)
     return QRectF(topLeft, bottomRight);
 }
 
-RingGroups::RingGroups(const OutlineView& outline, const Rings& rings, const QTransform& transform, double reach)
-    : outline(outline), rings(rings), groups(rings.size()), order(rings.size())
+RingGroups::RingGroups(const OutlineView& outline, const Rings& rings, const QTransform& transform, const QRect& device,
+                       double reach)
+    : outline(outline), rings(rings), groups(rings.size())
 {
     QVarLengthArray<QRect, 64> pixels(rings.size());
     std::transform(rings.begin(), rings.end(), pixels.begin(),
                    [&](const Ring& ring)
                    { return TouchedPixels(ring.bounds.adjusted(-reach, -reach, reach, reach), transform); });
-    std::iota(order.begin(), order.end(), 0);
+    for (int ring = 0; ring < rings.size(); ++ring)
+        if (pixels[ring].intersects(device))
+            order.append(ring);
     std::sort(order.begin(), order.end(), [&](int a, int b) { return pixels[a].left() < pixels[b].left(); });
 
     Sets sets(groups);
@@ -101,8 +106,13 @@ RingGroups::RingGroups(const OutlineView& outline, const Rings& rings, const QTr
     for (const int ring : order)
     {
         const QRect& own = pixels[ring];
-        for (int i = 0; i < open.size() && sets.Count() > 1;)
+        for (int i = 0; i < open.size();)
         {
+            if (++comparisons > kComparisonsPerRing * rings.size())
+            {
+                count = 1;
+                return;
+            }
             const QRect& other = pixels[open[i]];
             // Neighbours in a row would make one span.
             if (other.right() + 1 < own.left())
@@ -117,11 +127,10 @@ RingGroups::RingGroups(const OutlineView& outline, const Rings& rings, const QTr
         }
         open.append(ring);
     }
-    count = sets.Count();
+    count = sets.Count() - (rings.size() - order.size());
     for (int ring = 0; ring < groups.size(); ++ring)
         groups[ring] = sets.FirstOf(ring);
     // By the first ring of each group, and within a group as the shape has them.
-    std::iota(order.begin(), order.end(), 0);
     if (count > 1)
     {
         std::sort(order.begin(), order.end(),

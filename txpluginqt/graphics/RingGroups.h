@@ -30,11 +30,15 @@ QRectF BoundsOf(const Rings& rings);
 class RingGroups
 {
 public:
-    /// @param reach how far from its bounds a ring may be seen, in the units of its points. The outline and the rings
-    /// must outlive this.
-    RingGroups(const OutlineView& outline, const Rings& rings, const QTransform& transform, double reach);
+    /// @param device the pixels that there are; rings elsewhere are left out. @param reach how far from its bounds a
+    /// ring may be seen, in the units of its points. The outline and the rings must outlive this.
+    RingGroups(const OutlineView& outline, const Rings& rings, const QTransform& transform, const QRect& device,
+               double reach);
 
+    /// 1 where finding the groups would take longer than they save.
     int Count() const { return count; }
+    /// How often two rings were compared.
+    int Comparisons() const { return comparisons; }
 
     /// Calls @p draw with each group as an `OutlineView`.
     template <class Draw>
@@ -53,6 +57,7 @@ private:
     QVarLengthArray<int, 64> groups; ///< Of each ring, by its number.
     QVarLengthArray<int, 64> order;  ///< The rings' numbers, group by group.
     int count = 0;
+    int comparisons = 0;
     // A group whose rings do not follow one another.
     QVarLengthArray<QPointF, 256> points;
     QVarLengthArray<QPainterPath::ElementType, 256> kinds;

@@ -34,7 +34,10 @@ bool DrawManyRings(QPainter& painter, const OutlineView& outline)
     const bool antialiased = painter.testRenderHint(QPainter::Antialiasing);
     const bool filled = antialiased && FillsAnything(brush);
     const bool stroked = antialiased && pen.style() == Qt::SolidLine && IsFilledStroke(painter, pen);
-    if (!filled && !stroked)
+    // Qt computes gradients and turned textures in steps that begin anew with each batch of pixels.
+    const bool isUneven =
+        (filled && brush.style() != Qt::SolidPattern) || (stroked && pen.brush().style() != Qt::SolidPattern);
+    if ((!filled && !stroked) || isUneven)
         return DrawOutline(painter, outline);
 
     const Rings rings = RingsOf(outline);
@@ -43,12 +46,13 @@ bool DrawManyRings(QPainter& painter, const OutlineView& outline)
         return DrawOutline(painter, outline);
 
     const QTransform& transform = painter.deviceTransform();
+    const QRect device(0, 0, painter.device()->width(), painter.device()->height());
     std::optional<RingGroups> fills;
     std::optional<RingGroups> strokes;
     if (filled)
-        fills.emplace(outline, rings, transform, 0.0);
+        fills.emplace(outline, rings, transform, device, 0.0);
     if (stroked)
-        strokes.emplace(outline, rings, transform, reach);
+        strokes.emplace(outline, rings, transform, device, reach);
     if ((!fills || fills->Count() < 2) && (!strokes || strokes->Count() < 2))
         return DrawOutline(painter, outline);
 

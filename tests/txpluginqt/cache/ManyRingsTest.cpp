@@ -230,7 +230,7 @@ std::vector<std::vector<int>> GroupsOf(const Shape& shape, const QTransform& tra
             kinds.push_back(k == 0 ? QPainterPath::MoveToElement : QPainterPath::LineToElement);
     const OutlineView outline{&shape.points.data()->x, kinds.data(), static_cast<int>(kinds.size()), Qt::OddEvenFill};
     const Rings rings = RingsOf(outline);
-    RingGroups groups(outline, rings, transform, reach);
+    RingGroups groups(outline, rings, transform, QRect(-1000, -1000, 3000, 3000), reach);
     std::vector<std::vector<int>> lefts;
     groups.ForEach(
         [&](const OutlineView& group)
@@ -245,6 +245,67 @@ std::vector<std::vector<int>> GroupsOf(const Shape& shape, const QTransform& tra
 }
 
 using Groups = std::vector<std::vector<int>>;
+
+/// Many rings on a wide image, in two ways.
+::testing::AssertionResult WideShapeDrawnAsPainted(const QBrush& brush, const QPen& pen, unsigned seed)
+{
+    RandomPaths random(seed);
+    Shape shape;
+    for (int i = 0; i < 300; ++i)
+    {
+        const QPointF at(random.Real(-20.0, 2000.0), random.Real(-20.0, 400.0));
+        shape.Add({at, at + QPointF(random.Real(5.0, 60.0), random.Real(-10.0, 10.0)),
+                   at + QPointF(random.Real(0.0, 30.0), random.Real(10.0, 40.0)), at});
+    }
+    QImage actual(2000, 400, QImage::Format_ARGB32_Premultiplied);
+    PaintBackground(actual);
+    QImage expected = actual.copy();
+    for (QImage* const image : {&actual, &expected})
+    {
+        QPainter painter(image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setBrush(brush);
+        painter.setPen(pen);
+        if (image == &actual)
+            shape.Draw(painter);
+        else
+            painter.drawPath(shape.path);
+    }
+    return SamePixels(actual, expected);
+}
+
+TEST(WideRingsTest, OfGradientsAndTurnedTexturesAreDrawnAsPainted)
+{
+    QLinearGradient linear(30.0, 20.0, 1900.0, 300.0);
+    for (int i = 0; i <= 6; ++i)
+        linear.setColorAt(i / 6.0, QColor::fromHsv(i * 50, 200, 220, 100 + i * 20));
+    QRadialGradient radial(900.0, 200.0, 700.0);
+    radial.setStops(linear.stops());
+    QConicalGradient conical(800.0, 150.0, 33.0);
+    conical.setStops(linear.stops());
+    QImage picture(37, 23, QImage::Format_ARGB32_Premultiplied);
+    PaintBackground(picture);
+    QBrush texture(picture);
+    texture.setTransform(QTransform().rotate(31.0).scale(1.3, 0.8));
+    unsigned seed = 0;
+    for (const QBrush& brush : {QBrush(linear), QBrush(radial), QBrush(conical), texture})
+    {
+        EXPECT_TRUE(WideShapeDrawnAsPainted(brush, Qt::NoPen, ++seed));
+        EXPECT_TRUE(WideShapeDrawnAsPainted(Qt::NoBrush, QPen(brush, 4.0), ++seed));
+        EXPECT_TRUE(WideShapeDrawnAsPainted(brush, QPen(QColor(20, 30, 40, 150), 2.5), ++seed));
+    }
+}
+
+TEST(WideRingsTest, OfNegativeMiterLimitsAreDrawnAsPainted)
+{
+    for (const double limit : {-1.0, -5.0, -40.0})
+        for (unsigned seed = 0; seed < 5; ++seed)
+        {
+            QPen pen(QColor(20, 30, 40, 150), 4.0, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+            pen.setMiterLimit(limit);
+            EXPECT_TRUE(WideShapeDrawnAsPainted(QColor(200, 30, 40, 90), pen, seed));
+        }
+}
 
 TEST(RingGroupsTest, AreOfRingsThatShareAPixelOrFollowOneAnotherInARow)
 {
@@ -283,6 +344,51 @@ TEST(RingGroupsTest, AreFoundWhateverTheirOrder)
         for (const auto& group : groups)
             ASSERT_EQ(group.size(), 20u);
     }
+}
+
+/// How often the rings of a shape are compared on an image of 2,000 x 1,000 pixels.
+int ComparisonsOf(const Shape& shape, int* groupCount = nullptr)
+{
+    std::vector<QPainterPath::ElementType> kinds;
+    for (const int count : shape.counts)
+        for (int k = 0; k < count; ++k)
+            kinds.push_back(k == 0 ? QPainterPath::MoveToElement : QPainterPath::LineToElement);
+    const OutlineView outline{&shape.points.data()->x, kinds.data(), static_cast<int>(kinds.size()), Qt::OddEvenFill};
+    const Rings rings = RingsOf(outline);
+    const RingGroups groups(outline, rings, QTransform(), QRect(0, 0, 2000, 1000), 0.0);
+    if (groupCount)
+        *groupCount = groups.Count();
+    return groups.Comparisons();
+}
+
+TEST(RingGroupsTest, AreGivenUpWhereFindingThemWouldCostTheSquareOfTheRings)
+{
+    RandomPaths random(5);
+    Shape shape;
+    for (int i = 0; i < 100000; ++i)
+    {
+        // All in columns of the same pixels.
+        const double x = 100.5 + (i % 5) * 300.0;
+        const double y = random.Real(0.0, 900.0);
+        shape.AddBox(x, y, x + 3.0, y + 2.0);
+    }
+    int groups = 0;
+    EXPECT_LE(ComparisonsOf(shape, &groups), 64 * 100000 + 1);
+    EXPECT_EQ(groups, 1);
+}
+
+TEST(RingGroupsTest, LeaveOutWhatIsOffTheImage)
+{
+    Shape shape;
+    for (int i = 0; i < 5000; ++i)
+        shape.AddBox(-50.0, i, -40.0, i + 3.0);
+    EXPECT_EQ(ComparisonsOf(shape), 0);
+    shape.AddBox(10.0, 10.0, 20.0, 20.0);
+    shape.AddBox(40.0, 10.0, 50.0, 20.0);
+    shape.AddBox(10.0, -20.0, 50.0, -1.0);
+    int groups = 0;
+    EXPECT_LE(ComparisonsOf(shape, &groups), 2);
+    EXPECT_EQ(groups, 2);
 }
 
 TEST(RingGroupsTest, BoundsSpanSinglePointsToo)
