@@ -76,7 +76,7 @@ TXRefPtr<TXImage> TXBrushQT::textureImage() const { return texture; }
 void TXBrushQT::SetTextureImage(TXRefPtr<TXImage> image)
 {
     const QImage* const pixels = PixelsOf(image.get());
-    if (!Brush() || !pixels || !CanBeDrawn(*pixels))
+    if (!Brush() || !pixels || (!pixels->isNull() && !CanBeDrawn(*pixels)))
         return;
     // A copy of its own: shared pixels would move away from the image, and from everything that draws into them, at the
     // image's next change; over a caller's buffer the drawing would then miss the buffer.
