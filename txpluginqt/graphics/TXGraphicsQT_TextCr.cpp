@@ -79,7 +79,7 @@ bool TXGraphicsQT::PaintCairoLabel(const CairoLabel& label, const CairoTextStyle
             metrics.charSpacing = font ? font->GetWordSpacing() : 0.0;
             metrics.scale = label.scale;
             PaintCairoText(context, layOut(ToQString(label.text), metrics), style, label.anchor.x, label.anchor.y,
-                           label.angle);
+                           label.angle * kPi / 180);
         });
 }
 

@@ -76,7 +76,8 @@ private:
 QSizeF RichLinesExtent(const QString& text, const QFont& font, const QFont& painterFont)
 {
     const QFontMetricsF metrics(font);
-    QSizeF extent(0.0, 0.0);
+    double width = -std::numeric_limits<double>::infinity();
+    double height = 0.0;
     for (const QString& line : text.split(QLatin1Char('\n')))
     {
         QSizeF size = metrics.boundingRect(line).size();
@@ -85,9 +86,10 @@ QSizeF RichLinesExtent(const QString& text, const QFont& font, const QFont& pain
             const QSizeF rich = RichTextDocument(line, painterFont).size();
             size = QSizeF(Truncated(rich.width()), Truncated(rich.height()));
         }
-        extent = QSizeF(std::max(extent.width(), size.width()), extent.height() + size.height());
+        width = std::max(width, size.width());
+        height += size.height();
     }
-    return extent;
+    return QSizeF(width, height);
 }
 
 void FillInPenColor(QPainter& painter, const QtLabelOutlines& outlines)
@@ -134,20 +136,22 @@ bool TXGraphicsQT::PaintLabel(Draw draw)
 {
     if (!font || !font->GetInternalObject() || !QtTextIsAvailable())
         return false;
-    return Paint(
+    bool drawable = true;
+    const bool painted = Paint(
         [&](QPainter& p)
         {
             const PainterStateScope state(p);
             p.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-            draw(p, QFontOf(*font));
+            drawable = draw(p, QFontOf(*font));
         });
+    return painted && drawable;
 }
 
-bool TXGraphicsQT::DrawStringWithQt(double ox, double oy, double left, double right, double top, double bottom,
+bool TXGraphicsQT::DrawStringWithQt(double ox, double oy, double left, double right, double top, double,
                                     TXTextVertAlign, TXTextHorizAlign hAlign, const TXString& text, double angle,
                                     const double& scale)
 {
-    if (!IsDrawable(ox, oy, left, right, top, bottom, angle) || !IsDrawableScale(scale))
+    if (!IsDrawable(ox, oy, left, top, angle) || !IsDrawableScale(scale))
         return false;
     return PaintLabel(
         [&](QPainter& p, const QFont& qfont)
@@ -160,8 +164,11 @@ bool TXGraphicsQT::DrawStringWithQt(double ox, double oy, double left, double ri
                 Turn(p, angle, scale);
                 FillInPenColor(p, block->Outlines(qfont, QPointF(left - ox, top - oy), block->LineHeight(), hAlign,
                                                   Qt::WindingFill));
-                return;
+                return true;
             }
+            // The right edge matters here alone.
+            if (hAlign == TextAlignRight && !IsDrawable(right))
+                return false;
             RichLabel rich(label, p.font());
             const double width = rich.Size().width() * scale;
             double x = ox - width * 0.5;
@@ -172,13 +179,14 @@ bool TXGraphicsQT::DrawStringWithQt(double ox, double oy, double left, double ri
             MoveToAnchor(p, QPointF(x, oy + (top - oy) * scale), *font);
             Turn(p, angle, scale);
             rich.Draw(p, QRectF(QPointF(0.0, 0.0), rich.Size()));
+            return true;
         });
 }
 
 bool TXGraphicsQT::DrawStringWithQt(double x, double y, double dx, double dy, TXTextVertAlign, TXTextHorizAlign hAlign,
                                     const TXString& text, double angle, const double& scale)
 {
-    if (!IsDrawable(x, y, dx, dy, angle) || !IsDrawableScale(scale))
+    if (!IsDrawable(x, y, angle) || !IsDrawableScale(scale))
         return false;
     return PaintLabel(
         [&](QPainter& p, const QFont& qfont)
@@ -186,6 +194,8 @@ bool TXGraphicsQT::DrawStringWithQt(double x, double y, double dx, double dy, TX
             const QString label = ConvertedText(text);
             if (!IsRichText(label))
             {
+                if (!IsDrawable(dx, dy))
+                    return false;
                 const auto block = QtTextBlock::Of(label, qfont);
                 const double halfWidth = block->Width() * 0.5;
                 const double halfHeight = block->LineCount() * block->LineHeight() * 0.5;
@@ -193,21 +203,23 @@ bool TXGraphicsQT::DrawStringWithQt(double x, double y, double dx, double dy, TX
                 Turn(p, angle, scale);
                 FillInPenColor(p, block->Outlines(qfont, QPointF(-halfWidth, -halfHeight - kCentredLift),
                                                   block->LineHeight(), hAlign, Qt::WindingFill));
-                return;
+                return true;
             }
             // Without dx and dy, unlike the plain label.
             RichLabel rich(label, p.font());
-            const double growth = (scale - 1.0) * 0.5;
-            MoveToAnchor(p, QPointF(x - growth * rich.Size().width(), y - growth * rich.Size().height()), *font);
+            const double growth = scale - 1.0;
+            MoveToAnchor(p, QPointF(x - growth * rich.Size().width() * 0.5, y - growth * rich.Size().height() * 0.5),
+                         *font);
             Turn(p, angle, scale);
             rich.Draw(p);
+            return true;
         });
 }
 
 bool TXGraphicsQT::DrawStringWithQt(double x, double y, TXTextVertAlign, TXTextHorizAlign hAlign, const TXString& text,
                                     double angle, double lineSpacing, const double& scale)
 {
-    if (!IsDrawable(x, y, angle, lineSpacing) || !IsDrawableScale(scale))
+    if (!IsDrawable(x, y, angle) || !IsDrawableScale(scale))
         return false;
     return PaintLabel(
         [&](QPainter& p, const QFont& qfont)
@@ -215,6 +227,8 @@ bool TXGraphicsQT::DrawStringWithQt(double x, double y, TXTextVertAlign, TXTextH
             const QString label = ConvertedText(text);
             if (!IsRichText(label))
             {
+                if (!IsDrawable(lineSpacing))
+                    return false;
                 const auto block = QtTextBlock::Of(label, qfont);
                 const double halfWidth = block->Width() * 0.5;
                 const double halfHeight =
@@ -223,14 +237,15 @@ bool TXGraphicsQT::DrawStringWithQt(double x, double y, TXTextVertAlign, TXTextH
                 Turn(p, angle, scale);
                 FillInPenColor(p, block->Outlines(qfont, QPointF(-halfWidth, -halfHeight),
                                                   block->LineHeight() + lineSpacing, hAlign, Qt::WindingFill));
-                return;
+                return true;
             }
             const QSizeF lines = RichLinesExtent(label, qfont, p.font());
             RichLabel rich(label, p.font());
-            const double growth = (scale - 1.0) * 0.5;
-            MoveToAnchor(p, QPointF(x - growth * lines.width(), y - growth * lines.height()), *font);
+            const double growth = scale - 1.0;
+            MoveToAnchor(p, QPointF(x - growth * lines.width() * 0.5, y - growth * lines.height() * 0.5), *font);
             Turn(p, angle, scale);
             rich.Draw(p);
+            return true;
         });
 }
 
@@ -251,6 +266,7 @@ bool TXGraphicsQT::DrawOutlineStringWithQt(double ox, double oy, double left, do
             // Whatever the font's own switch says: outlined text is text with a halo.
             StrokeHalo(p, outlines, *font);
             outlines.Fill(p, QBrush(ToQColor(fill)));
+            return true;
         });
 }
 
@@ -274,6 +290,7 @@ bool TXGraphicsQT::DrawOutlineStringWithQt(double x, double y, TXTextVertAlign, 
                 qfont, QPointF(-halfWidth, -halfHeight), block->LineHeight() + lineSpacing, hAlign, Qt::OddEvenFill);
             StrokeHalo(p, outlines, *font);
             outlines.Fill(p, QBrush(ToQColor(fill)));
+            return true;
         });
 }
 
@@ -294,6 +311,7 @@ bool TXGraphicsQT::DrawVerticalStringWithQt(double ox, double oy, double left, d
             if (halo)
                 StrokeHalo(p, outlines, *font);
             outlines.Fill(p, QBrush(ToQColor(fill)));
+            return true;
         });
 }
 
@@ -316,5 +334,6 @@ bool TXGraphicsQT::DrawVerticalStringWithQt(double x, double y, TXTextVertAlign,
             if (halo)
                 StrokeHalo(p, outlines, *font);
             outlines.Fill(p, QBrush(ToQColor(fill)));
+            return true;
         });
 }

@@ -98,21 +98,20 @@ void DrawPlainLines(cairo_t* cr, cairo_scaled_font_t* font, const ExpectedLabel&
         lines.push_back(std::make_unique<Glyphs>(font, line, 0.0, 0.0));
         widest = std::max(widest, lines.back()->Extents().width);
     }
-    double top = 0.0;
-    for (const auto& line : lines)
+    for (std::size_t i = 0; i < lines.size(); ++i)
     {
-        if (!line->IsNull())
+        const double top = (metrics.height + label.lineSpacing * label.scale) * static_cast<double>(i);
+        if (!lines[i]->IsNull())
         {
-            const double width = line->Extents().width;
+            const double width = lines[i]->Extents().width;
             cairo_save(cr);
             cairo_translate(cr, Aligned(label.align, widest - width), top + metrics.ascent);
-            line->AddTo(cr);
+            lines[i]->AddTo(cr);
             PaintPath(
                 cr, label, 0.0,
                 {metrics.descent - metrics.ascent * 0.5, metrics.descent / label.scale, width, metrics.height / 15});
             cairo_restore(cr);
         }
-        top += metrics.height + label.lineSpacing * label.scale;
     }
 }
 
@@ -124,16 +123,15 @@ void DrawSpacedLines(cairo_t* cr, cairo_scaled_font_t* font, const ExpectedLabel
     for (const QString& line : label.text.split('\n'))
     {
         lines.emplace_back(font, line, metrics.ascent, label.charSpacing * label.scale);
-        widest = std::max(widest, lines.back().width);
+        widest = lines.size() == 1 ? lines.back().width : std::max(widest, lines.back().width);
     }
-    double top = 0.0;
-    for (const SpacedLine& line : lines)
+    for (std::size_t i = 0; i < lines.size(); ++i)
     {
+        const double top = static_cast<double>(i) * (metrics.height + label.lineSpacing);
         cairo_save(cr);
-        cairo_translate(cr, Aligned(label.align, widest - line.width), top);
-        line.Paint(cr, label, metrics, metrics.height / 15);
+        cairo_translate(cr, Aligned(label.align, widest - lines[i].width), top);
+        lines[i].Paint(cr, label, metrics, metrics.height / 15);
         cairo_restore(cr);
-        top += metrics.height + label.lineSpacing;
     }
 }
 
@@ -271,7 +269,7 @@ void ExpectedLabel::DrawColumns(cairo_t* context) const
     {
         columns.emplace_back(font, line, advance, metrics.ascent + charSpacing * scale);
         advance += columns.back().widest + lineSpacing * scale;
-        tallest = std::max(tallest, columns.back().height);
+        tallest = columns.size() == 1 ? columns.back().height : std::max(tallest, columns.back().height);
     }
     cairo_translate(context, x, y);
     cairo_rotate(context, angle * kPi / 180);

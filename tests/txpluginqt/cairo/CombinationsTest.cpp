@@ -85,7 +85,7 @@ Look PickLook(Picker& picker)
 {
     const char* const families[] = {"DejaVu Sans", "DejaVu Sans", "DejaVu Serif", "WenQuanYi Micro Hei"};
     const int heights[] = {9, 14, 20, 27};
-    const double spacings[] = {0.0, 0.0, 3.5, 1.0, -1.25};
+    const double spacings[] = {0.0, 0.0, 3.5, 1.0, -1.25, -40.0};
     const int haloWidths[] = {1, 2, 5, 0};
     const int angles[] = {0, 30, 90, -45, 359};
     Look look;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontMetricsF>
@@ -27,7 +28,7 @@ QString Joined(QString html) { return html.replace("\n", "<br>"); }
 /// Widest and summed height, every line measured alone.
 QSizeF LinesExtent(const QString& html, const QFont& font)
 {
-    double width = 0.0;
+    double width = -std::numeric_limits<double>::infinity();
     double height = 0.0;
     for (const QString& line : html.split('\n'))
     {
@@ -148,9 +149,9 @@ PlainBlock::PlainBlock(const QString& text, const QFont& blockFont) : font(block
     for (const QString& line : lines)
     {
         widths.push_back(metrics.horizontalAdvance(line));
-        width = std::max(width, widths.back());
         height = std::max(height, metrics.boundingRect(line).height());
     }
+    width = *std::max_element(widths.begin(), widths.end());
 }
 
 QPainterPath PlainBlock::Path(const QPointF& topLeft, double step, int align, Qt::FillRule rule) const
@@ -175,8 +176,8 @@ ColumnBlock::ColumnBlock(const QString& text, const QFont& blockFont, double col
     const bool italic = font.style() != QFont::StyleNormal;
     for (const QString& column : columns)
     {
-        double widest = 0.0;
-        for (int j = 0; j < column.size(); ++j)
+        double widest = column.isEmpty() ? 0.0 : metrics.horizontalAdvance(column.mid(0, 1));
+        for (int j = 1; j < column.size(); ++j)
             widest = std::max(widest, metrics.horizontalAdvance(column.mid(j, 1)));
         const bool first = widths.empty();
         widths.push_back(widest);

@@ -37,8 +37,9 @@ std::ostream& operator<<(std::ostream& out, const Label& label)
                << label.angle << ", scale " << label.scale << ", at (" << label.x << ", " << label.y << "), spacings "
                << label.lineSpacing << ", " << label.columnSpacing << ", " << label.charSpacing << ", halo "
                << label.halo << "; font " << TXString(font.family).toUTF8() << " " << font.height << " bold "
-               << font.bold << " italic " << font.italic << " underline " << font.underline << " letter spacing "
-               << font.letterSpacing << " halo width " << font.haloWidth << " angle " << font.angle;
+               << font.bold << " italic " << font.italic << " underline " << font.underline << " strike-out "
+               << font.strikeOut << " letter spacing " << font.letterSpacing << " halo width " << font.haloWidth
+               << " angle " << font.angle;
 }
 
 bool Draw(TXGraphics& surface, Entry entry, const Label& l)
@@ -88,4 +89,18 @@ std::vector<NumberArgument> NumbersOf(Entry entry)
     if (entry == Entry::VerticalAbout || entry == Entry::VerticalAt)
         add({{"columnSpacing", &Label::columnSpacing}, {"charSpacing", &Label::charSpacing}});
     return numbers;
+}
+
+bool IsUsed(Entry entry, const NumberArgument& number, const Label& label)
+{
+    const bool isString = entry == Entry::StringInBox || entry == Entry::StringMoved ||
+                          entry == Entry::StringByFontAngle || entry == Entry::StringAt;
+    const bool isRich = isString && label.text.find(L"<BOL>") != std::wstring::npos;
+    if (number.member == &Label::bottom)
+        return false;
+    if (number.member == &Label::right)
+        return isRich && label.hAlign == 3;
+    if (number.member == &Label::dx || number.member == &Label::dy || number.member == &Label::lineSpacing)
+        return !isRich;
+    return true;
 }

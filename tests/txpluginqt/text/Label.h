@@ -67,5 +67,8 @@ struct NumberArgument
     double Label::*member;
 };
 
+/// False for a number that the entry takes and does not use for such a label.
+bool IsUsed(Entry entry, const NumberArgument& number, const Label& label);
+
 /// All numbers that the entry takes.
 std::vector<NumberArgument> NumbersOf(Entry entry);

@@ -13,6 +13,7 @@ TXRefPtr<TXFont> MakeFont(const FontChoice& choice)
     font->SetFontName(TXString(choice.family));
     font->SetFontHeight(choice.height);
     font->SetFontUnderline(choice.underline);
+    font->SetFontStrikeOut(choice.strikeOut);
     font->SetWordSpacing(choice.letterSpacing);
     font->SetFontHalo(choice.halo);
     font->SetFontHaloWidth(choice.haloWidth);
@@ -29,6 +30,7 @@ QFont DirectFont(const FontChoice& choice)
     font.setFamily(QString::fromStdWString(choice.family));
     font.setPixelSize(choice.height);
     font.setUnderline(choice.underline);
+    font.setStrikeOut(choice.strikeOut);
     font.setLetterSpacing(QFont::AbsoluteSpacing, choice.letterSpacing);
     return font;
 }

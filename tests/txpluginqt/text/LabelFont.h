@@ -14,6 +14,7 @@ struct FontChoice
     bool bold = false;
     TZObjects::TXFont::TXItalicMode italic = TZObjects::TXFont::ItalicNone;
     bool underline = false;
+    bool strikeOut = false;
     double letterSpacing = 0.0;
     bool halo = false;
     int haloWidth = 1;

@@ -129,12 +129,21 @@ TEST_P(LabelRefusalTest, NumbersThatAreNoneAreRefusedInEveryArgument)
         for (const double value : {kNaN, -kNaN, kInfinity, -kInfinity, 1e13, -1e13, 1e300, -1e300,
                                    std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()})
             for (const wchar_t* const text : kTexts)
-            {
-                Label label;
-                label.text = text;
-                label.*number.member = value;
-                EXPECT_TRUE(DrawsNothing(TestedEntry(), label, false)) << number.name << " = " << value;
-            }
+                for (const int align : {1, 2, 3})
+                {
+                    Label label;
+                    label.text = text;
+                    label.hAlign = align;
+                    label.*number.member = value;
+                    if (IsUsed(TestedEntry(), number, label))
+                        EXPECT_TRUE(DrawsNothing(TestedEntry(), label, false)) << number.name << " = " << value;
+                    else
+                    {
+                        label.halo = false;
+                        EXPECT_TRUE(SameAsDirect(TestedEntry(), label)) << number.name << " = " << value;
+                        EXPECT_TRUE(LastLeftInk());
+                    }
+                }
     EXPECT_TRUE(SameAsDirect(TestedEntry(), {}));
 }
 
@@ -145,7 +154,7 @@ TEST_P(LabelRefusalTest, RefusedNumbersAreRefusedForAnEmptyTextToo)
         Label label;
         label.text = L"";
         label.*number.member = kNaN;
-        EXPECT_TRUE(DrawsNothing(TestedEntry(), label, false)) << number.name;
+        EXPECT_TRUE(DrawsNothing(TestedEntry(), label, !IsUsed(TestedEntry(), number, label))) << number.name;
     }
 }
 

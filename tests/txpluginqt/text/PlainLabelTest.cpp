@@ -256,4 +256,21 @@ TEST_F(PlainLabelTest, ThePensColourFillsTheTextWithItsAlpha)
         }
 }
 
+TEST_F(PlainLabelTest, LinesAreAlignedAgainstTheWidestOfNegativeOnesToo)
+{
+    Label label;
+    label.font.letterSpacing = -40.0;
+    label.x = label.left = 100.0;
+    for (const Entry entry :
+         {Entry::StringInBox, Entry::StringMoved, Entry::StringAt, Entry::OutlineAbout, Entry::OutlineAt})
+        for (const wchar_t* const text : {L"abc", L"abc\nd", L"ab\n\nc"})
+            for (const int align : {1, 2, 3})
+            {
+                label.text = text;
+                label.hAlign = align;
+                EXPECT_TRUE(SameAsDirect(entry, label));
+                EXPECT_TRUE(LastLeftInk());
+            }
+}
+
 } // namespace

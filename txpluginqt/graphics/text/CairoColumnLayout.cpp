@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include <QStringList>
@@ -60,7 +61,7 @@ double GapFactor(bool firstColumn, bool italic)
 CairoTextLayout LayOutCairoColumns(const QString& text, const CairoTextMetrics& metrics, int vAlign, bool italic)
 {
     std::vector<Column> columns;
-    double tallest = 0.0;
+    double tallest = -std::numeric_limits<double>::infinity();
     double x = 0.0;
     for (const QString& line : text.split(QLatin1Char('\n')))
     {

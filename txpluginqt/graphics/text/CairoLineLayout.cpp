@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include <QStringList>
@@ -86,6 +87,7 @@ CairoTextLayout PlainLines(const QStringList& texts, const CairoTextMetrics& met
 {
     CairoTextLayout layout;
     std::vector<std::optional<GlyphRun>> lines;
+    // Extents of ink are not negative.
     double widest = 0.0;
     for (const QString& text : texts)
     {
@@ -113,7 +115,7 @@ CairoTextLayout SpacedLines(const QStringList& texts, const CairoTextMetrics& me
 {
     CairoTextLayout layout;
     std::vector<Line> lines;
-    double widest = 0.0;
+    double widest = -std::numeric_limits<double>::infinity();
     for (const QString& text : texts)
     {
         lines.push_back(SpacedLine(text, metrics));

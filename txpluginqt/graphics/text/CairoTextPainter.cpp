@@ -45,12 +45,12 @@ void PaintPart(cairo_t* context, const CairoTextPart& part, const CairoTextStyle
 } // namespace
 
 void PaintCairoText(cairo_t* context, const CairoTextLayout& layout, const CairoTextStyle& style, double x, double y,
-                    double angle)
+                    double radians)
 {
     const CairoStateScope state(context);
     cairo_new_path(context);
     cairo_translate(context, x, y);
-    cairo_rotate(context, angle * (kPi / 180));
+    cairo_rotate(context, radians);
     for (const CairoTextPiece& piece : layout.pieces)
     {
         const CairoStateScope pieceState(context);

@@ -16,7 +16,7 @@ struct CairoTextStyle
     bool strikeOut = false;
 };
 
-/// Paints a laid-out label with its origin at (@p x, @p y), turned by @p angle in degrees, clockwise. The context's
-/// state is afterwards what it was, but for its path, which is empty.
+/// Paints a laid-out label with its origin at (@p x, @p y), turned clockwise by @p radians. The context's state is
+/// afterwards what it was, but for its path, which is empty.
 void PaintCairoText(cairo_t* context, const CairoTextLayout& layout, const CairoTextStyle& style, double x, double y,
-                    double angle);
+                    double radians);

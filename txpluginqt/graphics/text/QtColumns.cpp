@@ -49,8 +49,10 @@ QtColumns::QtColumns(const QString& text, const QFont& font, qreal columnSpacing
         qreal width = 0.0;
         for (int k = 0; k < line.size(); ++k)
         {
-            if (line.indexOf(line[k]) == k)
-                width = std::max(width, LetterWidth(metrics, font, line.mid(k, 1)));
+            if (line.indexOf(line[k]) != k)
+                continue;
+            const qreal letter = LetterWidth(metrics, font, line.mid(k, 1));
+            width = k == 0 ? letter : std::max(width, letter);
         }
         const qreal length = line.size() * step - charSpacing;
         height = columns.empty() ? length : std::max(height, length);
@@ -60,9 +62,14 @@ QtColumns::QtColumns(const QString& text, const QFont& font, qreal columnSpacing
 
 qreal QtColumns::Width() const
 {
-    qreal width = static_cast<qreal>(columns.size() - 1) * columnSpacing;
+    // In this order: the last bit of the sum can move a label by 1/64 of a pixel.
+    qreal width = 0.0;
     for (const Column& column : columns)
-        width += column.width + (columns.size() > 1 ? column.gap : 0.0);
+        width += column.width;
+    width += static_cast<qreal>(columns.size() - 1) * columnSpacing;
+    if (columns.size() > 1)
+        for (const Column& column : columns)
+            width += column.gap;
     return width;
 }
 
@@ -80,9 +87,9 @@ QtLabelOutlines QtColumns::Outlines(const QFont& font, const QPointF& topLeft, i
     qreal x = topLeft.x();
     for (const Column& column : columns)
     {
-        const qreal top = topLeft.y() + AlignedOffset(align, height - column.height);
+        const qreal firstBaseline = topLeft.y() + ascent + AlignedOffset(align, height - column.height);
         for (int k = 0; k < column.text.size(); ++k)
-            pieces.push_back({QPointF(x, top + ascent + k * step), column.text.mid(k, 1)});
+            pieces.push_back({QPointF(x, firstBaseline + k * step), column.text.mid(k, 1)});
         x += column.width + columnSpacing + column.gap;
     }
     return QtLabelOutlines(font, text, pieces, Qt::OddEvenFill);

@@ -14,9 +14,10 @@ QtTextBlock::QtTextBlock(const QString& text, const QFont& font) : text(text), l
     for (const QString& line : lines)
     {
         widths.push_back(metrics.horizontalAdvance(line));
-        width = std::max(width, widths.back());
         lineHeight = std::max(lineHeight, metrics.boundingRect(line).height());
     }
+    // Letter spacing can make all of them negative.
+    width = *std::max_element(widths.begin(), widths.end());
 }
 
 std::shared_ptr<const QtTextBlock> QtTextBlock::Of(const QString& text, const QFont& font)
