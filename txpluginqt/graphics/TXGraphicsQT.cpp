@@ -8,6 +8,7 @@
 
 #include <txgraphics/TXGraphicsEngineManager.h>
 #include <txpluginqt/graphics/PainterResources.h>
+#include <txpluginqt/graphics/SavedStates.h>
 #include <txpluginqt/resources/TXBrushQT.h>
 #include <txpluginqt/resources/TXFontQT.h>
 #include <txpluginqt/resources/TXPenQT.h>
@@ -79,18 +80,19 @@ bool TXGraphicsQT::Follow(TXImage* newTarget)
     if (target)
         target->RemoveUser(*this);
     target = dynamic_cast<TXImageQT*>(newTarget);
-    hintsBeforeChange = kAntialiased;
+    hintsBeforeChange.reset();
     if (!target || target->AddUser(*this))
         return true;
     target = nullptr;
     return false;
 }
 
-bool TXGraphicsQT::BeginOn(TXImage* newTarget)
+bool TXGraphicsQT::Begin(QImage* pixels)
 {
-    QImage* const pixels = PixelsOf(newTarget);
-    return Follow(newTarget) && (!CanBePainted(pixels) || Succeeds([&] { OwnPainter()->begin(pixels); }));
+    return !CanBePainted(pixels) || Succeeds([&] { OwnPainter()->begin(pixels); });
 }
+
+bool TXGraphicsQT::BeginOn(TXImage* newTarget) { return Follow(newTarget) && Begin(PixelsOf(newTarget)); }
 
 void TXGraphicsQT::EndPainting()
 {
@@ -98,7 +100,7 @@ void TXGraphicsQT::EndPainting()
     if (!own || !own->isActive())
         return;
     // Qt would print a warning about states that are still saved.
-    for (; savedStates > 0; --savedStates)
+    for (int saved = SavedStates(*own); saved > 0; --saved)
         own->restore();
     own->end();
 }
@@ -129,10 +131,17 @@ bool TXGraphicsQT::CreateCompatibleGraphics(int width, int height)
             if (cairoContext)
                 replacedCairoObjects.emplace_back(std::move(cairoSurface), std::move(cairoContext));
         });
-    if (!painter || !image || !kept || !image->CreateCompatibleImage(this, width, height))
+    if (!painter || !image || !kept)
         return false;
-
-    BeginOn(image.get());
+    {
+        // Other surfaces on the image look for its new pixels only when this one paints there.
+        const TXImageQT::PixelChange change(*image);
+        if (!image->CreateCompatibleImage(this, width, height))
+            return false;
+        Begin(PixelsOf(image.get()));
+    }
+    if (!Follow(image.get()))
+        EndPainting();
     if (painter->isActive() && AntialiasingByDefault())
         painter->setRenderHints(kAntialiased | QPainter::SmoothPixmapTransform, true);
     if (cairoEnabled)
@@ -148,7 +157,7 @@ TXRefPtr<TXImage> TXGraphicsQT::SelectImage(TXRefPtr<TXImage> newImage)
     if (!own || (newImage && newImage == image))
         return nullptr;
 
-    const QPainter::RenderHints hints = image && own->isActive() ? own->renderHints() : kAntialiased;
+    const QPainter::RenderHints hints = image ? hintsBeforeChange.value_or(own->renderHints()) : kAntialiased;
     EndPainting();
     BeginOn(newImage.get());
     if (own->isActive() && AntialiasingByDefault())
@@ -193,11 +202,11 @@ void TXGraphicsQT::PixelsChanged()
     if (cairoEnabled)
         CreateCairoObjects();
     QPainter* const own = OwnPainter();
-    QImage* const pixels = PixelsOf(target);
-    if (own && CanBePainted(pixels) && Succeeds([&] { own->begin(pixels); }) && own->isActive())
+    if (own && Begin(PixelsOf(target)) && own->isActive())
     {
         if (AntialiasingByDefault())
-            own->setRenderHints(hintsBeforeChange, true);
+            own->setRenderHints(hintsBeforeChange.value_or(kAntialiased), true);
+        hintsBeforeChange.reset();
         ApplySelection(*own);
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <QPainter>
@@ -158,8 +159,10 @@ private:
     /// Follows the changes of the image that the own painter paints into; null for none.
     /// @return false when memory is short, and the image must not be painted on.
     bool Follow(TXImage* newTarget);
-    /// Begins the own painter on @p newTarget, or leaves it inactive when Qt cannot paint there.
+    /// Begins the own painter on @p pixels, or leaves it inactive when Qt cannot paint there.
     /// @return false when memory is short.
+    bool Begin(QImage* pixels);
+    /// The same on the pixels of @p newTarget, whose changes it follows then.
     bool BeginOn(TXImage* newTarget);
     /// Ends the own painter's painting, if it is, with nothing left on its stack of states.
     void EndPainting();
@@ -280,10 +283,8 @@ private:
 
     // The image whose changes the surface follows: the selected one, or the one it was constructed on.
     TZObjects::TXImageQT* target = nullptr;
-    // What the own painter painted with when the target's pixels went.
-    QPainter::RenderHints hintsBeforeChange;
-    // How many states are on the own painter's stack.
-    int savedStates = 0;
+    // What the own painter painted with when the target's pixels went; empty while it has not lost any.
+    std::optional<QPainter::RenderHints> hintsBeforeChange;
     // Only a context that the switch has made draws with its own font options.
     bool cairoFontOptionsSet = false;
     // Cairo objects that CreateCompatibleGraphics has replaced; they end with the surface.

@@ -55,24 +55,31 @@ void TXGraphicsQT::SelectGradient(TXGradient* gradient)
 
 TXRefPtr<TXRgn> TXGraphicsQT::SelectRgn(TXRefPtr<TXRgn>) { return nullptr; }
 
+// While a painter is attached, the resources show what it holds. An inactive one answers with Qt's defaults, but prints
+// a warning.
+
 TXRefPtr<TXPen> TXGraphicsQT::GetPen()
 {
     if (attached && pen && pen->GetInternalObject())
-        Paint([&](QPainter& p) { *static_cast<QPen*>(pen->GetInternalObject()) = p.pen(); });
+        Succeeds([&]
+                 { *static_cast<QPen*>(pen->GetInternalObject()) = painter->isActive() ? painter->pen() : QPen(); });
     return pen;
 }
 
 TXRefPtr<TXBrush> TXGraphicsQT::GetBrush()
 {
     if (attached && brush && brush->GetInternalObject())
-        Paint([&](QPainter& p) { *static_cast<QBrush*>(brush->GetInternalObject()) = p.brush(); });
+        Succeeds(
+            [&]
+            { *static_cast<QBrush*>(brush->GetInternalObject()) = painter->isActive() ? painter->brush() : QBrush(); });
     return brush;
 }
 
 TXRefPtr<TXFont> TXGraphicsQT::GetFont()
 {
     if (attached && font && font->GetInternalObject())
-        Paint([&](QPainter& p) { *static_cast<QFont*>(font->GetInternalObject()) = p.font(); });
+        Succeeds(
+            [&] { *static_cast<QFont*>(font->GetInternalObject()) = painter->isActive() ? painter->font() : QFont(); });
     return font;
 }
 
@@ -86,19 +93,13 @@ bool TXGraphicsQT::Save(const TXString& fileName)
 
 void TXGraphicsQT::Save()
 {
-    const bool saved = Paint([](QPainter& p) { p.save(); });
-    if (saved && !attached && painter->isActive())
-        ++savedStates;
+    Paint([](QPainter& p) { p.save(); });
 }
 
 void TXGraphicsQT::Restore()
 {
-    // What is on the stack of an outside painter only its owner knows.
-    if (!attached && savedStates == 0)
-        return;
+    // Without a state to restore Qt prints a warning, which is the host's to see.
     Paint([](QPainter& p) { p.restore(); });
-    if (!attached)
-        --savedStates;
 }
 
 void TXGraphicsQT::SetOpacity(const double& opacity)

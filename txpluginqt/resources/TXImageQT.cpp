@@ -13,6 +13,7 @@
 #include <txpluginqt/support/Conversions.h>
 #include <txpluginqt/support/Guards.h>
 #include <txpluginqt/support/ImageFile.h>
+#include <txpluginqt/support/Images.h>
 
 // Present in programs that look for leaks, absent in all others.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the name is the leak checker's own.
@@ -54,28 +55,19 @@ void FillPixels(QImage& image, const QRect& area, const QColor& color)
 
 } // namespace
 
-/// Takes the users off the pixels while they change.
-class TXImageQT::PixelChange
+TXImageQT::PixelChange::PixelChange(TXImage& changed) : image(dynamic_cast<TXImageQT*>(&changed))
 {
-public:
-    explicit PixelChange(TXImageQT& image) : image(image)
-    {
-        if (image.changes++ == 0)
-            for (PixelUser* const user : image.users)
-                user->PixelsGoing();
-    }
-    ~PixelChange()
-    {
-        if (--image.changes == 0)
-            for (PixelUser* const user : image.users)
-                user->PixelsChanged();
-    }
-    PixelChange(const PixelChange&) = delete;
-    PixelChange& operator=(const PixelChange&) = delete;
+    if (image && image->changes++ == 0)
+        for (PixelUser* const user : image->users)
+            user->PixelsGoing();
+}
 
-private:
-    TXImageQT& image;
-};
+TXImageQT::PixelChange::~PixelChange()
+{
+    if (image && --image->changes == 0)
+        for (PixelUser* const user : image->users)
+            user->PixelsChanged();
+}
 
 TXImageQT::TXImageQT() = default;
 
@@ -143,10 +135,11 @@ void* TXImageQT::GetBits()
 void TXImageQT::SetBits(const void* data, unsigned int size)
 {
     constexpr unsigned int largest = std::numeric_limits<int>::max();
-    if (!Image() || !data || size == 0 || size > largest)
+    const unsigned int length = data ? size : 0;
+    if (!Image() || length > largest)
         return;
     const PixelChange change(*this);
-    Succeeds([&] { Image()->loadFromData(static_cast<const uchar*>(data), static_cast<int>(size)); });
+    Succeeds([&] { Image()->loadFromData(static_cast<const uchar*>(data), static_cast<int>(length)); });
 }
 
 int TXImageQT::GetWidth() { return Image() ? Image()->width() : 0; }
@@ -267,9 +260,9 @@ TXColor TXImageQT::GetPixel(int x, int y)
     const QImage* const image = Image();
     if (!image || !image->valid(x, y))
         return TXColor();
-    // An index beyond the colours has none, about which Qt would print a warning.
-    const bool indexed = image->format() <= QImage::Format_Indexed8;
-    return indexed && image->pixelIndex(x, y) >= image->colorCount() ? TXColor() : ToTXColor(image->pixelColor(x, y));
+    // Qt reads an index beyond the colours as 0, too, but prints a warning.
+    const bool lacksColor = HasIndices(*image) && image->pixelIndex(x, y) >= image->colorCount();
+    return TXColor(lacksColor ? 0U : image->pixel(x, y), true);
 }
 
 void TXImageQT::SetPixel(int x, int y, const TXColor& color)

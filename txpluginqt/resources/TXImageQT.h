@@ -58,9 +58,21 @@ public:
     bool AddUser(PixelUser& user);
     void RemoveUser(PixelUser& user);
 
-private:
-    class PixelChange;
+    /// Takes the users off the pixels of an image while they change; nothing for an image of another kind. Users hear
+    /// of the outermost of nested changes only. No user may be added or removed meanwhile.
+    class PixelChange
+    {
+    public:
+        explicit PixelChange(TXImage& image);
+        ~PixelChange();
+        PixelChange(const PixelChange&) = delete;
+        PixelChange& operator=(const PixelChange&) = delete;
 
+    private:
+        TXImageQT* image;
+    };
+
+private:
     QImage* Image() const;
     /// Deletes the present image and takes the one that @p make returns. False, and absent, when memory is short.
     template <class Make>

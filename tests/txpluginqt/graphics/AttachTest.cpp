@@ -106,6 +106,29 @@ TEST_F(AttachTest, GettersCarryWhatTheOutsidePainterHolds)
     EXPECT_EQ(PainterOf(*surface).pen().widthF(), 6.0) << "and does not reach the own painter by itself";
 }
 
+TEST_F(AttachTest, GettersCarryWhatAnInactivePainterAnswers)
+{
+    const TXRefPtr<TXGraphics> surface = NewPaintingSurface();
+    const TXRefPtr<TXPen> pen = NewPen(TXColor(1, 2, 3, 255), 6.0);
+    const TXRefPtr<TXBrush> brush = NewBrush(TXColor(4, 5, 6, 255));
+    const TXRefPtr<TXFont> font = NewFont(11);
+    surface->SelectPen(pen);
+    surface->SelectBrush(brush);
+    surface->SelectFont(font);
+    QPainter inactive;
+    surface->Attach(&inactive);
+    EXPECT_EQ(surface->GetPen(), pen);
+    EXPECT_EQ(surface->GetBrush(), brush);
+    EXPECT_EQ(surface->GetFont(), font);
+    EXPECT_EQ(TakeMessages(), QStringList());
+    EXPECT_EQ(pen->GetWidth(), 1.0);
+    EXPECT_EQ(pen->GetColor().GetColor(), 0xff000000u);
+    EXPECT_EQ(PenOf(*pen), inactive.pen());
+    EXPECT_EQ(BrushOf(*brush), inactive.brush());
+    EXPECT_EQ(FontOf(*font), inactive.font());
+    EXPECT_EQ(TakeMessages().size(), 3) << "Qt's own, which the surface does not print";
+}
+
 TEST_F(AttachTest, GettersStayNullWhereNothingIsSelected)
 {
     const TXRefPtr<TXGraphics> surface = TestEngine().NewGraphics(nullptr);

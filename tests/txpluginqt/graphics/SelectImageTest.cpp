@@ -94,6 +94,27 @@ TEST_F(SelectImageTest, HintsCarryOverToTheNextImage)
     EXPECT_EQ(HintsOf(*surface), FreshHints() | QPainter::SmoothPixmapTransform);
 }
 
+TEST_F(SelectImageTest, HintsOfAnImageThatCouldNotBePaintedOnAreNone)
+{
+    const TXRefPtr<TXGraphics> surface = NewPaintingSurface();
+    const TXRefPtr<TXImage> indexed = TestEngine().NewImage();
+    indexed->CreateImage(20, 20, TXImage::Format_Indexed8);
+    surface->SelectImage(indexed);
+    surface->SelectImage(NewPaintedImage());
+    // As Qt's painter has none while it is not active.
+    EXPECT_EQ(HintsOf(*surface), FreshHints());
+}
+
+TEST_F(SelectImageTest, HintsOfAnImageThatLostItsPixelsCarryOver)
+{
+    const TXRefPtr<TXGraphics> surface = NewPaintingSurface();
+    PainterOf(*surface).setRenderHint(QPainter::SmoothPixmapTransform);
+    surface->EnableAntialiasing(false);
+    surface->GetImage()->Delete();
+    surface->SelectImage(NewPaintedImage());
+    EXPECT_EQ(HintsOf(*surface), FreshHints() | QPainter::SmoothPixmapTransform);
+}
+
 TEST_F(SelectImageTest, HintsAreThoseOfAFreshPainterWhereTheManagerDoesNotAntialias)
 {
     Manager().EnableAntialiasing(false);

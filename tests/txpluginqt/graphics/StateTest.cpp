@@ -153,22 +153,58 @@ TEST_F(StateTest, SaveKeepsEverythingAndRestoreBringsItBack)
     EXPECT_EQ(surface->GetPen(), pen) << "the selection itself is not part of the drawing state";
 }
 
-TEST_F(StateTest, RestoreWithoutSaveAndSaveWithoutRestoreAreQuiet)
+TEST_F(StateTest, OneRestoreTooManyChangesNothingAndIsForTheHostToSee)
 {
     const PainterState before(painter);
     surface->Restore();
     EXPECT_TRUE(SameState(PainterState(painter), before));
+    EXPECT_EQ(TakeMessages(), QStringList("QPainter::restore: Unbalanced save/restore"));
+    surface->Save();
+    surface->Restore();
+    EXPECT_EQ(TakeMessages(), QStringList());
+    surface->Restore();
+    EXPECT_EQ(TakeMessages().size(), 1);
+}
+
+TEST_F(StateTest, RestoreTakesBackWhatTheHostHasSavedOnThePainter)
+{
+    const PainterState before(painter);
+    painter.save();
+    painter.setOpacity(0.25);
+    painter.translate(3.0, 4.0);
+    surface->Restore();
+    EXPECT_TRUE(SameState(PainterState(painter), before));
+}
+
+TEST_F(StateTest, RestoreTakesBackWhatAnotherSurfaceHasSaved)
+{
+    const TXRefPtr<TXGraphics> other = TestEngine().NewGraphics(nullptr);
+    other->Attach(&painter);
+    const PainterState before(painter);
+    other->Save();
+    other->SetOpacity(0.5);
+    surface->Restore();
+    EXPECT_TRUE(SameState(PainterState(painter), before));
+    surface->Save();
+    surface->SetOpacity(0.5);
+    other->Restore();
+    EXPECT_TRUE(SameState(PainterState(painter), before));
+}
+
+TEST_F(StateTest, StatesThatAreLeftWhenPaintingEndsAreTakenBackQuietly)
+{
     surface->Save();
     surface->Save();
+    painter.save();
     surface->SelectImage(NewPaintedImage());
-    surface->Restore();
     surface->Save();
+    painter.save();
     surface->CreateCompatibleGraphics(20, 20);
-    surface->Restore();
     surface->Save();
+    PainterOf(*surface).save();
     surface->GetImage()->CreateImage(30, 30, TXImage::Format_ARGB32);
-    surface->Restore();
     surface->Save();
+    PainterOf(*surface).save();
     surface->Delete();
     surface->Restore();
     for (const TXRefPtr<TXGraphics>& other : {idle, empty})

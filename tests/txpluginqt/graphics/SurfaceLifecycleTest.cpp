@@ -1,6 +1,7 @@
 #include <climits>
 #include <utility>
 
+#include <tests/support/ImageCompare.h>
 #include <tests/support/Twins.h>
 
 #include "SurfaceTest.h"
@@ -253,6 +254,65 @@ TEST_F(SurfaceLifecycleTest, CreateCompatibleGraphicsWithoutPixelsCannotDraw)
         surface->Line(0, 0, 9, 9);
         ASSERT_TRUE(surface->CreateCompatibleGraphics(10, 10));
         EXPECT_TRUE(PainterOf(*surface).isActive());
+    }
+}
+
+TEST_F(SurfaceLifecycleTest, CreateCompatibleGraphicsTakesTheNewPixelsOfASharedImage)
+{
+    for (const bool paintedBefore : {true, false})
+    {
+        const TXRefPtr<TXGraphics> other = NewPaintingSurface();
+        const TXRefPtr<TXImage> image = other->GetImage();
+        if (!paintedBefore)
+            other->Delete();
+        const TXRefPtr<TXGraphics> surface = TestEngine().NewGraphics();
+        surface->SelectImage(image);
+        if (paintedBefore)
+        {
+            EXPECT_FALSE(PainterOf(*surface).isActive()) << "one paints at a time";
+            other->Save();
+        }
+        ASSERT_TRUE(surface->CreateCompatibleGraphics(30, 20));
+        EXPECT_EQ(surface->GetImage(), image);
+        EXPECT_TRUE(PainterOf(*surface).isActive());
+        EXPECT_EQ(PainterOf(*surface).device(), &PixelsOf(*image));
+        EXPECT_TRUE(surface->fillRect(TXRect(0, 30, 0, 20), TXColor::RED_));
+        EXPECT_EQ(PixelsOf(*image).pixel(15, 10), qRgb(255, 0, 0));
+        if (!paintedBefore)
+            continue;
+        // The other one is as over an image that cannot be painted on: it answers true and draws nothing.
+        EXPECT_FALSE(PainterOf(*other).isActive());
+        EXPECT_EQ(other->GetImage(), image);
+        const QImage before = PixelsOf(*image).copy();
+        EXPECT_TRUE(other->Rectangle(2, 2, 20, 10));
+        other->Save();
+        other->Restore();
+        EXPECT_EQ(PixelsOf(*image), before);
+        // It gets the image's next pixels when the one that paints has gone.
+        surface->SelectImage(nullptr);
+        image->CreateImage(30, 20, TXImage::Format_ARGB32);
+        EXPECT_TRUE(PainterOf(*other).isActive());
+        EXPECT_TRUE(other->fillRect(TXRect(0, 30, 0, 20), TXColor(0, 0, 255, 255)));
+        EXPECT_EQ(PixelsOf(*image).pixel(15, 10), qRgb(0, 0, 255));
+    }
+}
+
+TEST_F(SurfaceLifecycleTest, CreateCompatibleGraphicsOfASharedImageKeepsBothCairoContexts)
+{
+    Manager().EnableCairoDrawing(true);
+    const TXRefPtr<TXGraphics> other = NewPaintingSurface(90, 40);
+    const TXRefPtr<TXImage> image = other->GetImage();
+    other->SelectFont(NewFont(20));
+    const TXRefPtr<TXGraphics> surface = TestEngine().NewGraphics();
+    surface->SelectImage(image);
+    surface->SelectFont(NewFont(20));
+    ASSERT_TRUE(surface->CreateCompatibleGraphics(90, 40));
+    for (const TXRefPtr<TXGraphics>& each : {surface, other})
+    {
+        PixelsOf(*image).fill(Qt::white);
+        EXPECT_TRUE(
+            each->DrawString(5, 5, TXGraphics::TextAlignTop, TXGraphics::TextAlignLeft, L"Main", 0.0, 0.0, 1.0));
+        EXPECT_GT(InkedPixels(PixelsOf(*image)), 50);
     }
 }
 

@@ -21,6 +21,8 @@ protected:
         double height = 0.0;
         return font->GetTextExtent(L"Main Street", width, height, false);
     }
+    /// True when the family was asked for, and is not only what Qt takes without one.
+    bool NamesItsFamily() { return (QtFont().resolve() & QFont::FamilyResolved) != 0; }
     // Everything that a measuring context takes part in.
     void UseSetters()
     {
@@ -50,6 +52,25 @@ TEST_F(FontLifecycleTest, ANewFontIsEmptyWithItsAttributesInitialised)
     EXPECT_FALSE(font->GetFontShadow());
     EXPECT_EQ(font->GetFontItalicMode(), TXFont::ItalicNone);
     EXPECT_TRUE(font->GetFontName().isEmpty());
+}
+
+TEST_F(FontLifecycleTest, TheNameReachesEachNewFont)
+{
+    for (const TXString& name : {TXString("DejaVu Sans"), TXString("No Such Face"), TXString(L"\u5b8b\u4f53")})
+    {
+        font->Create();
+        font->SetFontName(name);
+        EXPECT_TRUE(NamesItsFamily());
+        font->Delete();
+        font->Create();
+        EXPECT_FALSE(NamesItsFamily());
+        font->SetFontName(name);
+        EXPECT_TRUE(NamesItsFamily()) << "though the name is the same";
+    }
+    // A font that a host has put in its place.
+    QtFont() = QFont();
+    font->SetFontName(font->GetFontName());
+    EXPECT_TRUE(NamesItsFamily());
 }
 
 TEST_F(FontLifecycleTest, AnEmptyFontAnswersNeutralValues)

@@ -77,7 +77,7 @@ TEST_F(ImageFollowTest, RefusedArgumentsDoNotDisturbPainting)
     EXPECT_FALSE(image->Load(nullptr, 10, nullptr));
     EXPECT_FALSE(image->Load(&byte, 0, nullptr));
     EXPECT_FALSE(image->CreateCompatibleImage(nullptr));
-    image->SetBits(nullptr, 0);
+    image->SetBits(&byte, 0x80000000u);
     EXPECT_TRUE(PaintsIntoTheImage());
 }
 

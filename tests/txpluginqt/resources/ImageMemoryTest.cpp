@@ -181,14 +181,29 @@ TEST_F(ImageMemoryTest, SetBitsOfRawPixelsIsNotACopy)
     EXPECT_EQ(image->GetWidth(), 0);
 }
 
-TEST_F(ImageMemoryTest, SetBitsSurvivesSizesThatNoFileHas)
+TEST_F(ImageMemoryTest, SetBitsOfNothingLeavesAnImageWithoutPixels)
 {
     const QByteArray bytes = Encoded(picture, "PNG");
-    image->SetBits(bytes.constData(), 0u);
-    image->SetBits(nullptr, 0u);
-    image->SetBits(nullptr, 100u);
-    image->SetBits(nullptr, UINT_MAX);
+    const std::pair<const void*, unsigned int> nothing[] = {
+        {bytes.constData(), 0u}, {nullptr, 0u}, {nullptr, 100u}, {nullptr, UINT_MAX}};
+    for (const auto& [data, size] : nothing)
+    {
+        image->CreateImage(3, 2, TXImage::Format_ARGB32);
+        image->SetBits(data, size);
+        ASSERT_NE(image->GetInternalObject(), nullptr);
+        EXPECT_TRUE(QtImage(*image).isNull());
+        EXPECT_EQ(image->GetWidth(), 0);
+        EXPECT_EQ(image->GetBits(), nullptr);
+    }
+}
+
+TEST_F(ImageMemoryTest, SetBitsOfMoreThanQtCountsChangesNothing)
+{
+    const QByteArray bytes = Encoded(picture, "PNG");
+    image->CreateImage(3, 2, TXImage::Format_ARGB32);
+    image->Fill(0xff102030u);
+    const QImage before = QtImage(*image).copy();
     image->SetBits(bytes.constData(), static_cast<unsigned int>(INT_MAX) + 1u);
     image->SetBits(bytes.constData(), UINT_MAX);
-    EXPECT_TRUE(image->CreateImage(4, 4, TXImage::Format_ARGB32));
+    EXPECT_EQ(QtImage(*image), before);
 }
