@@ -9,7 +9,7 @@ bool operator==(const RecordedCall& left, const RecordedCall& right)
 {
     // Not by Qt's own comparison, which takes coordinates that nearly match for equal.
     const auto same = [](const QPointF& a, const QPointF& b) { return a.x() == b.x() && a.y() == b.y(); };
-    return left.isText == right.isText && left.mode == right.mode &&
+    return left.isText == right.isText && left.mode == right.mode && left.kinds == right.kinds &&
            std::equal(left.points.begin(), left.points.end(), right.points.begin(), right.points.end(), same) &&
            left.text == right.text && left.font == right.font && left.pen == right.pen && left.brush == right.brush &&
            left.transform == right.transform && left.hints == right.hints;
@@ -42,7 +42,10 @@ void Recorder::Engine::drawPath(const QPainterPath& path)
     RecordedCall& call = NewCall();
     call.mode = -1;
     for (int i = 0; i < path.elementCount(); ++i)
+    {
         call.points.push_back(path.elementAt(i));
+        call.kinds.push_back(path.elementAt(i).type);
+    }
 }
 
 void Recorder::Engine::drawPolygon(const QPointF* points, int count, PolygonDrawMode mode)

@@ -13,6 +13,7 @@ struct RecordedCall
     bool isText = false;
     int mode = 0; ///< of the polygon
     std::vector<QPointF> points;
+    std::vector<int> kinds; ///< of a path's elements
     QString text;
     QFont font;
     QPen pen;

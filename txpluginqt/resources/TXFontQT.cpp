@@ -189,7 +189,8 @@ void TXFontQT::SetFontName(TXString newName)
         return;
     // Symbols come with their face's name each, which is the last one's for the most part. What measures for cairo also
     // takes over slant and weight.
-    if (!measureContext && newName == name && Font() && Font()->family() == nameInFont)
+    const bool isSet = Font() && (Font()->resolve() & QFont::FamilyResolved) != 0 && Font()->family() == nameInFont;
+    if (!measureContext && newName == name && isSet)
         return;
     IfPresent(Font(),
               [&](QFont& font)

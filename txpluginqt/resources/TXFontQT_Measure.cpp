@@ -14,6 +14,7 @@
 #include <txpluginqt/support/CairoFont.h>
 #include <txpluginqt/support/CairoFontLock.h>
 #include <txpluginqt/support/Conversions.h>
+#include <txpluginqt/support/FontState.h>
 #include <txpluginqt/support/Guards.h>
 #include <txpluginqt/support/LabelCache.h>
 #include <txpluginqt/support/QtFonts.h>
@@ -83,10 +84,11 @@ struct BlockExtent : Extent
 
 Extent CairoBlockExtent(cairo_t* context, const TXString& text, double spacing)
 {
-    BlockExtent block;
-    const double lineHeight = FontExtentsOf(context).height;
-    for (const TXString& line : text.split(L'\n'))
-        block.Add((line.length() - 1) * spacing + TextWidth(context, line), lineHeight);
+    Extent block;
+    const std::vector<TXString> lines = text.split(L'\n');
+    for (const TXString& line : lines)
+        block.width = std::max(block.width, (line.length() - 1) * spacing + TextWidth(context, line));
+    block.height = static_cast<double>(lines.size()) * FontExtentsOf(context).height;
     return block;
 }
 
@@ -134,7 +136,8 @@ Extent QtBlockExtentInWholeUnits(QString label, const QFont& font)
 
 struct TXFontQT::KeptMetrics
 {
-    KeptMetrics(const QFont& measured, unsigned generation) : font(measured), generation(generation)
+    KeptMetrics(const QFont& measured, unsigned generation, quint64 substitutes)
+        : font(measured), dotsPerInch(DotsPerInch(measured)), substitutes(substitutes), generation(generation)
     {
         const QFontMetricsF metrics(font);
         exact = {0.0, metrics.height(), metrics.ascent(), metrics.descent()};
@@ -143,6 +146,8 @@ struct TXFontQT::KeptMetrics
     }
 
     QFont font;
+    int dotsPerInch;
+    quint64 substitutes;
     unsigned generation;
     Extent exact;
     Extent whole;
@@ -320,11 +325,12 @@ double TXFontQT::GetMaxCharWidthOfText(const TXString& text, bool useQt) const
 const TXFontQT::KeptMetrics& TXFontQT::Metrics() const
 {
     const unsigned generation = LabelCache::FontGeneration();
-    // The same number of points is as many pixels as the font's device has.
-    const bool isKept =
-        keptMetrics && keptMetrics->generation == generation && Font()->pixelSize() > 0 && keptMetrics->font == *Font();
+    const quint64 substitutes = SubstitutesHash(*Font(), false);
+    const bool isKept = keptMetrics && keptMetrics->generation == generation &&
+                        keptMetrics->substitutes == substitutes && keptMetrics->dotsPerInch == DotsPerInch(*Font()) &&
+                        keptMetrics->font == *Font();
     if (!isKept)
-        keptMetrics = std::make_shared<const KeptMetrics>(*Font(), generation);
+        keptMetrics = std::make_shared<const KeptMetrics>(*Font(), generation, substitutes);
     return *keptMetrics;
 }
 

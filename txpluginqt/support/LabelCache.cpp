@@ -9,6 +9,8 @@
 #include <QHash>
 
 #include <txgraphics/TXGraphicsEngineManager.h>
+#include <txpluginqt/support/FontState.h>
+#include <txpluginqt/support/RichTextDocument.h>
 
 namespace
 {
@@ -36,9 +38,17 @@ QFont Unloaded(const QFont& font)
 
 } // namespace
 
+LabelCache::Key::Key(const void* type, const QFont& font, const QString& text, Details details)
+    // A rich text may name any family.
+    : type(type), font(font), dotsPerInch(DotsPerInch(font)), substitutes(SubstitutesHash(font, MayBeRichText(text))),
+      loadedFaces(LoadedFaces(font)), text(text), details(std::move(details))
+{
+}
+
 bool LabelCache::Key::operator==(const Key& other) const
 {
-    return type == other.type && text == other.text && details == other.details && font == other.font;
+    return type == other.type && text == other.text && details == other.details && dotsPerInch == other.dotsPerInch &&
+           substitutes == other.substitutes && loadedFaces == other.loadedFaces && font == other.font;
 }
 
 std::size_t LabelCache::Key::Hash() const

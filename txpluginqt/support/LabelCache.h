@@ -10,11 +10,14 @@
 #include <QFont>
 #include <QString>
 
+#include <txpluginqt/support/FontState.h>
+
 /// What was computed from a font and a text, kept for the next time the same label is measured or drawn: the frames of
 /// a map repeat their names. Each thread has a cache of its own, so that none waits for another.
 ///
 /// The cache holds at most as many bytes as the engine manager says; what was not used for the longest time goes
-/// first. It is emptied when fonts are added to or taken from the process.
+/// first. It is emptied when fonts are added to or taken from the process. What a face of coloured bitmaps takes part
+/// in is not kept.
 class LabelCache
 {
 public:
@@ -48,12 +51,13 @@ public:
         // The same number of points is as many pixels as the font's device has.
         if (!IsOn() || font.pixelSize() <= 0)
             return std::make_shared<const T>(make());
-        Key key{&kTypeTag<T>, font, text, std::move(details)};
+        Key key(&kTypeTag<T>, font, text, std::move(details));
         const std::size_t hash = key.Hash();
         if (const std::shared_ptr<const void>* const kept = Find(key, hash))
             return std::static_pointer_cast<const T>(*kept);
         auto made = std::make_shared<const T>(make());
-        if (isLasting())
+        // What has loaded a face may be another value next time.
+        if (isLasting() && LoadedFaces(font) == key.loadedFaces && !UsesBitmapFace(font, text))
             Keep(std::move(key), hash, made, made->Bytes());
         return made;
     }
@@ -68,8 +72,13 @@ public:
 private:
     struct Key
     {
-        const void* type;
+        Key(const void* type, const QFont& font, const QString& text, Details details);
+
+        const void* type; ///< Tells values of different types apart.
         QFont font;
+        int dotsPerInch;     ///< Which the comparison of fonts does not see.
+        quint64 substitutes; ///< What the process puts in place of the font's families.
+        quint64 loadedFaces; ///< What characters are taken from that the font lacks.
         QString text;
         Details details;
 

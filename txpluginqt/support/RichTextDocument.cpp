@@ -22,9 +22,7 @@ QVariant RichTextDocument::loadResource(int type, const QUrl&)
     return pixel;
 }
 
-bool IsRichText(const QString& text)
-{
-    // Without one of these Qt says no, too, but takes longer; nearly every label is plain.
-    const bool mayBe = text.contains(QLatin1Char('<')) || text.contains(QLatin1Char('&'));
-    return mayBe && Qt::mightBeRichText(text);
-}
+bool MayBeRichText(const QString& text) { return text.contains(QLatin1Char('<')) || text.contains(QLatin1Char('&')); }
+
+// Qt gives the same answer, but takes longer.
+bool IsRichText(const QString& text) { return MayBeRichText(text) && Qt::mightBeRichText(text); }

@@ -14,5 +14,8 @@ protected:
     QVariant loadResource(int type, const QUrl& name) override;
 };
 
+/// True for a text that has one of the characters without which it cannot be rich. Nearly every label has none.
+bool MayBeRichText(const QString& text);
+
 /// True when Qt would take the text for HTML. It looks at the first tag of the first line only.
 bool IsRichText(const QString& text);

@@ -5,6 +5,7 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPainterPath>
 #include <QTransform>
 
 #include "LabelCacheTest.h"
@@ -96,6 +97,130 @@ TEST_F(CachedFontTest, PointsOnDevicesOfDifferentResolutionAreToldApart)
     ASSERT_NE(QFontMetricsF(onCoarse).height(), QFontMetricsF(onFine).height());
     ASSERT_FALSE(HitsFont(onCoarse));
     EXPECT_FALSE(HitsFont(onFine));
+}
+
+/// What a font draws on a device of that resolution.
+QFont OnDevice(const QFont& font, int dotsPerInch)
+{
+    QImage device(10, 10, QImage::Format_RGB32);
+    device.setDotsPerMeterX(qRound(dotsPerInch / 0.0254));
+    device.setDotsPerMeterY(qRound(dotsPerInch / 0.0254));
+    return QFont(font, &device);
+}
+
+TEST_F(CachedFontTest, ResolutionsAreToldApartThatTheComparisonOfFontsDoesNotSee)
+{
+    QFont spaced = Font();
+    spaced.setLetterSpacing(QFont::AbsoluteSpacing, 10.0);
+    ASSERT_EQ(OnDevice(spaced, 72), OnDevice(spaced, 300));
+    ASSERT_NE(QFontMetricsF(OnDevice(spaced, 72)).horizontalAdvance("Main"),
+              QFontMetricsF(OnDevice(spaced, 300)).horizontalAdvance("Main"));
+    for (const int dotsPerInch : {72, 100, 300})
+    {
+        EXPECT_FALSE(HitsFont(OnDevice(spaced, dotsPerInch))) << dotsPerInch;
+        EXPECT_TRUE(HitsFont(OnDevice(spaced, dotsPerInch))) << dotsPerInch;
+    }
+}
+
+class SubstitutionTest : public CachedFontTest
+{
+protected:
+    ~SubstitutionTest() override
+    {
+        for (const char* const family : {"NoSuchFace", "NoOtherFace"})
+            QFont::removeSubstitutions(family);
+    }
+
+    static QFont FontNamed(const QString& family)
+    {
+        QFont font(family);
+        font.setPixelSize(20);
+        return font;
+    }
+};
+
+TEST_F(SubstitutionTest, OfAFontsFamilyMakesItAnotherFont)
+{
+    const QFont font = FontNamed("NoSuchFace");
+    const QFont both = FontNamed("NoOtherFace, NoSuchFace");
+    QFont listed = FontNamed("DejaVu Sans");
+    listed.setFamilies({"NoOtherFace", "NoSuchFace"});
+    for (const QFont& tested : {font, both, listed})
+    {
+        EXPECT_FALSE(HitsFont(tested));
+        EXPECT_TRUE(HitsFont(tested));
+        QFont::insertSubstitution("NoSuchFace", "DejaVu Serif");
+        EXPECT_FALSE(HitsFont(tested));
+        EXPECT_TRUE(HitsFont(tested));
+        // The same number of substitutions.
+        QFont::removeSubstitutions("NoSuchFace");
+        QFont::insertSubstitution("NoSuchFace", "DejaVu Sans Mono");
+        EXPECT_FALSE(HitsFont(tested));
+        QFont::insertSubstitution("NoSuchFace", "DejaVu Serif");
+        EXPECT_FALSE(HitsFont(tested));
+        QFont::removeSubstitutions("NoSuchFace");
+        EXPECT_TRUE(HitsFont(tested)) << "as at first";
+    }
+}
+
+TEST_F(SubstitutionTest, OfAnotherFamilyConcernsRichTextsOnly)
+{
+    const QFont font = FontNamed("DejaVu Sans");
+    const auto hits = [&](const QString& text) { return Hits(text, 100, font); };
+    const QString rich = "<span style=\"font-family:NoSuchFace\">a</span>";
+    EXPECT_FALSE(hits("a"));
+    EXPECT_FALSE(hits(rich));
+    QFont::insertSubstitution("NoSuchFace", "DejaVu Serif");
+    EXPECT_TRUE(hits("a"));
+    EXPECT_FALSE(hits(rich));
+    EXPECT_TRUE(hits(rich));
+}
+
+TEST_F(CachedFontTest, WhatAFaceOfColouredBitmapsTakesPartInIsNotKept)
+{
+    const QString globe = QString::fromUtf8("a\xF0\x9F\x8C\x8D"
+                                            "b");
+    for (const QString& text : {globe, QString("two\nlines") + globe, QString("plain")})
+        for (int size = 17; size < 24; ++size)
+        {
+            QFont font = Font();
+            font.setPixelSize(size);
+            const auto advance = [&] { return QFontMetricsF(font).horizontalAdvance(text); };
+            const double first = advance();
+            EXPECT_FALSE(Hits(text, 100, font));
+            const bool isPlain = text == "plain";
+            EXPECT_EQ(Hits(text, 100, font), isPlain);
+            QPainterPath().addText(0.0, 0.0, font, text);
+            EXPECT_TRUE(text != globe || first != advance()) << "it need not be known otherwise";
+        }
+}
+
+TEST_F(CachedFontTest, FacesThatAreLoadedForOneTextMayChangeAnother)
+{
+    const QFont font = Font(27);
+    // Only a face that knows more characters than it says has one for this.
+    const QString text = QString("a") + QChar(0) + "b";
+    const auto advance = [&] { return QFontMetricsF(font).horizontalAdvance(text); };
+    const double before = advance();
+    EXPECT_FALSE(Hits(text, 100, font));
+    EXPECT_TRUE(Hits(text, 100, font));
+    QFontMetricsF(font).horizontalAdvance(QString::fromUtf8("\xF0\x9F\x8C\x8D"));
+    EXPECT_NE(advance(), before) << "it need not be known otherwise";
+    EXPECT_FALSE(Hits(text, 100, font));
+}
+
+TEST_F(CachedFontTest, WhatLoadsAFaceIsNotKeptBeforeItIsLoaded)
+{
+    const QFont font = Font(28);
+    const QString text = QString::fromUtf8("\xE5\x8C\x97");
+    LabelCache::OfThread().Get<Sized>(font, text, {},
+                                      [&]
+                                      {
+                                          QFontMetricsF(font).horizontalAdvance(text);
+                                          return Sized{100, 0};
+                                      });
+    EXPECT_FALSE(Hits(text, 100, font));
+    EXPECT_TRUE(Hits(text, 100, font));
 }
 
 TEST_F(CachedFontTest, IsEmptiedWhenFontsAreAddedToTheProcessOrTakenFromIt)

@@ -10,7 +10,7 @@
 #include <tests/support/Twins.h>
 #include <tests/txpluginqt/text/ExpectedLabel.h>
 #include <txpluginqt/graphics/text/QtLabelOutlines.h>
-#include <txpluginqt/support/GlyphShift.h>
+#include <txpluginqt/support/FontState.h>
 
 #include "CacheSize.h"
 

@@ -4,7 +4,7 @@
 
 #include <QPainter>
 
-#include "Label.h"
+#include "ExpectedLabel.h"
 #include <tests/support/QuietTest.h>
 #include <tests/support/Recorder.h>
 
@@ -31,6 +31,18 @@ protected:
         EXPECT_FALSE(painter.testRenderHint(QPainter::TextAntialiasing));
         EXPECT_TRUE(painter.worldTransform().isIdentity());
         surface->Detach();
+        return device.Calls();
+    }
+
+    /// What the same label drawn directly does there.
+    static std::vector<RecordedCall> DirectCallsFor(const Label& label)
+    {
+        Recorder device;
+        QPainter painter(&device);
+        painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing, false);
+        painter.setPen(QPen(Qt::green, 3.0));
+        painter.setFont(DirectFont(label.font));
+        DrawDirectly(painter, GetParam(), label);
         return device.Calls();
     }
 
@@ -86,6 +98,25 @@ TEST_P(PainterCallsTest, PlainLabelsAreDrawnAsOnePathOrAsAStrokeAndAFill)
         EXPECT_EQ(calls.front().pen, QPen(QBrush(Qt::black), 5));
         EXPECT_EQ(calls.front().brush.style(), Qt::NoBrush);
     }
+}
+
+TEST_P(PainterCallsTest, EveryElementOfAPathReachesADeviceThatIsNoImage)
+{
+    // Rules of marks without a width have lines without length.
+    for (const wchar_t* const text : {L"e\u0301", L"e\u0301\nab", L"\u0301", L"i  ."})
+        for (const wchar_t* const family : {L"No Such Face", L"DejaVu Sans"})
+            for (const int rules : {0, 1, 2, 3})
+            {
+                Label label;
+                label.text = text;
+                label.font.family = family;
+                label.font.underline = (rules & 1) != 0;
+                label.font.strikeOut = (rules & 2) != 0;
+                label.font.haloWidth = 4;
+                // Once for the cache, and once from it.
+                EXPECT_EQ(CallsFor(label), DirectCallsFor(label)) << label;
+                EXPECT_EQ(CallsFor(label), DirectCallsFor(label)) << label;
+            }
 }
 
 TEST_P(PainterCallsTest, RichLabelsAreTextUnlessTheyAreDrawnWithoutFormatting)

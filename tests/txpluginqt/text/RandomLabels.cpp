@@ -33,7 +33,8 @@ FontChoice RandomLabels::NextFont()
     font.bold = Chance(30);
     font.italic = static_cast<TXFont::TXItalicMode>(Int(0, 2));
     font.underline = Chance(20);
-    font.letterSpacing = OneOf<double>({0.0, 0.0, 0.0, 2.5, -3.0});
+    font.strikeOut = Chance(20);
+    font.letterSpacing = OneOf<double>({0.0, 0.0, 0.0, 2.5, -3.0, -30.0});
     font.halo = Chance(50);
     font.haloWidth = OneOf<int>({1, 1, 2, 3, 7});
     const QColor color = NextColor();

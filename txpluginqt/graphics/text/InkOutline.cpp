@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <QByteArray>
+#include <QDataStream>
 #include <QPainter>
 #include <QPainterPathStroker>
 #include <QRect>
@@ -78,25 +80,22 @@ OutlineView InkOutline::View(int first, int count) const
 QPainterPath InkOutline::ToPath() const
 {
     QPainterPath path;
-    path.setFillRule(fillRule);
+    if (points.empty())
+        return path;
+    // Built up by its operations, a path would leave out moves that a move follows and lines without length.
+    QByteArray bytes;
+    QDataStream writer(&bytes, QIODevice::WriteOnly);
+    writer << static_cast<int>(points.size());
+    int lastMove = 0;
     for (std::size_t i = 0; i < points.size(); ++i)
     {
-        switch (kinds[i])
-        {
-        case QPainterPath::MoveToElement:
-            path.moveTo(points[i]);
-            break;
-        case QPainterPath::LineToElement:
-            path.lineTo(points[i]);
-            break;
-        case QPainterPath::CurveToElement:
-            path.cubicTo(points[i], points[i + 1], points[i + 2]);
-            i += 2;
-            break;
-        default:
-            break;
-        }
+        writer << static_cast<int>(kinds[i]) << points[i].x() << points[i].y();
+        if (kinds[i] == QPainterPath::MoveToElement)
+            lastMove = static_cast<int>(i);
     }
+    writer << lastMove << static_cast<int>(fillRule);
+    QDataStream reader(bytes);
+    reader >> path;
     return path;
 }
 

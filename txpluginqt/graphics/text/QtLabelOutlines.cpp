@@ -7,7 +7,7 @@
 #include <QPainterPath>
 
 #include <txpluginqt/graphics/InkReach.h>
-#include <txpluginqt/support/GlyphShift.h>
+#include <txpluginqt/support/FontState.h>
 #include <txpluginqt/support/Numbers.h>
 
 namespace
@@ -55,6 +55,7 @@ QtLabelOutlines::QtLabelOutlines(const QFont& font, const QString& text, const s
     {
         QPainterPath path;
         path.setFillRule(fillRule);
+        LoadFacesOfSmallCapitals(font, text);
         for (const PlacedText& piece : pieces)
             path.addText(piece.origin, font, piece.text);
         // Qt may have loaded glyphs meanwhile.
