@@ -49,6 +49,9 @@ public:
 
     /// Loads a backend plugin and keeps its engine here, in place of one that was here before.
     ///
+    /// A host that makes a Qt application object of its own does so before it loads a plugin: the first engine of a
+    /// process without one makes one that lasts, and Qt allows a process no second one.
+    ///
     /// The engine's own name leads to this manager from then on. If another manager has that name already, that one
     /// gets the engine, and becomes current if this one is.
     /// @param plugin a path, which holds a "/", or a name such as "txpluginqt", which is looked up as

@@ -136,8 +136,8 @@ Extent QtBlockExtentInWholeUnits(QString label, const QFont& font)
 
 struct TXFontQT::KeptMetrics
 {
-    KeptMetrics(const QFont& measured, unsigned generation, quint64 substitutes)
-        : font(measured), dotsPerInch(DotsPerInch(measured)), substitutes(substitutes), generation(generation)
+    KeptMetrics(const QFont& measured, unsigned generation)
+        : font(measured), dotsPerInch(DotsPerInch(measured)), generation(generation)
     {
         const QFontMetricsF metrics(font);
         exact = {0.0, metrics.height(), metrics.ascent(), metrics.descent()};
@@ -147,7 +147,6 @@ struct TXFontQT::KeptMetrics
 
     QFont font;
     int dotsPerInch;
-    quint64 substitutes;
     unsigned generation;
     Extent exact;
     Extent whole;
@@ -325,12 +324,11 @@ double TXFontQT::GetMaxCharWidthOfText(const TXString& text, bool useQt) const
 const TXFontQT::KeptMetrics& TXFontQT::Metrics() const
 {
     const unsigned generation = LabelCache::FontGeneration();
-    const quint64 substitutes = SubstitutesHash(*Font(), false);
+    // While the font is there, Qt does not look at substitutes again.
     const bool isKept = keptMetrics && keptMetrics->generation == generation &&
-                        keptMetrics->substitutes == substitutes && keptMetrics->dotsPerInch == DotsPerInch(*Font()) &&
-                        keptMetrics->font == *Font();
+                        keptMetrics->dotsPerInch == DotsPerInch(*Font()) && keptMetrics->font == *Font();
     if (!isKept)
-        keptMetrics = std::make_shared<const KeptMetrics>(*Font(), generation, substitutes);
+        keptMetrics = std::make_shared<const KeptMetrics>(*Font(), generation);
     return *keptMetrics;
 }
 

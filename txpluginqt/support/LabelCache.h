@@ -56,8 +56,7 @@ public:
         if (const std::shared_ptr<const void>* const kept = Find(key, hash))
             return std::static_pointer_cast<const T>(*kept);
         auto made = std::make_shared<const T>(make());
-        // What has loaded a face may be another value next time.
-        if (isLasting() && LoadedFaces(font) == key.loadedFaces && !UsesBitmapFace(font, text))
+        if (isLasting() && !UsesBitmapFace(font, text))
             Keep(std::move(key), hash, made, made->Bytes());
         return made;
     }

@@ -209,20 +209,6 @@ TEST_F(CachedFontTest, FacesThatAreLoadedForOneTextMayChangeAnother)
     EXPECT_FALSE(Hits(text, 100, font));
 }
 
-TEST_F(CachedFontTest, WhatLoadsAFaceIsNotKeptBeforeItIsLoaded)
-{
-    const QFont font = Font(28);
-    const QString text = QString::fromUtf8("\xE5\x8C\x97");
-    LabelCache::OfThread().Get<Sized>(font, text, {},
-                                      [&]
-                                      {
-                                          QFontMetricsF(font).horizontalAdvance(text);
-                                          return Sized{100, 0};
-                                      });
-    EXPECT_FALSE(Hits(text, 100, font));
-    EXPECT_TRUE(Hits(text, 100, font));
-}
-
 TEST_F(CachedFontTest, IsEmptiedWhenFontsAreAddedToTheProcessOrTakenFromIt)
 {
     ASSERT_FALSE(Hits("a"));

@@ -45,6 +45,26 @@ TEST_F(CairoFontMarkerTest, TheFaceIsSelectedAnewOnlyForAnotherName)
     EXPECT_TRUE(SameAsDirect());
 }
 
+TEST_F(CairoFontMarkerTest, AfterSetFontNameAloneAMarkerDrawsInTheOldFace)
+{
+    ASSERT_TRUE(SameAsDirect());
+    const QImage old = twins.Actual().copy();
+    twins.Font().SetFontName(L"DejaVu Serif");
+    twins.Wipe();
+    const auto draw = [&]
+    {
+        return twins.Surface().FontMarker(symbol.x, symbol.y, symbol.width, symbol.height, symbol.angle,
+                                          TXString(L"DejaVu Serif"), symbol.character);
+    };
+    // The font has the marker's name already, so that the face is not selected.
+    EXPECT_TRUE(draw());
+    EXPECT_TRUE(SamePixels(twins.Actual(), old));
+    twins.Surface().SelectFont(&twins.Font());
+    twins.Wipe();
+    EXPECT_TRUE(draw());
+    EXPECT_NE(twins.Actual(), old);
+}
+
 TEST_F(CairoFontMarkerTest, AnEmptyNameSelectsTheDefaultFaceAndKeepsTheFonts)
 {
     symbol.fontName.clear();

@@ -2,6 +2,7 @@
 #include <tests/txpluginqt/cairo/Entries.h>
 #include <tests/txpluginqt/graphics/RandomCases.h>
 
+#include "CairoSpy.h"
 #include "CairoSymbols.h"
 
 using namespace TZObjects;
@@ -36,6 +37,32 @@ TEST_F(CairoMarkersAndLabelsTest, ALabelAfterAFontMarkerHasItsFaceAndTheFontsSiz
         DrawLabel(entry);
         EXPECT_TRUE(twins.SameAndInked()) << entry;
     }
+}
+
+TEST_F(CairoMarkersAndLabelsTest, AreTurnedByTheAngleTimesPiThroughADivisionBy180)
+{
+    // In another order the last bit of the radians is another one.
+    int differing = 0;
+    for (int i = 1; i < 200; ++i)
+    {
+        const double angle = i * 0.37;
+        const double radians = angle * 3.141592653589793 / 180;
+        differing += radians != angle * (3.141592653589793 / 180);
+        call.angle = symbol.angle = angle + 1.0;
+        const double expected = call.angle * 3.141592653589793 / 180;
+        for (const Entry& entry : kEntries)
+        {
+            // This one is turned by whole degrees.
+            if (&entry == &kFontAngleEntry)
+                continue;
+            EXPECT_TRUE(entry.draw(twins.Surface(), call));
+            EXPECT_EQ(LastRotation(), expected) << entry;
+        }
+        EXPECT_TRUE(twins.Surface().FontMarker(symbol.x, symbol.y, symbol.width, symbol.height, symbol.angle,
+                                               TXString(symbol.fontName), symbol.character));
+        EXPECT_EQ(LastRotation(), expected);
+    }
+    EXPECT_GE(differing, 20);
 }
 
 TEST_F(CairoMarkersAndLabelsTest, InAnyOrderAreDrawnAsCairoDrawsThem)

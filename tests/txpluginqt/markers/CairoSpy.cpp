@@ -14,6 +14,7 @@ std::map<const unsigned char*, cairo_t*>& Contexts()
 }
 
 bool failing = false;
+double lastRotation = 0.0;
 
 template <class Function>
 Function* CairosOwn(Function*, const char* name)
@@ -40,6 +41,15 @@ extern "C" Q_DECL_EXPORT cairo_status_t cairo_scaled_font_text_to_glyphs(
         return CAIRO_STATUS_INVALID_STRING;
     return convert(font, x, y, utf8, length, glyphs, glyphCount, clusters, clusterCount, clusterFlags);
 }
+
+extern "C" Q_DECL_EXPORT void cairo_rotate(cairo_t* context, double radians)
+{
+    static auto* const rotate = CairosOwn(&cairo_rotate, "cairo_rotate");
+    lastRotation = radians;
+    rotate(context, radians);
+}
+
+double LastRotation() { return lastRotation; }
 
 cairo_t* ContextOver(const QImage& image)
 {

@@ -1,6 +1,7 @@
 #include "ResourceTest.h"
 
 #include <QFont>
+#include <QGuiApplication>
 
 using namespace TZObjects;
 
@@ -67,10 +68,21 @@ TEST_F(FontLifecycleTest, TheNameReachesEachNewFont)
         font->SetFontName(name);
         EXPECT_TRUE(NamesItsFamily()) << "though the name is the same";
     }
-    // A font that a host has put in its place.
-    QtFont() = QFont();
-    font->SetFontName(font->GetFontName());
+}
+
+TEST_F(FontLifecycleTest, TheNameReachesAFontThatHasItOnlyFromTheApplication)
+{
+    const QFont before = QGuiApplication::font();
+    QGuiApplication::setFont(QFont("DejaVu Serif"));
+    font->Create();
+    font->SetFontName(L"DejaVu Serif");
+    font->Delete();
+    font->Create();
+    EXPECT_EQ(QtFont().family(), "DejaVu Serif");
+    EXPECT_FALSE(NamesItsFamily());
+    font->SetFontName(L"DejaVu Serif");
     EXPECT_TRUE(NamesItsFamily());
+    QGuiApplication::setFont(before);
 }
 
 TEST_F(FontLifecycleTest, AnEmptyFontAnswersNeutralValues)

@@ -1,5 +1,6 @@
 // What a picture does not show: the calls that reach a paint engine, recorded on a device of the test's own.
 #include <cmath>
+#include <random>
 #include <vector>
 
 #include <QPainter>
@@ -117,6 +118,25 @@ TEST_P(PainterCallsTest, EveryElementOfAPathReachesADeviceThatIsNoImage)
                 EXPECT_EQ(CallsFor(label), DirectCallsFor(label)) << label;
                 EXPECT_EQ(CallsFor(label), DirectCallsFor(label)) << label;
             }
+}
+
+TEST_P(PainterCallsTest, AnchorsAreAddedUpInTheirOrder)
+{
+    // Transforms and points are compared to the last bit.
+    std::mt19937 random(11);
+    std::uniform_real_distribution<double> real(-3.0, 6.0);
+    for (int i = 0; i < 300; ++i)
+    {
+        Label label;
+        label.text = i % 2 ? L"a\nbb\nccc\ndddd\neeeee" : L"<BOL>a</BOL>\nbb";
+        label.font.height = 9 + i % 20;
+        label.hAlign = 1 + i % 3;
+        for (double Label::*const member :
+             {&Label::x, &Label::y, &Label::left, &Label::right, &Label::top, &Label::dx, &Label::dy, &Label::scale,
+              &Label::lineSpacing, &Label::columnSpacing, &Label::charSpacing})
+            label.*member = real(random);
+        ASSERT_EQ(CallsFor(label), DirectCallsFor(label)) << label;
+    }
 }
 
 TEST_P(PainterCallsTest, RichLabelsAreTextUnlessTheyAreDrawnWithoutFormatting)

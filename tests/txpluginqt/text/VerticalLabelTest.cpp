@@ -77,22 +77,6 @@ TEST_F(VerticalLabelTest, TheStepIsTheAscentAndTheCharacterSpacing)
     }
 }
 
-TEST_F(VerticalLabelTest, TheWidthIsAddedUpInItsOrder)
-{
-    // Added up in another order, the last bit moves the label by 1/64 of a pixel.
-    label.text = L"a\nbb\nccc\ndddd\neeeee";
-    label.columnSpacing = 3.0;
-    label.x = label.y = label.left = label.top = 4.0;
-    for (const double spacing : {3.0, 0.1, 2.7})
-        for (int height = 9; height < 30; ++height)
-            for (const Entry entry : kVerticals)
-            {
-                label.columnSpacing = spacing;
-                label.font.height = height;
-                EXPECT_TRUE(SameAsDirect(entry, label)) << height;
-            }
-}
-
 TEST_F(VerticalLabelTest, NegativeWidthsCount)
 {
     label.font.letterSpacing = -40.0;
