@@ -3,8 +3,8 @@
 
 #include <QImage>
 
-#include <txpluginqt/graphics/FastScaling.h>
 #include <txpluginqt/graphics/ImageClip.h>
+#include <txpluginqt/graphics/ScaledImage.h>
 #include <txpluginqt/support/Conversions.h>
 #include <txpluginqt/support/Images.h>
 
@@ -153,8 +153,8 @@ bool TXGraphicsQT::DrawImage(const TXRect& dst, TXImage* source, const TXRect& s
             const QImage crop = Cropped(pixels, placement);
             const QRect target(corner.toPoint(), placement.ScaledSize());
             if (!crop.isNull() && !placement.KeepsSize() && target.topLeft() == corner &&
-                ScalesAlikeInPlace(p, crop, target))
-                DrawScaledInPlace(p, crop, target);
+                CanDrawScaled(p, crop, target))
+                DrawScaled(p, crop, target);
             else
                 p.drawImage(corner, Scaled(crop, placement, Qt::FastTransformation));
         });
