@@ -33,34 +33,12 @@ void AppendWide(std::wstring& text, code_point c)
     text += static_cast<wchar_t>(c);
 }
 
-std::wstring FromUtf8(const char* utf8)
-{
-    std::wstring text;
-    if (!utf8)
-        return text;
-    const char* const end = utf8 + std::strlen(utf8);
-    while (utf8 != end)
-    {
-        const char* const start = utf8;
-        const code_point c = Utf8::decode(utf8, end);
-        if (boost::locale::utf::is_valid_codepoint(c))
-        {
-            AppendWide(text, c);
-            continue;
-        }
-        AppendWide(text, kReplacement);
-        // The decoder also takes the character that cut the sequence short.
-        utf8 = start + 1;
-        while (utf8 != end && Utf8::is_trail(*utf8))
-            ++utf8;
-    }
-    return text;
-}
+std::size_t LengthOf(const char* text) { return text ? std::strlen(text) : 0; }
 
 } // namespace
 
 TXString::TXString() = default;
-TXString::TXString(const char* utf8) : units(FromUtf8(utf8)) {}
+TXString::TXString(const char* utf8) : units(FromUtf8(utf8, LengthOf(utf8))) {}
 TXString::TXString(const wchar_t* text) : units(text ? text : L"") {}
 TXString::TXString(const std::wstring& text) : units(text) {}
 TXString::TXString(const TXString& other) = default;
@@ -77,7 +55,7 @@ TXString& TXString::operator=(const std::wstring& text)
 
 TXString& TXString::operator=(const char* utf8)
 {
-    units = FromUtf8(utf8);
+    units = FromUtf8(utf8, LengthOf(utf8));
     return *this;
 }
 
@@ -86,6 +64,28 @@ TXString& TXString::operator=(const wchar_t* text)
     // A copy first: the pointer may come from this very text.
     units = std::wstring(text ? text : L"");
     return *this;
+}
+
+std::wstring TXString::FromUtf8(const char* utf8, std::size_t size)
+{
+    std::wstring text;
+    const char* const end = utf8 + size;
+    while (utf8 != end)
+    {
+        const char* const start = utf8;
+        const code_point c = Utf8::decode(utf8, end);
+        if (boost::locale::utf::is_valid_codepoint(c))
+        {
+            AppendWide(text, c);
+            continue;
+        }
+        AppendWide(text, kReplacement);
+        // The decoder also takes the character that cut the sequence short.
+        utf8 = start + 1;
+        while (utf8 != end && Utf8::is_trail(*utf8))
+            ++utf8;
+    }
+    return text;
 }
 
 bool TXString::isEmpty() const { return units.empty(); }

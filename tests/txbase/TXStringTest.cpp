@@ -53,6 +53,27 @@ TEST(TXString, ConvertsFromLiteralsWhereATextIsExpected)
     EXPECT_TRUE((std::is_convertible_v<const char*, TXString>));
     EXPECT_TRUE((std::is_convertible_v<const wchar_t*, TXString>));
     EXPECT_TRUE((std::is_convertible_v<std::wstring, TXString>));
+    EXPECT_TRUE((std::is_convertible_v<std::string, TXString>));
+}
+
+TEST(TXString, TakesNarrowStrings)
+{
+    const std::string narrow = "Main St";
+    EXPECT_EQ(TXString(narrow).toStdWString(), L"Main St");
+    EXPECT_EQ(TXString(std::string("Main St")).toStdWString(), L"Main St");
+    EXPECT_TRUE(TXString(std::string()).isEmpty());
+    EXPECT_EQ(TXString(std::string("a\0b", 3)).toStdWString(), kWithNul);
+    EXPECT_TRUE(TXString(L"Main St") == narrow);
+    EXPECT_TRUE(narrow != TXString(L"Main Street"));
+}
+
+TEST(TXString, ReadsABracedListAsWideText)
+{
+    EXPECT_EQ(TXString({L'a', L'b'}).toStdWString(), L"ab");
+    EXPECT_EQ(TXString({'a', 'b'}).toStdWString(), L"ab");
+    TXString text;
+    text = {L'a', L'b'};
+    EXPECT_EQ(text.toStdWString(), L"ab");
 }
 
 TEST(TXString, ReadsNullPointersAsTheEmptyText)
@@ -148,6 +169,11 @@ TEST(TXString, AssignsFromEveryKindOfText)
     EXPECT_EQ(text.toStdWString(), L"wide");
     EXPECT_EQ(&(text = std::wstring(L"string")), &text);
     EXPECT_EQ(text.toStdWString(), L"string");
+    const std::string narrow = "narrow string";
+    EXPECT_EQ(&(text = narrow), &text);
+    EXPECT_EQ(text.toStdWString(), L"narrow string");
+    text = std::string("a\0b", 3);
+    EXPECT_EQ(text.toStdWString(), kWithNul);
     const TXString other(L"other");
     EXPECT_EQ(&(text = other), &text);
     EXPECT_EQ(text.toStdWString(), L"other");

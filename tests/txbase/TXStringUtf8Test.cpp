@@ -24,7 +24,13 @@ std::string Utf8(std::initializer_list<unsigned int> units)
     return TXString(wide).toUTF8();
 }
 
-std::wstring Wide(const std::string& utf8) { return TXString(utf8.c_str()).toStdWString(); }
+/// A string and its bytes up to the NUL must read the same.
+std::wstring Wide(const std::string& utf8)
+{
+    const std::wstring wide = TXString(utf8).toStdWString();
+    EXPECT_EQ(TXString(utf8.c_str()).toStdWString(), wide);
+    return wide;
+}
 
 /// How many malformed sequences one run of broken bytes counts as is a matter of taste. What surrounds them must
 /// survive, something must show that they were there, and there cannot be more of it than there were bytes.
