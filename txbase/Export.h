@@ -1,5 +1,6 @@
 /// @file
-/// Marks what a shared library of this system exports; everything else in it is hidden.
+/// Export marker of the library txbase, whose other symbols are hidden.
 #pragma once
 
+/// Exports a class or function of txbase.
 #define TXBASE_API __attribute__((visibility("default")))

@@ -5,42 +5,48 @@
 namespace TZObjects
 {
 
-/// A colour of four 8-bit channels, not premultiplied. Alpha 0 is transparent, 255 opaque.
+/// A colour of four 8-bit channels: red, green, blue and alpha. The channels are not premultiplied.
 ///
-/// The packed form is 0xAARRGGBB: alpha in bits 24 to 31, red 16 to 23, green 8 to 15, blue 0 to 7.
+/// The packed form is 0xAARRGGBB: alpha in bits 24 to 31, red in 16 to 23, green in 8 to 15, blue in 0 to 7.
 class TXBASE_API TXColor
 {
 public:
-    /// Opaque black.
+    /// Makes opaque black, the default colour.
     constexpr TXColor() noexcept = default;
-    /// From channels; each is clamped to 0 to 255.
+    /// Makes a colour from channels. A number below 0 counts as 0, one above 255 as 255.
+    /// @param r,g,b red, green and blue.
+    /// @param a alpha, from 0 (transparent) to 255 (opaque).
     constexpr TXColor(int r, int g, int b, int a) noexcept
         : red(Channel(r)), green(Channel(g)), blue(Channel(b)), alpha(Channel(a))
     {
     }
-    /// From the packed form. Without @p withAlpha the alpha byte is ignored and the colour is opaque.
+    /// Makes a colour from the packed form.
+    /// @param value the packed form, 0xAARRGGBB.
+    /// @param withAlpha takes alpha from @p value; otherwise the colour is opaque.
     constexpr TXColor(unsigned int value, bool withAlpha) noexcept
         : red(Byte(value, 16)), green(Byte(value, 8)), blue(Byte(value, 0)), alpha(withAlpha ? Byte(value, 24) : 255)
     {
     }
+    /// Copies all four channels.
     TXColor(const TXColor&) = default;
+    /// Copies all four channels.
     TXColor& operator=(const TXColor&) = default;
     virtual ~TXColor();
 
-    /// The red channel, 0 to 255.
+    /// Returns red, 0 to 255.
     unsigned char getR() const noexcept { return red; }
-    /// The green channel, 0 to 255.
+    /// Returns green, 0 to 255.
     unsigned char getG() const noexcept { return green; }
-    /// The blue channel, 0 to 255.
+    /// Returns blue, 0 to 255.
     unsigned char getB() const noexcept { return blue; }
-    /// The alpha channel, 0 (transparent) to 255 (opaque).
+    /// Returns alpha, from 0 (transparent) to 255 (opaque).
     unsigned char getA() const noexcept { return alpha; }
 
-    /// The packed form 0xAARRGGBB.
+    /// Returns the packed form, 0xAARRGGBB.
     unsigned int GetColor() const noexcept { return getRGB(true); }
-    /// The packed form; without @p withAlpha the alpha byte is 0.
+    /// Returns the packed form. Without @p withAlpha its alpha byte is 0.
     unsigned int getRGB(bool withAlpha) const noexcept;
-    /// Takes the channels of a packed value; without @p withAlpha this colour keeps its own alpha.
+    /// Sets the channels from the packed form @p value. Without @p withAlpha this colour keeps its alpha.
     void setColor(unsigned int value, bool withAlpha) noexcept;
 
     static const TXColor BLACK_; ///< Opaque black.

@@ -5,10 +5,11 @@
 namespace TZObjects
 {
 
-/// A mutex. It is not recursive: a thread that holds it must not take it again.
+/// A mutex, which a `TXScopedLock` takes. It is not recursive: a thread that holds it must not take it again.
 class TXLock
 {
 public:
+    /// Makes a free mutex.
     TXLock() = default;
     TXLock(const TXLock&) = delete;
     TXLock& operator=(const TXLock&) = delete;
@@ -18,11 +19,11 @@ private:
     std::mutex mutex;
 };
 
-/// Holds a `TXLock` from construction to destruction.
+/// Takes a `TXLock` and frees it at the end of the scope.
 class TXScopedLock
 {
 public:
-    /// Waits until @p lock is free and takes it. The lock must outlive this guard.
+    /// Waits until @p lock is free, then takes it. The lock must outlive this guard.
     explicit TXScopedLock(TXLock& lock) : guard(lock.mutex) {}
     TXScopedLock(const TXScopedLock&) = delete;
     TXScopedLock& operator=(const TXScopedLock&) = delete;

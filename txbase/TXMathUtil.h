@@ -8,22 +8,20 @@
 namespace TZObjects
 {
 
-/// Static geometry helpers.
+/// Geometry helpers.
 class TXBASE_API TXMathUtil
 {
 public:
-    /// Flattens the smooth curve that runs through all of the given points, in order, into a polyline.
+    /// Flattens a smooth curve through the given points into a polyline.
     ///
-    /// The curve is a Catmull-Rom spline, whose end points stand in for the neighbours that they lack. The polyline
-    /// starts at the first point, passes through every other one and ends at the last, so one point gives that point
-    /// alone.
-    /// @param points the points that the curve passes through; they are not written to. Null gives nothing.
-    /// @param count how many; below 1 gives nothing.
-    /// @param out the polyline is appended here; what it held before is kept.
-    /// @param tolerance the farthest that the curve may lie from the polyline, in the units of the points; 0 or less,
-    /// or
-    ///        NaN, means 0.1, a tenth of a pixel. Each stretch between two points gets at most 1,024 segments, whatever
-    ///        the tolerance asks for.
+    /// The curve is a Catmull-Rom spline. It lacks a neighbour at each end, where the end point itself stands in. The
+    /// polyline starts at the first point, passes through every other point in order and ends at the last. One point
+    /// gives that point alone.
+    /// @param points the points of the curve; they are not changed. Null gives nothing.
+    /// @param count the number of points; less than 1 gives nothing.
+    /// @param out receives the polyline behind what it already holds.
+    /// @param tolerance the greatest distance between curve and polyline, in the units of the points. NaN and numbers
+    /// up to 0 mean 0.1, a tenth of a pixel. No stretch between two points gets more than 1,024 segments.
     static void CurveToPolyline(TXPoint* points, int count, std::vector<TXPoint>& out, double tolerance);
 };
 

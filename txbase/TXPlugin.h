@@ -6,16 +6,17 @@
 namespace TZObjects
 {
 
-/// Base of the object that a loadable plugin hands to its host.
+/// The object that a loadable plugin hands to its host. A plugin derives from it and overrides what it needs.
 class TXBASE_API TXPlugin : public TXRefBase
 {
 public:
     ~TXPlugin() override;
-    /// Called by the host once after loading. Does nothing unless a plugin overrides it.
+    /// Prepares the plugin. The host calls it once after loading; an exception makes the loading fail. The default does
+    /// nothing.
     virtual void InitPlugin();
-    /// Called by the host before it lets go of the plugin. Does nothing unless a plugin overrides it.
+    /// Announces that the host lets go of the plugin. The host ignores an exception. The default does nothing.
     virtual void UnloadPlugin();
-    /// True when the object lives in a library that was loaded at run time, which is what plugins do by default.
+    /// Returns true when the plugin's code lives in a library that was loaded at run time, which is the default.
     virtual bool IsDll();
 };
 

@@ -3,14 +3,14 @@
 namespace TZObjects
 {
 
-/// A position: x to the right and y downward, in the units of the surface unless an operation says otherwise.
+/// A position: x to the right, y downward, in the units of the surface unless an operation names others.
 ///
-/// Nothing but the two coordinates is stored, so that an array of points is a plain array of x, y pairs, which drawing
-/// backends read in place.
+/// A point holds its two coordinates and nothing else. Backends read an array of points in place, as pairs of doubles.
 struct TXPoint
 {
-    /// The origin.
+    /// Makes the origin.
     constexpr TXPoint() = default;
+    /// Makes a point from its coordinates.
     constexpr TXPoint(double x, double y) : x(x), y(y) {}
 
     double x = 0.0; ///< Distance from the origin to the right.

@@ -5,24 +5,25 @@
 namespace TZObjects
 {
 
-/// A rectangle by its edges, in the order left, right, top, bottom.
+/// A rectangle, given by its edges in the order left, right, top, bottom.
 ///
-/// Mind the order: an image of width w and height h covers `TXRect(0, w, 0, h)`. Nothing is normalised; a rectangle
-/// whose right lies left of its left has a negative width.
+/// The order is not that of position and size: an image of width w and height h covers `TXRect(0, w, 0, h)`. The edges
+/// stay as they are given. When the right edge lies left of the left one, the width is negative.
 struct TXRect
 {
-    /// The empty rectangle at the origin.
+    /// Makes the empty rectangle at the origin.
     constexpr TXRect() = default;
+    /// Makes a rectangle from its edges.
     constexpr TXRect(double left, double right, double top, double bottom)
         : left(left), right(right), top(top), bottom(bottom)
     {
     }
 
-    /// right - left.
+    /// Returns right - left.
     constexpr double Width() const { return right - left; }
-    /// bottom - top.
+    /// Returns bottom - top.
     constexpr double Height() const { return bottom - top; }
-    /// True when the two have no point in common. Rectangles are closed: touching ones are not disjoint.
+    /// Returns true when the rectangles share no point. Edges belong to a rectangle: touching ones share points.
     constexpr bool Disjoint(const TXRect& other) const
     {
         return other.left > right || other.right < left || other.top > bottom || other.bottom < top;
@@ -36,9 +37,9 @@ struct TXRect
 
 static_assert(sizeof(TXRect) == 4 * sizeof(double), "backends read left and top as the first and third field");
 
-/// True when all four edges are equal.
+/// Returns true when all four edges are equal.
 TXBASE_API bool operator==(const TXRect& a, const TXRect& b);
-/// True when an edge differs.
+/// Returns true when an edge differs.
 TXBASE_API bool operator!=(const TXRect& a, const TXRect& b);
 
 } // namespace TZObjects

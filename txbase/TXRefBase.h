@@ -7,24 +7,26 @@
 namespace TZObjects
 {
 
-/// Base of every reference-counted object.
+/// An object that counts the references to it. Every surface, resource and engine is one.
 ///
-/// The count starts at 0: a factory hands out a raw pointer without a reference, and the caller takes ownership by
-/// putting it into a `TXRefPtr`. The count is atomic, so that references to one object may be dropped on any thread;
-/// the object itself gives no promise beyond that.
+/// The count starts at 0. A factory returns a raw pointer without a reference; put it into a `TXRefPtr`, which owns it
+/// from then on. The count is atomic: any thread may take and drop references. All other use of an object belongs to
+/// one thread at a time.
 class TXBASE_API TXRefBase
 {
 public:
+    /// Makes an object without references.
     TXRefBase() noexcept = default;
-    /// A copy is an object of its own: its count starts at 0, whatever the source's is.
+    /// Makes an object without references, whatever the count of the source is.
     TXRefBase(const TXRefBase&) noexcept {}
-    /// The target keeps its own count.
+    /// Keeps this object's own count.
     TXRefBase& operator=(const TXRefBase&) noexcept { return *this; }
     virtual ~TXRefBase();
 
     /// Takes a reference.
     void AddRef() noexcept;
-    /// Drops a reference and destroys the object when none is left; one that never had a reference is destroyed too.
+    /// Drops a reference, and destroys the object when none is left. An object that never had a reference is destroyed
+    /// as well.
     /// @return true when this call destroyed the object.
     bool Release() noexcept;
 

@@ -1,5 +1,5 @@
 /// @file
-/// Everything of txbase, the value types that host and backends share.
+/// Includes all of txbase: the value types that host and backends share.
 #pragma once
 
 #include <txbase/TXColor.h>
