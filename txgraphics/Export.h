@@ -1,5 +1,6 @@
 /// @file
-/// Marks what the graphics library exports; everything else in it is hidden.
+/// Export marker of the library txgraphics, whose other symbols are hidden.
 #pragma once
 
+/// Exports a class or function of txgraphics.
 #define TXGRAPHICS_API __attribute__((visibility("default")))

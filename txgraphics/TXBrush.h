@@ -10,49 +10,51 @@ namespace TZObjects
 
 class TXImage;
 
-/// The brush that fills shapes: a colour, a hatch in a colour, or a repeated image.
+/// The brush that fills shapes: with a colour, with hatching, or with a repeated image.
 ///
-/// A brush is empty until `Create`. On an empty brush setters do nothing and getters answer neutral values. A surface
-/// copies the brush when it is selected; later changes reach the surface when the brush is selected again.
+/// A brush is empty until `Create`. On an empty brush setters do nothing and getters return neutral values. A surface
+/// copies the brush in `TXGraphics::SelectBrush`. To apply a later change, select the brush again.
 class TXGRAPHICS_API TXBrush : public TXRefBase
 {
 public:
-    /// What the brush covers an area with.
+    /// How a brush covers an area.
     enum BrushStyle : int
     {
         SolidBrush = 1,      ///< The colour.
         HorizontalHatch = 2, ///< Horizontal lines.
         VerticalHatch = 3,   ///< Vertical lines.
         CrossHatch = 4,      ///< Horizontal and vertical lines.
-        TextureBrush = 5     ///< A repeated image; reported by `GetStyle`, not accepted by `Create`.
+        TextureBrush = 5     ///< A repeated image. `GetStyle` returns it; `Create` takes it for `SolidBrush`.
     };
 
     TXBrush();
     ~TXBrush() override;
 
-    /// Makes the brush afresh. The texture image, if there is one, stays referenced.
+    /// Makes the brush anew. It keeps its reference to a texture image, but does not fill with it.
     /// @param color the colour, alpha included.
-    /// @param style 1 to 4; every other value gives `SolidBrush`.
-    /// @return true.
+    /// @param style 1 to 4; any other number gives `SolidBrush`.
+    /// @return true, also when memory is short; the brush is empty then.
     virtual bool Create(const TXColor& color, BrushStyle style) = 0;
-    /// Empties the brush; the texture image stays referenced. @return true, also when it was empty.
+    /// Empties the brush. It keeps its reference to a texture image. @return true, also when the brush was empty.
     virtual bool Delete() = 0;
-    /// The style; `SolidBrush` for an empty brush and for everything that has no member of its own.
+    /// Returns the style. An empty brush, and one without a style of this enumeration, returns `SolidBrush`.
     virtual BrushStyle GetStyle() = 0;
     /// Sets the colour, alpha included, and keeps the style.
     virtual void SetColor(const TXColor& color) = 0;
-    /// The colour; the default colour for an empty brush.
+    /// Returns the colour; opaque black for an empty brush.
     virtual TXColor GetColor() = 0;
-    /// The image given to `SetTextureImage` last; null if there was none.
+    /// Returns the image of the last `SetTextureImage`, or null. The lower-case name is kept for compatibility.
     virtual TXRefPtr<TXImage> textureImage() const = 0;
-    /// Fills with repetitions of @p image, as its pixels are now, from the surface's origin on, and holds a reference
-    /// to it. Null, an image without pixels, or an empty brush: nothing happens.
+    /// Fills with repetitions of an image, laid from the surface's origin. The brush copies the pixels as they are now
+    /// and keeps a reference to the image. Nothing changes on an empty brush.
+    /// @param image the image. One without pixels makes a brush that fills nothing. Null, an absent image, or an
+    /// indexed image without a colour table changes nothing.
     virtual void SetTextureImage(TXRefPtr<TXImage> image) = 0;
-    /// The backend's brush object, owned by this brush; null while the brush is empty.
+    /// Returns the backend's brush object, which this brush owns; null while the brush is empty.
     virtual void* GetInternalObject();
 
 protected:
-    void* internalObject = nullptr; ///< The backend's brush object; the backend class owns it.
+    void* internalObject = nullptr; ///< The backend's brush object. The backend's class owns it.
 };
 
 } // namespace TZObjects

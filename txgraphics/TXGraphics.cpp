@@ -1,39 +1,10 @@
 #include <txgraphics/TXGraphics.h>
 
-#include <limits>
-
 namespace TZObjects
 {
-namespace
-{
-
-/// Truncates toward zero; NaN gives 0 and what is out of range saturates, where a plain conversion is undefined.
-int Truncated(double value)
-{
-    constexpr double lowest = std::numeric_limits<int>::min();
-    constexpr double largest = std::numeric_limits<int>::max();
-    if (value != value)
-        return 0;
-    if (value <= lowest)
-        return std::numeric_limits<int>::min();
-    if (value >= largest)
-        return std::numeric_limits<int>::max();
-    return static_cast<int>(value);
-}
-
-} // namespace
 
 TXGraphics::TXGraphics() = default;
 TXGraphics::~TXGraphics() = default;
-
-void TXGraphics::SetTextHorizAlign(int align) { textHorizAlign = align; }
-void TXGraphics::SetTextVertAlign(int align) { textVertAlign = align; }
-int TXGraphics::GetTextHorizAlign() const { return textHorizAlign; }
-int TXGraphics::GetTextVertAlign() const { return textVertAlign; }
-void TXGraphics::SetBackGoundColor(const TXColor& color) { backgroundColor = color; }
-TXColor TXGraphics::GetBackGoundColor() { return backgroundColor; }
-
-TXPoint TXGraphics::SetWindowOrg(TXPoint origin) { return SetWindowOrg(Truncated(origin.x), Truncated(origin.y)); }
 
 bool TXGraphics::Line(TXPoint from, TXPoint to) { return Line(from.x, from.y, to.x, to.y); }
 

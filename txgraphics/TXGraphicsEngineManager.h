@@ -12,64 +12,79 @@
 namespace TZObjects
 {
 
-/// The registry of graphics engines: loads backend plugins and carries the settings that backends read.
+/// The registry of graphics engines: it loads backend plugins and holds the settings that backends read.
 ///
-/// There is one manager for each engine name and one current manager, whose settings apply to what is created from then
-/// on. Until something else is made current, that is the manager which a process starts with. Managers live until the
-/// process ends. Settings may be read and changed on any thread; load and unload plugins on one thread at a time.
+/// There is one manager for each engine name, and one of them is current. The settings of the current manager apply to
+/// what is made from then on. The process starts with a manager that is current until another one is made so. Managers
+/// live until the process ends.
+///
+/// **Threads.** Any thread may read and change settings. Load and unload plugins on one thread at a time.
 class TXGRAPHICS_API TXGraphicsEngineManager
 {
 public:
-    /// The manager of the engine with that name, made on first request with the settings of the current one; "" gives
-    /// the current manager. Never null, and the same object for the same name for ever.
+    /// Returns the manager of an engine. The first request for a name makes its manager, with the settings of the
+    /// current one.
+    /// @param name the engine's name; "" stands for the current manager.
+    /// @return the manager, never null. The same name gives the same manager for as long as the process lives.
     static TXGraphicsEngineManager* instance(const TXString& name);
-    /// Makes the manager of that name the current one; "" changes nothing.
+    /// Makes a manager the current one.
+    /// @param name the engine's name; "" changes nothing.
     static void SetCurrent(const TXString& name);
 
     TXGraphicsEngineManager(const TXGraphicsEngineManager&) = delete;
     TXGraphicsEngineManager& operator=(const TXGraphicsEngineManager&) = delete;
 
-    /// Whether surfaces start antialiased when they get a target. On unless switched off.
+    /// Returns true when surfaces are antialiased by default.
     bool AntialiasingEnabled() const;
+    /// Switches the default of antialiasing; it is on in the beginning. A surface reads it when it selects or makes its
+    /// target. A surface that was made on an image is never antialiased by default.
     void EnableAntialiasing(bool on);
-    /// Whether new surfaces draw labels through cairo and new fonts can measure for it. Off unless switched on.
+    /// Returns true when labels go through cairo by default.
     bool CairoDrawingEnabled() const;
+    /// Switches the default text path to cairo; it is off in the beginning. Switch it before making surfaces and fonts:
+    /// a surface reads it when it is made, and a font when its `Create` runs. Fonts made before it is switched on
+    /// cannot measure for cairo. To switch a surface that exists, use `TXGraphics::EnableCairoDrawing`.
     void EnableCairoDrawing(bool on);
-    /// The `TXImage::Format` of images made without one. 5 (ARGB32) unless set; 6 (premultiplied) is faster, and exact
-    /// where cairo blends.
+    /// Returns the default format, a `TXImage::Format`.
     int DefaultImageFormat() const;
+    /// Sets the `TXImage::Format` of images that are made without one. In the beginning it is 5 (ARGB32). Format 6
+    /// (premultiplied ARGB32) is faster, and the only exact one where cairo blends.
     void SetDefaultImageFormat(int format);
-    /// How many bytes each thread may spend on keeping what it computed for labels, so that the same label is measured
-    /// and drawn faster the next time; 0 keeps nothing. 32 MiB unless set, which is enough for about a thousand labels.
-    /// The current manager's number counts, for whatever was created before as well: a thread follows it, and gives
-    /// memory back, when it measures or draws a label through Qt the next time or ends. Beside these bytes a thread
-    /// that has done so has a table of 64 KiB.
+    /// Returns the number of bytes that each thread may spend on computed labels.
     std::size_t LabelCacheSize() const;
+    /// Sets the number of bytes that each thread may spend on computed labels; in the beginning it is 32 MiB, enough
+    /// for about a thousand labels. A label that is kept is measured and drawn faster. 0 keeps nothing.
+    ///
+    /// The number of the current manager applies to all threads. A thread adapts to a new number, and frees memory,
+    /// when it next measures or draws a label through Qt, and when it ends. A thread that does so at all also holds a
+    /// table of 64 KiB.
     void SetLabelCacheSize(std::size_t bytes);
 
-    /// Loads a backend plugin and keeps its engine here, in place of one that was here before.
+    /// Loads a backend plugin and keeps its engine in this manager, in place of an earlier one.
     ///
-    /// A host that makes a Qt application object of its own does so before it loads a plugin: the first engine of a
-    /// process without one makes one that lasts, and Qt allows a process no second one.
+    /// From then on the engine's own name leads to this manager. If another manager has that name already, that one
+    /// gets the engine, and becomes current if this one was.
     ///
-    /// The engine's own name leads to this manager from then on. If another manager has that name already, that one
-    /// gets the engine, and becomes current if this one is.
-    /// @param plugin a path, which holds a "/", or a name such as "txpluginqt", which is looked up as
-    /// "libtxpluginqt.so"
-    ///        in each folder of `PluginSearchPath`.
-    /// @param error when not null and loading fails: what was tried and why it failed.
-    /// @return the engine; null when loading failed, in which case nothing has changed.
+    /// **Qt plugin.** Qt allows a process one application object. A host with an application object of its own makes it
+    /// before it loads the plugin: the first engine makes a lasting one if there is none. In a process without one,
+    /// loading also writes the line "graphics engine create!" to Qt's debug log, which goes to standard error unless
+    /// the host installs a message handler.
+    /// @param plugin a path, which contains a "/", or a name such as "txpluginqt". The name stands for the file
+    /// "libtxpluginqt.so" in the first folder of `PluginSearchPath` that has it.
+    /// @param error receives what was tried and why it failed; may be null. It does not change when loading succeeds.
+    /// @return the engine, or null when loading failed, which changes nothing.
     TXRefPtr<TXGraphicsEngine> LoadPlugin(const TXString& plugin, TXString* error = nullptr);
-    /// Lets go of the engine and its plugin, after calling `TXPlugin::UnloadPlugin`. The code stays mapped as long as
-    /// objects made by it may live.
+    /// Calls `TXPlugin::UnloadPlugin` and drops the engine. The plugin's code stays in memory, so objects that the host
+    /// still holds remain usable.
     void Unload();
-    /// The engine kept here; null if none is. On the thread that loads and unloads.
+    /// Returns the engine in this manager, or null. Call it on the thread that loads and unloads.
     TXRefPtr<TXGraphicsEngine> Engine() const;
 
-    /// The folders in which plugins are looked for, in order: those of the environment variable `TX_PLUGIN_PATH`,
-    /// separated by ":", then "txplugins" beside this library.
+    /// Returns the folders to search for plugins, in order: first those of the environment variable `TX_PLUGIN_PATH`,
+    /// separated by ":", then the folder "txplugins" beside this library.
     static std::vector<TXString> PluginSearchPath();
-    /// The paths of all loadable-looking files ("lib*.so") on the search path, in its order, sorted within a folder.
+    /// Returns the paths of all files "lib*.so" in the folders of `PluginSearchPath`: folder by folder, sorted within
+    /// each. It loads none of them.
     static std::vector<TXString> FindPlugins();
 
 private:

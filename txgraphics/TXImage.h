@@ -11,16 +11,18 @@ namespace TZObjects
 
 class TXGraphics;
 
-/// A raster: the target that a surface paints into, and the source of image drawing and texture brushes.
+/// A raster of pixels: the target that a surface paints into, and the source of image drawing and texture brushes.
 ///
-/// An image is absent until a creating operation succeeds. Every creating operation deletes the present image first,
-/// unless its arguments are refused. On an absent image accessors answer neutral values and the rest does nothing.
-/// A surface that paints into an image follows it: when the image is created anew, loaded or deleted, painting goes on
-/// in the new pixels, or ends, as if the image had been selected again.
+/// An image is absent until it is made or loaded. Every operation that makes or loads pixels deletes the present ones
+/// first, unless it refuses its arguments. On an absent image getters return neutral values, and all other operations
+/// do nothing.
+///
+/// A surface follows the image that it paints into. When the image gets new pixels, the surface paints on in them as if
+/// it had selected the image again. When the image is deleted, painting ends.
 class TXGRAPHICS_API TXImage : public TXRefBase
 {
 public:
-    /// The layout of a pixel. A host may cast any number; which ones an operation takes stands with the operation.
+    /// The layout of a pixel. A host may cast any number; each operation says which ones it takes.
     enum Format : int
     {
         Format_Invalid = 0,                 ///< No pixels.
@@ -53,60 +55,80 @@ public:
     TXImage();
     ~TXImage() override;
 
-    /// Loads the image file at @p path (UTF-8; the format is detected). False for null, which keeps the present image,
-    /// and for a file that cannot be read as an image, which leaves the image absent.
+    /// Loads an image file.
+    /// @param path the file, in UTF-8; its content tells the format. Null keeps the present pixels.
+    /// @return false for null, and for a file that cannot be read, which leaves the image absent.
     virtual bool CreateCompatibleImage(const char* path) = 0;
-    /// Makes an image of the default format, every pixel transparent white. @p graphics is not consulted and may be
-    /// null. @return true; sizes below 1 give an image without pixels.
+    /// Makes pixels of transparent white in the engine manager's default format.
+    /// @param graphics not used; may be null.
+    /// @param width,height the size in pixels.
+    /// @return true, always. A size below 1, or one that memory does not hold, makes an image without pixels, whose
+    /// width is 0.
     virtual bool CreateCompatibleImage(TXGraphics* graphics, const int& width, const int& height) = 0;
-    /// The first pixel's address; rows follow top to bottom. Null when absent. Valid until the image is created anew.
+    /// Returns the address of the first pixel; rows follow from top to bottom. Null when the image is absent. The
+    /// pointer is valid until the image gets other pixels.
     virtual void* GetBits() = 0;
-    /// Decodes an encoded image file of @p size bytes in memory into the present image. It does not take raw pixels.
+    /// Decodes an image file in memory into a present image. It does not take raw pixels.
+    /// @param data the bytes of the file. Null, or what cannot be decoded, leaves an image without pixels.
+    /// @param size the number of bytes; 2^31 and above changes nothing.
     virtual void SetBits(const void* data, unsigned int size) = 0;
-    /// Width in pixels; 0 when absent.
+    /// Returns the width in pixels; 0 when absent.
     virtual int GetWidth() = 0;
-    /// Height in pixels; 0 when absent.
+    /// Returns the height in pixels; 0 when absent.
     virtual int GetHeight() = 0;
     /// Makes the image absent. @return true.
     virtual bool Delete() = 0;
-    /// Makes an image with undefined pixels. The format's number is used as it is; one that the backend does not know
-    /// gives an image without pixels. @return true.
+    /// Makes pixels of undefined content.
+    /// @param width,height the size in pixels.
+    /// @param format the format, used as it is. A number that the backend does not know makes an image without pixels.
+    /// @return true, always. A size below 1, or one that memory does not hold, makes an image without pixels.
     virtual bool CreateImage(const int& width, const int& height, Format format) = 0;
-    /// Makes an image over the caller's pixels, which are neither copied nor owned and must outlive the image. Rows are
-    /// aligned to 4 bytes. Formats 0 to 22 are used as they are, all others become `Format_ARGB32`. @return true.
+    /// Makes an image over the caller's pixels.
+    /// @param bits the pixels; each row is padded to 4 bytes. They are neither copied nor owned and must outlive the
+    /// image.
+    /// @param width,height the size in pixels.
+    /// @param format 0 to 22; any other number gives `Format_ARGB32`.
+    /// @return true, always.
     virtual bool CreateImage(unsigned char* bits, const int& width, const int& height, Format format) = 0;
-    /// The same in the engine manager's default format.
+    /// Makes an image over the caller's pixels, as above, in the engine manager's default format.
     virtual bool CreateImage(unsigned char* bits, const int& width, const int& height) = 0;
-    /// Decodes an encoded image file of @p length bytes in memory.
-    /// @param data the bytes; null gives false and keeps the present image.
-    /// @param length how many; below 1 gives false and keeps the present image.
-    /// @param format the file format's name, such as "PNG"; null detects it.
-    /// @return false when the bytes cannot be decoded; the image is absent then.
+    /// Decodes an image file in memory.
+    /// @param data the bytes of the file; null keeps the present pixels.
+    /// @param length the number of bytes; below 1 keeps the present pixels.
+    /// @param format the name of the file format, such as "PNG"; null finds it out.
+    /// @return false for null, for a length below 1, and for bytes that cannot be decoded, which leave the image
+    /// absent.
     virtual bool Load(unsigned char* data, const int& length, const char* format) = 0;
-    /// Writes an image file; the format follows the path's suffix. Failure is not reported, and leaves a file that was
-    /// there before as it was.
+    /// Writes an image file. Failure is not reported; it leaves an older file as it was.
+    /// @param path the file; its suffix picks the format.
     virtual void Save(const TXString& path) const = 0;
-    /// The same with a path in Latin-1.
+    /// Writes an image file, as above. For compatibility @p path is in Latin-1, unlike all other narrow text.
     virtual void Save(const char* path) const = 0;
-    /// Gives every pixel of the rectangle, clipped to the image and truncated to whole pixels, the colour.
+    /// Sets every pixel of a rectangle. Images of format 1 to 3 stay as they are.
+    /// @param rect the rectangle; it is clipped to the image and truncated to whole pixels.
+    /// @param color the colour, alpha included. It replaces the pixels and is not blended.
     virtual void Fill(const TXRect& rect, const TXColor& color) = 0;
-    /// Gives every pixel the colour. While the engine manager's default format is 10 or 15, the image is filled with
-    /// the premultiplied packed colour as a raw value, whatever its own format.
+    /// Sets every pixel to a colour. While the engine manager's default format is 10 or 15, it sets the premultiplied
+    /// packed colour as a raw value instead, whatever the image's own format is.
     virtual void Fill(const TXColor& color) = 0;
-    /// Gives every pixel the raw value.
+    /// Sets every pixel to a raw value.
     virtual void Fill(unsigned int value) = 0;
-    /// The colour of a pixel, not premultiplied; the default colour outside the image or when absent.
+    /// Returns the colour of a pixel as it is stored: premultiplied where the format is.
+    /// @param x,y the pixel.
+    /// @return the colour; opaque black outside the image and when absent.
     virtual TXColor GetPixel(int x, int y) = 0;
-    /// Sets the colour of a pixel; nothing outside the image, or in formats 1 to 3.
+    /// Sets the colour of a pixel. Outside the image, and in formats 1 to 3, it changes nothing.
+    /// @param x,y the pixel.
+    /// @param color the colour, not premultiplied.
     virtual void SetPixel(int x, int y, const TXColor& color) = 0;
-    /// The size of the pixels in bytes, saturating at the largest `int`; 0 when absent.
+    /// Returns the number of bytes of the pixels, at most the largest `int`; 0 when absent.
     virtual int GetByteCount() = 0;
 
-    /// The backend's image object, owned by this image; null when absent.
+    /// Returns the backend's image object, which this image owns; null when absent.
     void* GetInternalObject() const { return internalObject; }
 
 protected:
-    void* internalObject = nullptr; ///< The backend's image object; the backend class owns it.
+    void* internalObject = nullptr; ///< The backend's image object. The backend's class owns it.
 };
 
 } // namespace TZObjects

@@ -6,13 +6,17 @@
 namespace TZObjects
 {
 
-/// A gradient along a line; beyond its ends the end colours go on.
+/// A gradient along a line. The end colours continue beyond both ends.
 class TXGRAPHICS_API TXLinearGradient : public TXGradient
 {
 public:
-    /// From (@p x1, @p y1), position 0, to (@p x2, @p y2), position 1, in surface units.
+    /// Makes a gradient that runs from black to white until colours are set.
+    /// @param x1,y1 position 0, in surface units.
+    /// @param x2,y2 position 1.
     TXLinearGradient(double x1, double y1, double x2, double y2);
+    /// Shares the backend's object with @p other; see `TXGradient`.
     TXLinearGradient(const TXLinearGradient& other);
+    /// Shares the backend's object with @p other; see `TXGradient`.
     TXLinearGradient& operator=(const TXLinearGradient& other);
     ~TXLinearGradient() override;
 

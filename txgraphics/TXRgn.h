@@ -6,18 +6,19 @@
 namespace TZObjects
 {
 
-/// A region object. Backends without regions hand out null and clip through `TXGraphics::SetClipRegion`.
+/// A region object. A backend without region objects returns null for it; the Qt backend does. Clip with
+/// `TXGraphics::SetClipRegion`.
 class TXGRAPHICS_API TXRgn : public TXRefBase
 {
 public:
     TXRgn();
     ~TXRgn() override;
 
-    /// The backend's region object, owned by this region.
+    /// Returns the backend's region object, which this region owns.
     void* GetInternalObject() const { return internalObject; }
 
 protected:
-    void* internalObject = nullptr; ///< The backend's region object; the backend class owns it.
+    void* internalObject = nullptr; ///< The backend's region object. The backend's class owns it.
 };
 
 } // namespace TZObjects

@@ -1,5 +1,5 @@
 /// @file
-/// Everything of txgraphics, the drawing interfaces and the engine manager.
+/// Includes all of txgraphics, the drawing interfaces and the engine manager, and all of txbase.
 #pragma once
 
 #include <txbase/txbase.h>
@@ -9,6 +9,8 @@
 #include <txgraphics/TXGraphics.h>
 #include <txgraphics/TXGraphicsEngine.h>
 #include <txgraphics/TXGraphicsEngineManager.h>
+#include <txgraphics/TXGraphicsState.h>
+#include <txgraphics/TXGraphicsTypes.h>
 #include <txgraphics/TXImage.h>
 #include <txgraphics/TXLinearGradient.h>
 #include <txgraphics/TXPen.h>
