@@ -5,8 +5,8 @@
 namespace TZObjects
 {
 
-/// The English name of a well-known Chinese, Japanese or Korean face, looked up by its localised name; the empty text
-/// for every other name.
+/// Returns the English name of a well-known Chinese, Japanese or Korean face, given its localised name. Any other name
+/// gives the empty text.
 const TXString& EnglishFontName(const TXString& localised);
 
 } // namespace TZObjects

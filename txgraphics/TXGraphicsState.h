@@ -49,7 +49,8 @@ public:
     /// nothing. Pen, brush and gradient are copied: select them again after a change. For fonts see `TXFont`.
     /// @{
 
-    /// Draws with a black pen of width 1 in this style. The selected pen stays selected, for labels through cairo too.
+    /// Draws with a black pen of width 1 in this style. The selected pen stays selected, and labels through cairo keep
+    /// its colour.
     virtual void SelectPen(TXPen::PenStyle style) = 0;
     /// Selects a pen.
     virtual TXRefPtr<TXPen> SelectPen(TXRefPtr<TXPen> pen) = 0;
@@ -103,11 +104,12 @@ public:
     /// Writes the selected image to a file. The suffix of @p fileName picks the format.
     /// @return false without an image, and when the file cannot be written, which leaves an older file as it was.
     virtual bool Save(const TXString& fileName) = 0;
-    /// Saves the painter's state on its stack: pen, brush, font, transform, clip, opacity, composition mode, hints.
+    /// Saves the painter's state on its stack: pen, brush, font, transform, clip, opacity, composition mode,
+    /// antialiasing.
     virtual void Save() = 0;
-    /// Restores the state that was saved last on the painter, by anyone.
+    /// Restores the state that was saved last on the painter, by anyone. If there is none, Qt prints a warning.
     virtual void Restore() = 0;
-    /// Multiplies the alpha of drawing by a number from 0 (nothing) to 1; numbers beyond are clamped.
+    /// Sets the opacity, which multiplies the alpha of all drawing: 0 shows nothing, 1 all. Numbers beyond are clamped.
     virtual void SetOpacity(const double& opacity) = 0;
     /// Returns the opacity; 0 without a painter.
     virtual double GetOpacity() const = 0;

@@ -26,12 +26,12 @@ namespace TZObjects
 ///
 /// The operation and the text path decide what becomes of a tag:
 ///
-/// | operation                                   | through Qt          | through cairo          |
-/// |---------------------------------------------|---------------------|------------------------|
-/// | `DrawString`                                | formats             | is drawn as it stands  |
-/// | outline and vertical labels at (left, top)  | is dropped          | is drawn as it stands  |
-/// | outline and vertical labels at (x, y)       | is drawn as it stands | is drawn as it stands |
-/// | `TXFont::GetTextExtent`, `TXFont::GetMultiTextExtent` | formats   | is measured as it stands |
+/// | operation                                             | through Qt            | through cairo            |
+/// |-------------------------------------------------------|-----------------------|--------------------------|
+/// | `DrawString`                                          | formats               | is drawn as it stands    |
+/// | outline and vertical labels at (left, top)            | is dropped            | is drawn as it stands    |
+/// | outline and vertical labels at (x, y)                 | is drawn as it stands | is drawn as it stands    |
+/// | `TXFont::GetTextExtent`, `TXFont::GetMultiTextExtent` | formats               | is measured as it stands |
 ///
 /// **Rich labels.** Qt takes a label for HTML when the first tag in its first line is one of HTML, as all tags above
 /// are for Qt, or when that line has the escape that HTML writes for "<". Such a label is rich, every other one is
@@ -41,17 +41,16 @@ namespace TZObjects
 /// **Text paths.** The two paths draw the same label differently:
 /// - Position: through Qt in surface units; through cairo in pixels of the selected image, whatever the origin is.
 /// - Clip: through Qt the clip region; through cairo the regions that were set with a colour.
-/// - Opacity and composition mode apply through Qt only.
+/// - Opacity and composition mode: through Qt only.
 /// - Text colour, where the call has none: through Qt the pen's as it was selected, black with `TXPen::NullPen`;
 ///   through cairo the selected pen's at the moment, black without one.
 /// - Rotation and scaling, where the call has no centre: through cairo about the label's top left. Through Qt about the
 ///   middle, except that a rich label is rotated about its top left.
 /// - Letters: Qt joins scripts such as Arabic, and takes other faces for characters that one lacks. cairo draws letter
 ///   by letter, from left to right, in one face, with a box for what it lacks.
-/// - Halo: outline labels have one. Vertical labels have one on request, through cairo if the font's halo is on as
-/// well.
-///   `DrawString` draws one through cairo only, if the font's halo is on. Its width is multiplied by the scale through
-///   Qt, never through cairo.
+/// - Halo: outline labels have one. Vertical labels have one on request; through cairo the font's halo must be on, too.
+///   `DrawString` draws one through cairo only, when the font's halo is on.
+/// - Width of the halo: through Qt the scale multiplies it, through cairo it does not.
 ///
 /// Labels through cairo need a selected image of 32 bits a pixel, up to 32,767 pixels wide and high:
 /// `TXGraphics::SelectImage` or `TXGraphics::CreateCompatibleGraphics` selects one. They never use an attached painter.
