@@ -1,4 +1,5 @@
-# Installs BUILD below FOLDER, builds EXAMPLES against it, and runs them. GALLERY is the one of BUILD itself.
+# Installs BUILD below FOLDER, builds EXAMPLES and the programs in README against it, and runs them. GALLERY is the one
+# of BUILD itself.
 file(REMOVE_RECURSE ${FOLDER})
 function(run)
   execute_process(COMMAND ${ARGV} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
@@ -29,3 +30,43 @@ endforeach()
 
 # The installed host finds the installed plugin.
 run(${FOLDER}/prefix/bin/txmap --list-plugins)
+
+# The programs in README, each with the lines of CMake that README gives.
+file(READ ${README} text)
+function(next_block language variable)
+  string(FIND "${text}" "\n```${language}\n" begin)
+  if(begin EQUAL -1)
+    message(FATAL_ERROR "${README} has no further block of ${language}")
+  endif()
+  string(SUBSTRING "${text}" ${begin} -1 rest)
+  string(REGEX REPLACE "^\n```[a-z]+\n" "" rest "${rest}")
+  string(FIND "${rest}" "\n```" end)
+  string(SUBSTRING "${rest}" 0 ${end} block)
+  string(SUBSTRING "${rest}" ${end} -1 rest)
+  set(${variable} "${block}" PARENT_SCOPE)
+  set(text "${rest}" PARENT_SCOPE)
+endfunction()
+next_block(cpp first_program)
+next_block(cmake use_package)
+next_block(cpp qt_host)
+set(readme ${FOLDER}/readme)
+file(WRITE ${readme}/first.cpp "${first_program}\n")
+file(WRITE ${readme}/qt_host.cpp "${qt_host}\n")
+string(REPLACE "your_renderer" "first" use_in_first "${use_package}")
+string(REPLACE "your_renderer" "qt_host" use_in_qt_host "${use_package}")
+file(WRITE ${readme}/CMakeLists.txt
+  "cmake_minimum_required(VERSION 3.25)\nproject(readme LANGUAGES CXX)\nfind_package(Qt5 REQUIRED COMPONENTS Gui)\n"
+  "add_executable(first first.cpp)\n${use_in_first}\n"
+  "add_executable(qt_host qt_host.cpp)\n${use_in_qt_host}\ntarget_link_libraries(qt_host PRIVATE Qt5::Gui)\n")
+run(${CMAKE_COMMAND} -S ${readme} -B ${readme}/build -G ${GENERATOR} -DCMAKE_PREFIX_PATH=${FOLDER}/prefix)
+run(${CMAKE_COMMAND} --build ${readme}/build)
+foreach(program_and_picture first:triangle.png qt_host:ellipse.png)
+  string(REPLACE ":" ";" pair ${program_and_picture})
+  list(GET pair 0 program)
+  list(GET pair 1 picture)
+  run(${CMAKE_COMMAND} -E chdir ${readme} ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen build/${program})
+  file(SIZE ${readme}/${picture} size)
+  if(size LESS 1000)
+    message(FATAL_ERROR "${readme}/${picture} has ${size} bytes only")
+  endif()
+endforeach()
