@@ -16,14 +16,14 @@ namespace TZObjects
 ///
 /// **Changes after selection.** A surface reads the selected font at different times:
 /// - Plain labels through Qt read all of it whenever they are drawn.
-/// - Formatted labels through Qt use the font as it was in `TXGraphics::SelectFont`.
+/// - Rich labels through Qt, see @ref labels, use the font as it was in `TXGraphics::SelectFont`.
 /// - Labels through cairo read height, spacing, halo and rules whenever they are drawn. They use face, weight and
 ///   italics as they were in `TXGraphics::SelectFont`: after `SetFontName`, select the font again.
 ///
-/// **Measuring.** Every measuring operation has a flag `useQt`. With it the operation measures a label as Qt draws it,
-/// label tags interpreted; without it, as cairo draws it, label tags measured as characters. Measuring for cairo works
-/// only if `TXGraphicsEngineManager::EnableCairoDrawing` was on when the font's `Create` ran. It takes face, weight and
-/// italics when `SetFontName` is called, so set the name last. A unit is a pixel at scale 1.
+/// **Measuring.** Every measuring operation has a flag `useQt`. With it the operation measures a text as Qt draws it,
+/// without it as cairo does, in pixels at scale 1. To measure for cairo, a font needs the switch
+/// `TXGraphicsEngineManager::EnableCairoDrawing` to be on while its `Create` runs. It then takes face, weight and
+/// italics over when `SetFontName` is called: set the name after them.
 class TXGRAPHICS_API TXFont : public TXRefBase
 {
 public:

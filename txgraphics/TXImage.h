@@ -95,7 +95,7 @@ public:
     /// Decodes an image file in memory.
     /// @param data the bytes of the file; null keeps the present pixels.
     /// @param length the number of bytes; below 1 keeps the present pixels.
-    /// @param format the name of the file format, such as "PNG"; null finds it out.
+    /// @param format the name of the file format, such as "PNG"; null detects it.
     /// @return false for null, for a length below 1, and for bytes that cannot be decoded, which leave the image
     /// absent.
     virtual bool Load(unsigned char* data, const int& length, const char* format) = 0;
