@@ -7,7 +7,7 @@ Canvas::Canvas(Kind kind) : image(70, 60, QImage::Format_ARGB32_Premultiplied)
     PaintBackground(image);
     if (kind == Picture)
         painter.begin(&picture);
-    else
+    else if (kind != Inactive)
         painter.begin(&image);
     if (kind != Turned)
         return;
@@ -27,7 +27,8 @@ void Canvas::Finish(int savedStates)
 {
     for (int i = 0; i < savedStates; ++i)
         painter.restore();
-    painter.end();
+    if (painter.isActive())
+        painter.end();
     if (!picture.isNull())
         QPainter(&image).drawPicture(0, 0, picture);
 }

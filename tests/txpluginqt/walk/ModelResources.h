@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -52,21 +53,31 @@ public:
     ModelImage& operator=(const ModelImage&) = delete;
 
     bool CreateCompatibleImage(std::nullptr_t, int width, int height);
+    /// The same, with something to do before the followers have the new pixels.
+    void CreateCompatibleImage(int width, int height, const std::function<void()>& first);
     bool CreateImage(int width, int height, TZObjects::TXImage::Format format);
     bool Delete();
     void Fill(const TZObjects::TXRect& rect, const TZObjects::TXColor& color);
     void Fill(const TZObjects::TXColor& color);
     void Fill(unsigned int value);
     void SetPixel(int x, int y, const TZObjects::TXColor& color);
+    TZObjects::TXColor GetPixel(int x, int y) const;
+    void SetBits(const void* data, unsigned int size);
+    void* GetBits() { return pixels ? pixels->bits() : nullptr; }
     int GetWidth() const { return pixels ? pixels->width() : 0; }
     int GetHeight() const { return pixels ? pixels->height() : 0; }
+
+    /// What drawing the image draws, as it is now: pixels that index no colour are transparent, and without any colours
+    /// there is nothing to draw.
+    QImage Drawable() const;
 
     /// Null while the image is absent.
     std::unique_ptr<QImage> pixels;
     std::vector<ModelFollower*> followers;
 
 private:
-    void Replace(std::unique_ptr<QImage> replacement);
+    /// @param first what to do before the followers have the new pixels.
+    void Replace(std::unique_ptr<QImage> replacement, const std::function<void()>& first = {});
 };
 
 /// The model of a brush.
@@ -90,8 +101,10 @@ private:
 class ModelFont
 {
 public:
-    ModelFont();
+    ModelFont() { Create(); }
 
+    bool Create();
+    void Delete() {}
     void SetFontWidth(int newWidth);
     void SetFontHeight(int height);
     void SetFontAngle(int newAngle) { angle = newAngle; }
@@ -112,7 +125,7 @@ public:
 
     QFont qfont;
     TZObjects::TXFont::TXItalicMode italicMode = TZObjects::TXFont::ItalicNone;
-    int width;
+    int width = 0;
     int angle = 0;
     bool halo = false;
     int haloWidth = 1;

@@ -113,7 +113,7 @@ bool ModelSurface::PaintImage(const ImageCall& call, const DrawInPlace& drawInPl
     const int width = image->pixels->width();
     const int height = image->pixels->height();
     // The source may be the target, which changes while it is drawn.
-    const QImage pixels = call.source->pixels->copy();
+    const QImage pixels = call.source->Drawable();
     TXRect dst = call.dst;
     TXRect src = call.src;
     if (p)
@@ -146,7 +146,7 @@ bool ModelSurface::BiltTo(ModelSurface* to, int x, int y) const
 {
     if (!to || !to->image || !to->image->pixels || !image || !image->pixels)
         return false;
-    const QImage pixels = image->pixels->copy();
+    const QImage pixels = image->Drawable();
     return to->Paint(
         [&](QPainter& p)
         {

@@ -32,18 +32,14 @@ struct Operation
 
 /// A row whose @p generate makes a tuple of arguments, and whose @p call makes the call with a side and these. The call
 /// is written once: the model's operations have the same names and arguments.
-/// @param applies when given, says whether the operation may be made now.
 template <class Generate, class Call>
-Operation Row(const char* name, int weight, Generate generate, Call call,
-              bool (*applies)(const ModelSurface&) = nullptr)
+Operation Row(const char* name, int weight, Generate generate, Call call)
 {
     const auto make = [=](Random& random, int surface)
     {
         const auto arguments = generate(random);
         const auto run = [=](World& world) -> std::optional<std::string>
         {
-            if (applies && !applies(world.Model(surface)))
-                return std::nullopt;
             return world.Apply(
                 surface, [&](auto& side)
                 { return std::apply([&](const auto&... argument) { return call(side, argument...); }, arguments); });
@@ -93,6 +89,7 @@ TZObjects::TXRect SomeRect(Random& random);
 std::vector<Operation> StateOperations();
 std::vector<Operation> LifeOperations();
 std::vector<Operation> ResourceOperations();
+std::vector<Operation> PixelOperations();
 std::vector<Operation> ShapeOperations();
 std::vector<Operation> PathOperations();
 std::vector<Operation> ClipOperations();

@@ -14,7 +14,8 @@ std::tuple<int, int> SomeSize(Random& random)
     return {random.Int(40, 100), random.Int(30, 80)};
 }
 
-std::tuple<int> SomeTarget(Random& random) { return {random.Int(0, 1)}; }
+/// Seldom one that the other surface may be painting on.
+std::tuple<int> SomeTarget(Random& random) { return {random.Chance(85) ? random.Int(0, 1) : random.Int(2, 3)}; }
 
 std::tuple<int> SomeImage(Random& random) { return {random.Int(0, kImages - 1)}; }
 
@@ -30,7 +31,7 @@ std::vector<Operation> LifeOperations()
     return {
         Row("a surface made anew", 1, Nothing, [](auto& side) { side.RenewSurface(); }),
         Row(
-            "a surface made anew on", 1, [](Random& r) { return std::tuple{r.Int(-1, 1)}; },
+            "a surface made anew on", 1, [](Random& r) { return std::tuple{r.Int(-1, 3)}; },
             [](auto& side, int target) { side.RenewSurfaceOn(target); }),
         SurfaceRow("CreateCompatibleGraphics", 4, SomeSize,
                    [](auto& s, int width, int height) { return s.CreateCompatibleGraphics(width, height); }),

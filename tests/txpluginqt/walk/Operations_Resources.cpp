@@ -1,4 +1,4 @@
-// Changes of pens, brushes, fonts, gradients and images that may be selected; a surface notices them, or not.
+// Changes of pens, brushes, fonts and gradients that may be selected; a surface notices them, or not.
 #include "FontChange.h"
 #include "Operations.h"
 
@@ -100,6 +100,13 @@ std::vector<Operation> ResourceOperations()
             "another font", 1, [](Random& r) { return std::tuple{SomeFont(r)}; },
             [](auto& side, int font) { side.RenewFont(font); }),
         Row(
+            "Delete and Create of a font", 1, [](Random& r) { return std::tuple{SomeFont(r)}; },
+            [](auto& side, int font)
+            {
+                side.Font(font)->Delete();
+                return side.Font(font)->Create();
+            }),
+        Row(
             "a linear gradient", 2,
             [](Random& r) {
                 return std::tuple{r.Int(0, kGradients - 1), r.Real(-20, 90), r.Real(-20, 90), r.Real(-20, 90),
@@ -121,23 +128,5 @@ std::vector<Operation> ResourceOperations()
             },
             [](auto& side, int gradient, double position, const TXColor& color)
             { side.Gradient(gradient)->SetColorAt(position, color); }),
-        Row(
-            "Fill of a part of an image", 2,
-            [](Random& r)
-            {
-                const double left = r.Real(-5.0, 50.0);
-                const double top = r.Real(-5.0, 40.0);
-                const double size = r.Real(0.0, 12.0);
-                return std::tuple{SomeImage(r), TXRect(left, left + size, top, top + 1.5 * size), r.Color()};
-            },
-            [](auto& side, int image, const TXRect& rect, const TXColor& color)
-            { side.Image(image)->Fill(rect, color); }),
-        Row(
-            "SetPixel", 1,
-            [](Random& r) {
-                return std::tuple{SomeImage(r), r.Int(-1, 50), r.Int(-1, 40), r.Color()};
-            },
-            [](auto& side, int image, int x, int y, const TXColor& color)
-            { side.Image(image)->SetPixel(x, y, color); }),
     };
 }

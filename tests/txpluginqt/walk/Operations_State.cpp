@@ -102,9 +102,8 @@ std::vector<Operation> StateOperations()
             }),
         SurfaceRow("Save(file)", 2, SomeFileName, [](auto& s, const std::string& name) { return SavedFile(s, name); }),
         SurfaceRow("Save", 8, Nothing, [](auto& s) { s.Save(); }),
-        Row(
-            "Restore", 9, Nothing, [](auto& side) { side.Surface().Restore(); },
-            [](const ModelSurface& s) { return s.MayRestore(); }),
+        Row("Save of the painter", 2, Nothing, [](auto& side) { side.SaveOnPainter(); }),
+        SurfaceRow("Restore", 9, Nothing, [](auto& s) { s.Restore(); }),
         SurfaceRow("SetOpacity", 8, SomeOpacity, [](auto& s, double opacity) { s.SetOpacity(opacity); }),
         SurfaceRow("GetOpacity", 2, Nothing, [](auto& s) { return s.GetOpacity(); }),
         SurfaceRow("SetWindowOrg", 4, SomeShift,

@@ -12,8 +12,8 @@ const std::vector<Operation>& Table()
     static const std::vector<Operation> table = []
     {
         std::vector<Operation> all;
-        for (const auto topic : {StateOperations, LifeOperations, ResourceOperations, ShapeOperations, PathOperations,
-                                 ClipOperations, MarkerOperations, LabelOperations, ImageOperations})
+        for (const auto topic : {StateOperations, LifeOperations, ResourceOperations, PixelOperations, ShapeOperations,
+                                 PathOperations, ClipOperations, MarkerOperations, LabelOperations, ImageOperations})
         {
             std::vector<Operation> rows = topic();
             all.insert(all.end(), rows.begin(), rows.end());

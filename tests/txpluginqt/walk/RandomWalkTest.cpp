@@ -24,12 +24,17 @@ class RandomWalkTest : public WalkTest, public ::testing::WithParamInterface<int
 
 TEST_P(RandomWalkTest, LeavesTheSameAsMadeDirectly)
 {
-    // For looking into a failure.
+    // For looking into a failure, and for looking for more of them: a seed, or the first and the last of several, as in
+    // 500-999.
     if (const char* const only = std::getenv("TX_WALK_SEED"))
     {
         if (GetParam() != 0)
             return;
-        ASSERT_TRUE(RandomWalk(static_cast<unsigned>(std::strtoul(only, nullptr, 10)), Printed).Run());
+        char* end = nullptr;
+        const unsigned long first = std::strtoul(only, &end, 10);
+        const unsigned long last = *end == '-' ? std::strtoul(end + 1, nullptr, 10) : first;
+        for (unsigned long seed = first; seed <= last; ++seed)
+            EXPECT_TRUE(RandomWalk(static_cast<unsigned>(seed), Printed).Run());
         return;
     }
     for (int i = 0; i < kWalksATest; ++i)

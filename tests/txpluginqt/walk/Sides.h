@@ -58,7 +58,7 @@ constexpr int kBrushes = 3;
 constexpr int kFonts = 3;
 constexpr int kImages = 5;
 constexpr int kGradients = 3;
-constexpr int kCanvases = 3;
+constexpr int kCanvases = 4;
 
 /// One of the two sides of a walk: two surfaces, and the objects that the operations hand them. Objects are named by
 /// their number, -1 standing for null. The first two images are the first surface's targets, the next two the second
@@ -98,11 +98,15 @@ public:
     auto Gradient(int number) const { return number < 0 ? nullptr : gradients[number].get(); }
     /// An image to draw: kOwn is the surface's own target.
     auto Source(int number) { return number == kOwn ? Surface().GetImage() : Image(number); }
-    /// One of the surface's own two targets.
-    auto Target(int number) const { return Image(number < 0 ? -1 : 2 * current + number); }
+    /// A target of the surface: 0 and 1 are its own two, 2 and 3 the other surface's.
+    auto Target(int number) const { return Image(number < 0 ? -1 : (2 * current + number) % (2 * kSurfaces)); }
     typename Kind::Outside* Outside(int number);
     /// The painter that the surface draws with now.
     QPainter* Painter();
+    /// Saves a state on that painter without the surface.
+    void SaveOnPainter();
+    /// The pixels of an image as Qt has them; null while the image is absent.
+    QImage* Pixels(int number) const;
 
     void RenewSurface() { surfaces[current] = Kind::NewSurface(); }
     void RenewSurfaceOn(int target)
@@ -168,6 +172,18 @@ inline ModelOutside* Side<Modelled>::Outside(int number)
 }
 
 template <>
+inline QImage* Side<UnderTest>::Pixels(int number) const
+{
+    return static_cast<QImage*>(images[number]->GetInternalObject());
+}
+
+template <>
+inline QImage* Side<Modelled>::Pixels(int number) const
+{
+    return images[number]->pixels.get();
+}
+
+template <>
 inline QPainter* Side<UnderTest>::Painter()
 {
     return static_cast<QPainter*>(Surface().GetInteralObject());
@@ -177,4 +193,17 @@ template <>
 inline QPainter* Side<Modelled>::Painter()
 {
     return Surface().Painter();
+}
+
+template <>
+inline void Side<UnderTest>::SaveOnPainter()
+{
+    if (Painter() && Painter()->isActive())
+        Painter()->save();
+}
+
+template <>
+inline void Side<Modelled>::SaveOnPainter()
+{
+    Surface().Save();
 }

@@ -95,11 +95,14 @@ std::optional<std::string> World::Apply(int surface, Call call)
 {
     tested.current = model.current = static_cast<std::size_t>(surface);
     const auto actual = AnswerOf(call, tested);
-    if (const std::string printed = takeMessages(); !printed.empty())
-        return "printed \"" + printed + '"';
+    const std::string printed = takeMessages();
     const auto expected = AnswerOf(call, model, stackShift);
-    if (const std::string printed = takeMessages(); !printed.empty())
-        return "the model printed \"" + printed + '"';
+    const std::string printedByModel = takeMessages();
+    const std::string warning = Model(surface).TakeQtWarning();
+    if (printed != warning)
+        return "printed \"" + printed + "\" where \"" + warning + "\" was expected";
+    if (printedByModel != warning)
+        return "the model printed \"" + printedByModel + '"';
     if (actual == expected)
         return std::nullopt;
     return "answered " + ::testing::PrintToString(actual) + " where " + ::testing::PrintToString(expected) +
