@@ -11,12 +11,14 @@ class Canvas
 public:
     enum Kind
     {
-        Plain,   ///< An image and a painter as new.
-        Turned,  ///< An image and a painter whose state has been changed in every respect.
-        Picture, ///< A picture.
-        Inactive ///< A painter that has not begun.
+        Plain,    ///< An image and a painter as new.
+        Turned,   ///< An image and a painter whose state has been changed in every respect.
+        Picture,  ///< A picture.
+        Inactive, ///< A painter that has not begun.
+        Coarse,   ///< An image of few dots per inch.
+        Fine      ///< An image of many dots per inch.
     };
-    static constexpr Kind kKinds[] = {Plain, Turned, Picture, Inactive};
+    static constexpr Kind kKinds[] = {Plain, Turned, Picture, Inactive, Coarse, Fine};
 
     explicit Canvas(Kind kind);
     Canvas(const Canvas&) = delete;

@@ -108,6 +108,7 @@ void ModelImage::Replace(std::unique_ptr<QImage> replacement, const std::functio
     for (ModelFollower* const follower : followers)
         follower->PixelsGo();
     pixels = std::move(replacement);
+    isRaw = false;
     if (first)
         first();
     for (ModelFollower* const follower : followers)
@@ -161,6 +162,12 @@ void ModelImage::SetBits(const void* data, unsigned int size)
         std::make_unique<QImage>(QImage::fromData(static_cast<const uchar*>(data), data ? static_cast<int>(size) : 0)));
 }
 
+void* ModelImage::GetBits()
+{
+    isRaw = true;
+    return pixels ? pixels->bits() : nullptr;
+}
+
 QImage ModelImage::Drawable() const
 {
     QImage drawable = pixels->copy();
@@ -206,6 +213,7 @@ bool ModelFont::Create()
 {
     qfont = QFont();
     width = qfont.pixelSize();
+    dotsPerInch = 0;
     return true;
 }
 

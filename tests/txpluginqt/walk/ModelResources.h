@@ -63,7 +63,7 @@ public:
     void SetPixel(int x, int y, const TZObjects::TXColor& color);
     TZObjects::TXColor GetPixel(int x, int y) const;
     void SetBits(const void* data, unsigned int size);
-    void* GetBits() { return pixels ? pixels->bits() : nullptr; }
+    void* GetBits();
     int GetWidth() const { return pixels ? pixels->width() : 0; }
     int GetHeight() const { return pixels ? pixels->height() : 0; }
 
@@ -74,6 +74,8 @@ public:
     /// Null while the image is absent.
     std::unique_ptr<QImage> pixels;
     std::vector<ModelFollower*> followers;
+    /// Whether a host may have written pixels itself.
+    bool isRaw = false;
 
 private:
     /// @param first what to do before the followers have the new pixels.
@@ -118,6 +120,18 @@ public:
     void SetFontName(const TZObjects::TXString& newName);
     void SetWordSpacing(double spacing) { qfont.setLetterSpacing(QFont::AbsoluteSpacing, spacing); }
 
+    /// All that a font marker through Qt sets.
+    void SetSymbol(double symbolWidth, double height, const TZObjects::TXString& fontName);
+
+    // Measuring, by Qt always.
+    bool GetTextExtent(const TZObjects::TXString& text, double& extentWidth, double& height, bool useQt) const;
+    bool GetTextExtent(const TZObjects::TXString& text, int& extentWidth, int& height, bool useQt) const;
+    bool GetMultiTextExtent(const TZObjects::TXString& text, double& extentWidth, double& height, bool useQt) const;
+    bool GetMultiTextExtent(const TZObjects::TXString& text, int& extentWidth, int& height, bool useQt) const;
+    void GetFontMetricsInfo(double& height, double& ascent, double& descent, bool useQt) const;
+    void GetFontMetricsInfo(int& height, int& ascent, int& descent, bool useQt) const;
+    double GetMaxCharWidthOfText(const TZObjects::TXString& text, bool useQt) const;
+
     int GetFontWidth() const { return width; }
     TZObjects::TXString GetFontName() const;
     bool IsBold() const { return qfont.weight() > 57; }
@@ -130,6 +144,8 @@ public:
     bool halo = false;
     int haloWidth = 1;
     TZObjects::TXColor haloColor = TZObjects::TXColor::BLACK_;
+    /// The resolution of the device that the font comes from, in dots per inch; 0 for none.
+    int dotsPerInch = 0;
 
 private:
     TZObjects::TXString name;

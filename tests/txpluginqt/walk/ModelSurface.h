@@ -142,6 +142,10 @@ public:
 
     /// The painter that all drawing uses; null when there is none.
     QPainter* Painter() const { return outside ? &outside->painter : own.get(); }
+    /// The selected font, as it is.
+    const Ptr<ModelFont>& Font() const { return font; }
+    /// Whether the image drawn last may have any pixels.
+    bool DrewRawPixels() const { return drewRawPixels; }
     /// Forgets and returns the warning that the operation before has Qt print; empty for none.
     std::string TakeQtWarning() { return std::exchange(qtWarning, {}); }
 
@@ -201,6 +205,7 @@ private:
     std::optional<QPainter::RenderHints> lostHints; // that the own painter had when the target's pixels went
     int saved = 0;                                  // states of the own painter
     std::string qtWarning;
+    bool drewRawPixels = false;
     int textHorizAlign = 1;
     int textVertAlign = 1;
     TZObjects::TXColor background{255, 255, 255, 255};

@@ -193,6 +193,9 @@ void ModelSurface::MakeCairoContext()
         cairo_image_surface_create_for_data(pixels->bits(), CAIRO_FORMAT_ARGB32, pixels->width(), pixels->height(),
                                             cairo_format_stride_for_width(CAIRO_FORMAT_ARGB32, pixels->width())));
     cairo.reset(cairo_create(cairoSurface.get()));
+    // Cairo does not draw on images of more than 32,767 pixels in a row.
+    if (cairo_status(cairo.get()) != CAIRO_STATUS_SUCCESS)
+        DropCairoContext();
 }
 
 void ModelSurface::DropCairoContext()

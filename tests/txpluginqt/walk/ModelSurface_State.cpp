@@ -75,8 +75,11 @@ ModelSurface::Ptr<ModelBrush> ModelSurface::GetBrush()
 
 ModelSurface::Ptr<ModelFont> ModelSurface::GetFont()
 {
-    if (outside && font)
-        font->qfont = outside->painter.isActive() ? outside->painter.font() : QFont();
+    if (!outside || !font)
+        return font;
+    const QPainter& painter = outside->painter;
+    font->qfont = painter.isActive() ? painter.font() : QFont();
+    font->dotsPerInch = painter.isActive() ? painter.device()->logicalDpiY() : 0;
     return font;
 }
 

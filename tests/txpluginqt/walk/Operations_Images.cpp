@@ -21,7 +21,7 @@ double SomeOpacity(Random& r) { return r.Chance(60) ? 1.0 : r.Real(-0.1, 1.1); }
 TXRect Placed(const std::array<double, 4>& box) { return {box[0], box[0] + box[2], box[1], box[1] + box[3]}; }
 
 /// Where to, and what part: as it is, moved, along an edge of the target, beside it, or scaled.
-std::tuple<TXRect, TXRect> SomePlaces(Random& r)
+std::tuple<TXRect, ImagePart> SomePlaces(Random& r)
 {
     const double unit = r.Chance(50) ? 1.0 : 0.975;
     const auto number = [&](int low, int high) { return r.Int(low, high) * unit; };
@@ -66,17 +66,17 @@ std::vector<Operation> ImageOperations()
                    [](Random& r) {
                        return std::tuple{SomeSource(r), SomeOpacity(r)};
                    }),
-            [](auto& side, const TXRect& dst, const TXRect& src, int source, double opacity)
+            [](auto& side, const TXRect& dst, const ImagePart& src, int source, double opacity)
             { return side.Surface().DrawImage(dst, side.Source(source).get(), src, opacity); }),
         Row("DrawImage4BitmapRotate", 10,
             Joined(SomePlaces,
                    [](Random& r) {
                        return std::tuple{SomeSource(r), r.Real(-200.0, 200.0), SomeOpacity(r)};
                    }),
-            [](auto& side, const TXRect& dst, const TXRect& src, int source, double angle, double opacity)
+            [](auto& side, const TXRect& dst, const ImagePart& src, int source, double angle, double opacity)
             { return side.Surface().DrawImage4BitmapRotate(dst, side.Source(source).get(), src, angle, opacity); }),
         Row("StretchBlt", 4, Joined(SomePlaces, [](Random& r) { return std::tuple{r.Int(-1, kSurfaces - 1)}; }),
-            [](auto& side, const TXRect& dst, const TXRect& src, int source)
+            [](auto& side, const TXRect& dst, const ImagePart& src, int source)
             { return side.Surface().StretchBlt(dst, side.SurfaceNumber(source), src); }),
         Row(
             "BiltTo", 5,

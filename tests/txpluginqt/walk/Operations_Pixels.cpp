@@ -86,7 +86,7 @@ std::vector<Operation> PixelOperations()
             [](auto& side, int image, int colors)
             {
                 side.Image(image)->CreateImage(37, 28, TXImage::Format_Indexed8);
-                QImage& pixels = *side.Pixels(image);
+                QImage& pixels = *side.QtImage(image);
                 pixels.setColorTable(Colors(colors));
                 for (int y = 0; y < pixels.height(); ++y)
                     for (int x = 0; x < pixels.width(); ++x)

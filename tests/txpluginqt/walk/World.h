@@ -19,7 +19,8 @@ public:
     using TakeMessages = std::function<std::string()>;
 
     /// Makes both sides, and chooses the engine manager's settings, as the seed says.
-    World(unsigned seed, TakeMessages takeMessages);
+    /// @param width of the first target of each surface.
+    World(unsigned seed, int width, TakeMessages takeMessages);
     ~World();
     World(const World&) = delete;
     World& operator=(const World&) = delete;
@@ -38,8 +39,10 @@ public:
     std::string Explain();
 
     ModelSurface& Model(int surface) { return *model.surfaces[static_cast<std::size_t>(surface)]; }
+    const ModelFont& FontOfModel(int font) const { return *model.fonts[static_cast<std::size_t>(font)]; }
     /// Whether any pixel has changed, or an image has given way to another one, since the last call of this.
-    bool LeftInk();
+    /// @param fromColumn pixels left of it do not count.
+    bool LeftInk(int fromColumn = 0);
 
 private:
     struct ImagePair
