@@ -35,14 +35,16 @@ struct Operation
 struct NoPreparation
 {
     template <class... Arguments>
-    void operator()(World&, int, const Arguments&...) const
+    bool operator()(World&, int, const Arguments&...) const
     {
+        return true;
     }
 };
 
 /// A row whose @p generate makes a tuple of arguments, and whose @p call makes the call with a side and these. The call
 /// is written once: the model's operations have the same names and arguments.
-/// @param prepare is called first, with the world, the number of the surface, and the arguments.
+/// @param prepare is called first, with the world, the number of the surface, and the arguments. Where it returns false
+/// the step is left out.
 template <class Generate, class Call, class Prepare = NoPreparation>
 Operation Row(const char* name, int weight, Generate generate, Call call, Prepare prepare = {})
 {
@@ -53,7 +55,8 @@ Operation Row(const char* name, int weight, Generate generate, Call call, Prepar
         const auto arguments = generated;
         const auto run = [=](World& world) -> std::optional<std::string>
         {
-            std::apply([&](const auto&... argument) { prepare(world, surface, argument...); }, arguments);
+            if (!std::apply([&](const auto&... argument) { return prepare(world, surface, argument...); }, arguments))
+                return std::nullopt;
             return world.Apply(
                 surface, [&](auto& side)
                 { return std::apply([&](const auto&... argument) { return call(side, argument...); }, arguments); });

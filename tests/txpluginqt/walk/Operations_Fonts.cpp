@@ -71,6 +71,7 @@ std::vector<Operation> FontOperations()
                 const ModelFont& measured = world.FontOfModel(font);
                 if (Settle(measured.qfont, QString::fromStdWString(text.toStdWString())))
                     Measured(measured, text);
+                return true;
             }),
     };
 }

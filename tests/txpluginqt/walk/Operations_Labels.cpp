@@ -58,26 +58,28 @@ auto SomeCharacter(Random& r)
                       OneOf<short>(r, {'A', 'g', '@', ' ', 0x2605, 0x231a, 0x4e2d, short(0xf045), short(0xd83d)})};
 }
 
-void SettleLabel(World& world, int surface, const Label& label)
+bool SettleLabel(World& world, int surface, const Label& label)
 {
     const ModelSurface& model = world.Model(surface);
     if (model.CairoDrawingEnabled())
-        return;
+        return true;
     if (model.Font())
         Settle(model.Font()->qfont, label.Text());
     if (model.Painter() && model.Painter()->isActive())
         Settle(model.Painter()->font(), label.Text());
+    return true;
 }
 
 /// In the font that the marker sets.
-void SettleCharacter(World& world, int surface, const TXPoint&, double width, double height, double,
+bool SettleCharacter(World& world, int surface, const TXPoint&, double width, double height, double,
                      const TXString& fontName, short character)
 {
     if (!world.Model(surface).Font())
-        return;
+        return true;
     ModelFont font = *world.Model(surface).Font();
     font.SetSymbol(width, height, fontName);
     Settle(font.qfont, QString(QChar(static_cast<ushort>(character))));
+    return true;
 }
 
 } // namespace

@@ -163,6 +163,12 @@ std::vector<World::ImagePair> World::ImagePairs()
     return pairs;
 }
 
+const ModelImage* World::SourceOfModel(int surface, int number)
+{
+    model.current = static_cast<std::size_t>(surface);
+    return model.Source(number).get();
+}
+
 std::string World::DifferingState()
 {
     for (std::size_t i = 0; i < kSurfaces; ++i)

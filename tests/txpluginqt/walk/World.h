@@ -39,6 +39,8 @@ public:
     std::string Explain();
 
     ModelSurface& Model(int surface) { return *model.surfaces[static_cast<std::size_t>(surface)]; }
+    /// An image to draw, by the number that a side has for it.
+    const ModelImage* SourceOfModel(int surface, int number);
     const ModelFont& FontOfModel(int font) const { return *model.fonts[static_cast<std::size_t>(font)]; }
     /// Whether any pixel has changed, or an image has given way to another one, since the last call of this.
     /// @param fromColumn pixels left of it do not count.
