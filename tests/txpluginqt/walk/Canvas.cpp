@@ -1,14 +1,37 @@
 #include "Canvas.h"
 
-#include <tests/support/Twins.h>
+#include "Background.h"
 
-Canvas::Canvas(Kind kind) : image(70, 60, QImage::Format_ARGB32_Premultiplied)
+namespace
 {
-    PaintBackground(image);
+
+void SetResolution(QImage& image, int dotsPerInch)
+{
+    image.setDotsPerMeterX(qRound(dotsPerInch / 0.0254));
+    image.setDotsPerMeterY(qRound(dotsPerInch / 0.0254));
+}
+
+QFont SpacedFont()
+{
+    QFont font("DejaVu Sans");
+    font.setPixelSize(14);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, 3.0);
+    return font;
+}
+
+} // namespace
+
+Canvas::Canvas(Kind kind) : image(Background({70, 60}, QImage::Format_ARGB32_Premultiplied).copy())
+{
+    if (kind == Coarse || kind == Fine)
+        SetResolution(image, kind == Coarse ? 72 : 300);
     if (kind == Picture)
         painter.begin(&picture);
-    else
+    else if (kind != Inactive)
         painter.begin(&image);
+    if (kind == Coarse || kind == Fine)
+        // The same font on both, with what depends on the resolution though the size does not.
+        painter.setFont(SpacedFont());
     if (kind != Turned)
         return;
     QFont font("DejaVu Serif");
@@ -27,7 +50,8 @@ void Canvas::Finish(int savedStates)
 {
     for (int i = 0; i < savedStates; ++i)
         painter.restore();
-    painter.end();
+    if (painter.isActive())
+        painter.end();
     if (!picture.isNull())
         QPainter(&image).drawPicture(0, 0, picture);
 }

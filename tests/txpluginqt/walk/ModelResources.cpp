@@ -1,5 +1,7 @@
 #include "ModelResources.h"
 
+#include <algorithm>
+
 #include <tests/txpluginqt/graphics/RandomCases.h>
 
 using namespace TZObjects;
@@ -78,10 +80,15 @@ ModelImage::~ModelImage()
 
 bool ModelImage::CreateCompatibleImage(std::nullptr_t, int width, int height)
 {
+    CreateCompatibleImage(width, height, {});
+    return true;
+}
+
+void ModelImage::CreateCompatibleImage(int width, int height, const std::function<void()>& first)
+{
     auto image = std::make_unique<QImage>(width, height, DefaultFormat());
     image->fill(QColor(255, 255, 255, 0));
-    Replace(std::move(image));
-    return true;
+    Replace(std::move(image), first);
 }
 
 bool ModelImage::CreateImage(int width, int height, TXImage::Format format)
@@ -96,11 +103,14 @@ bool ModelImage::Delete()
     return true;
 }
 
-void ModelImage::Replace(std::unique_ptr<QImage> replacement)
+void ModelImage::Replace(std::unique_ptr<QImage> replacement, const std::function<void()>& first)
 {
     for (ModelFollower* const follower : followers)
         follower->PixelsGo();
     pixels = std::move(replacement);
+    isRaw = false;
+    if (first)
+        first();
     for (ModelFollower* const follower : followers)
         follower->PixelsCame();
 }
@@ -131,8 +141,47 @@ void ModelImage::Fill(unsigned int value)
 
 void ModelImage::SetPixel(int x, int y, const TXColor& color)
 {
-    if (pixels && pixels->valid(x, y))
+    if (pixels && pixels->valid(x, y) && pixels->format() > QImage::Format_Indexed8)
         pixels->setPixelColor(x, y, ToQt(color));
+}
+
+TXColor ModelImage::GetPixel(int x, int y) const
+{
+    if (!pixels || !pixels->valid(x, y))
+        return TXColor();
+    const bool lacksColor =
+        pixels->format() <= QImage::Format_Indexed8 && pixels->pixelIndex(x, y) >= pixels->colorCount();
+    return TXColor(lacksColor ? 0u : pixels->pixel(x, y), true);
+}
+
+void ModelImage::SetBits(const void* data, unsigned int size)
+{
+    if (!pixels)
+        return;
+    Replace(
+        std::make_unique<QImage>(QImage::fromData(static_cast<const uchar*>(data), data ? static_cast<int>(size) : 0)));
+}
+
+void* ModelImage::GetBits()
+{
+    isRaw = true;
+    return pixels ? pixels->bits() : nullptr;
+}
+
+QImage ModelImage::Drawable() const
+{
+    QImage drawable = pixels->copy();
+    if (drawable.format() != QImage::Format_Indexed8)
+        return drawable;
+    if (drawable.colorCount() == 0)
+        return QImage();
+    int largest = 0;
+    for (int x = 0; x < drawable.width(); ++x)
+        for (int y = 0; y < drawable.height(); ++y)
+            largest = std::max(largest, drawable.pixelIndex(x, y));
+    if (largest >= drawable.colorCount())
+        drawable.setColor(largest, 0u);
+    return drawable;
 }
 
 ModelBrush::ModelBrush() { Create(TXColor(255, 255, 255, 0), TXBrush::SolidBrush); }
@@ -150,14 +199,23 @@ void ModelBrush::SetColor(const TXColor& color) { qbrush.setColor(ToQt(color)); 
 
 void ModelBrush::SetTextureImage(const std::shared_ptr<ModelImage>& image)
 {
-    if (!image->pixels || image->pixels->isNull())
+    if (!image->pixels)
         return;
     // What is drawn into the image later does not show in the brush.
-    qbrush.setTextureImage(image->pixels->copy());
+    const QImage drawable = image->Drawable();
+    if (drawable.isNull() && !image->pixels->isNull())
+        return;
+    qbrush.setTextureImage(drawable);
     texture = image;
 }
 
-ModelFont::ModelFont() : width(qfont.pixelSize()) {}
+bool ModelFont::Create()
+{
+    qfont = QFont();
+    width = qfont.pixelSize();
+    dotsPerInch = 0;
+    return true;
+}
 
 void ModelFont::SetFontWidth(int newWidth)
 {

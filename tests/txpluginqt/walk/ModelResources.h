@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -52,21 +53,33 @@ public:
     ModelImage& operator=(const ModelImage&) = delete;
 
     bool CreateCompatibleImage(std::nullptr_t, int width, int height);
+    /// The same, with something to do before the followers have the new pixels.
+    void CreateCompatibleImage(int width, int height, const std::function<void()>& first);
     bool CreateImage(int width, int height, TZObjects::TXImage::Format format);
     bool Delete();
     void Fill(const TZObjects::TXRect& rect, const TZObjects::TXColor& color);
     void Fill(const TZObjects::TXColor& color);
     void Fill(unsigned int value);
     void SetPixel(int x, int y, const TZObjects::TXColor& color);
+    TZObjects::TXColor GetPixel(int x, int y) const;
+    void SetBits(const void* data, unsigned int size);
+    void* GetBits();
     int GetWidth() const { return pixels ? pixels->width() : 0; }
     int GetHeight() const { return pixels ? pixels->height() : 0; }
+
+    /// What drawing the image draws, as it is now: pixels that index no colour are transparent, and without any colours
+    /// there is nothing to draw.
+    QImage Drawable() const;
 
     /// Null while the image is absent.
     std::unique_ptr<QImage> pixels;
     std::vector<ModelFollower*> followers;
+    /// Whether a host may have written pixels itself.
+    bool isRaw = false;
 
 private:
-    void Replace(std::unique_ptr<QImage> replacement);
+    /// @param first what to do before the followers have the new pixels.
+    void Replace(std::unique_ptr<QImage> replacement, const std::function<void()>& first = {});
 };
 
 /// The model of a brush.
@@ -90,8 +103,10 @@ private:
 class ModelFont
 {
 public:
-    ModelFont();
+    ModelFont() { Create(); }
 
+    bool Create();
+    void Delete() {}
     void SetFontWidth(int newWidth);
     void SetFontHeight(int height);
     void SetFontAngle(int newAngle) { angle = newAngle; }
@@ -105,6 +120,18 @@ public:
     void SetFontName(const TZObjects::TXString& newName);
     void SetWordSpacing(double spacing) { qfont.setLetterSpacing(QFont::AbsoluteSpacing, spacing); }
 
+    /// All that a font marker through Qt sets.
+    void SetSymbol(double symbolWidth, double height, const TZObjects::TXString& fontName);
+
+    // Measuring, by Qt always.
+    bool GetTextExtent(const TZObjects::TXString& text, double& extentWidth, double& height, bool useQt) const;
+    bool GetTextExtent(const TZObjects::TXString& text, int& extentWidth, int& height, bool useQt) const;
+    bool GetMultiTextExtent(const TZObjects::TXString& text, double& extentWidth, double& height, bool useQt) const;
+    bool GetMultiTextExtent(const TZObjects::TXString& text, int& extentWidth, int& height, bool useQt) const;
+    void GetFontMetricsInfo(double& height, double& ascent, double& descent, bool useQt) const;
+    void GetFontMetricsInfo(int& height, int& ascent, int& descent, bool useQt) const;
+    double GetMaxCharWidthOfText(const TZObjects::TXString& text, bool useQt) const;
+
     int GetFontWidth() const { return width; }
     TZObjects::TXString GetFontName() const;
     bool IsBold() const { return qfont.weight() > 57; }
@@ -112,11 +139,13 @@ public:
 
     QFont qfont;
     TZObjects::TXFont::TXItalicMode italicMode = TZObjects::TXFont::ItalicNone;
-    int width;
+    int width = 0;
     int angle = 0;
     bool halo = false;
     int haloWidth = 1;
     TZObjects::TXColor haloColor = TZObjects::TXColor::BLACK_;
+    /// The resolution of the device that the font comes from, in dots per inch; 0 for none.
+    int dotsPerInch = 0;
 
 private:
     TZObjects::TXString name;

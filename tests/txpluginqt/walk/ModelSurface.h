@@ -3,6 +3,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <utility>
 
 #include <QPainter>
 #include <QPainterPath>
@@ -66,8 +68,6 @@ public:
     bool Save(const TZObjects::TXString& fileName);
     void Save();
     void Restore();
-    /// False for a restore that Qt would complain about, as no state of the attached painter is saved.
-    bool MayRestore() const { return !outside || outside->saved > 0; }
     void SetOpacity(double opacity);
     double GetOpacity() const;
     TZObjects::TXPoint SetWindowOrg(const TZObjects::TXPoint& origin);
@@ -142,6 +142,12 @@ public:
 
     /// The painter that all drawing uses; null when there is none.
     QPainter* Painter() const { return outside ? &outside->painter : own.get(); }
+    /// The selected font, as it is.
+    const Ptr<ModelFont>& Font() const { return font; }
+    /// Whether the image drawn last may have any pixels.
+    bool DrewRawPixels() const { return drewRawPixels; }
+    /// Forgets and returns the warning that the operation before has Qt print; empty for none.
+    std::string TakeQtWarning() { return std::exchange(qtWarning, {}); }
 
 private:
     using CairoSurface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
@@ -151,7 +157,7 @@ private:
     void PixelsCame() override;
     void ImageEnds() override { target = nullptr; }
     void Follow(ModelImage* newTarget);
-    void BeginOn(ModelImage* newTarget);
+    void Begin(QImage* pixels);
     void EndPainting();
     void ApplyResources();
     void MakeCairoContext();
@@ -170,6 +176,8 @@ private:
     using DrawPlaced = std::function<void(QPainter&, const QImage& pixels, const TZObjects::TXRect& to,
                                           const TZObjects::TXRect& from)>;
 
+    /// How many states of the current painter are saved.
+    int& SavedStates() { return outside ? outside->saved : saved; }
     /// False without a painter, else true; draws with a painter that is painting.
     bool Paint(const std::function<void(QPainter&)>& draw) const;
     bool PaintMarker(double x, double y, double angle, const QPolygonF& symbol, bool closed);
@@ -193,9 +201,11 @@ private:
     CairoSurface cairoSurface{nullptr, cairo_surface_destroy};
     CairoContext cairo{nullptr, cairo_destroy};
 
-    ModelImage* target = nullptr; // that the own painter paints on
-    QPainter::RenderHints lastHints;
-    int saved = 0; // states of the own painter
+    ModelImage* target = nullptr;                   // that the own painter paints on
+    std::optional<QPainter::RenderHints> lostHints; // that the own painter had when the target's pixels went
+    int saved = 0;                                  // states of the own painter
+    std::string qtWarning;
+    bool drewRawPixels = false;
     int textHorizAlign = 1;
     int textVertAlign = 1;
     TZObjects::TXColor background{255, 255, 255, 255};

@@ -113,17 +113,22 @@ bool ModelSurface::PaintImage(const ImageCall& call, const DrawInPlace& drawInPl
     const int width = image->pixels->width();
     const int height = image->pixels->height();
     // The source may be the target, which changes while it is drawn.
-    const QImage pixels = call.source->pixels->copy();
+    const QImage pixels = call.source->Drawable();
+    drewRawPixels = call.source->isRaw;
     TXRect dst = call.dst;
     TXRect src = call.src;
+    const bool inPlace = dst == src && dst.left == 0.0 && dst.top == 0.0;
+    const bool reaches = dst.right >= 0.0 && dst.left <= width && dst.bottom >= 0.0 && dst.top <= height;
+    if (!inPlace && !reaches)
+        return true;
     if (p)
         p->setOpacity(call.opacity);
-    if (dst == src && dst.left == 0.0 && dst.top == 0.0)
+    if (inPlace)
     {
         if (p)
             drawInPlace(*p, pixels, dst);
     }
-    else if (dst.right >= 0.0 && dst.left <= width && dst.bottom >= 0.0 && dst.top <= height)
+    else
     {
         ClipToTarget(dst, src, width, height);
         // The opacity stays.
@@ -146,7 +151,7 @@ bool ModelSurface::BiltTo(ModelSurface* to, int x, int y) const
 {
     if (!to || !to->image || !to->image->pixels || !image || !image->pixels)
         return false;
-    const QImage pixels = image->pixels->copy();
+    const QImage pixels = image->Drawable();
     return to->Paint(
         [&](QPainter& p)
         {

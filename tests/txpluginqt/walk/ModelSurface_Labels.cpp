@@ -1,6 +1,7 @@
 // Labels of the model through Qt, and the choice of the text path.
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include <tests/txpluginqt/text/ExpectedLabel.h>
 #include <tests/txpluginqt/text/NaiveTags.h>
@@ -65,7 +66,7 @@ void DrawPlain(QPainter& painter, const ModelFont& font, Entry entry, const Labe
 /// The widest of a rich label's lines, each measured alone, and the sum of their heights.
 QSizeF LinesAlone(const QString& html, const QFont& font, const QFont& painterFont)
 {
-    QSizeF all(0.0, 0.0);
+    QSizeF all(-std::numeric_limits<double>::infinity(), 0.0);
     for (const QString& line : html.split('\n'))
     {
         QSizeF size = QFontMetricsF(font).boundingRect(line).size();

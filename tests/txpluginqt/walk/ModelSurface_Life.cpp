@@ -14,6 +14,8 @@ bool AntialiasingIsDefault() { return TXGraphicsEngineManager::instance("")->Ant
 
 bool CairoIsDefault() { return TXGraphicsEngineManager::instance("")->CairoDrawingEnabled(); }
 
+QImage* PixelsOf(const ModelImage* image) { return image ? image->pixels.get() : nullptr; }
+
 } // namespace
 
 ModelSurface::ModelSurface()
@@ -28,7 +30,8 @@ ModelSurface::ModelSurface(const Ptr<ModelImage>& painted)
     if (painted)
     {
         own = std::make_unique<QPainter>();
-        BeginOn(painted.get());
+        Follow(painted.get());
+        Begin(PixelsOf(target));
     }
     EnableCairoDrawing(CairoIsDefault());
 }
@@ -48,16 +51,16 @@ void ModelSurface::Follow(ModelImage* newTarget)
                         followers.end());
     }
     target = newTarget;
-    lastHints = kAntialiased;
+    lostHints.reset();
     if (target)
         target->followers.push_back(this);
 }
 
-void ModelSurface::BeginOn(ModelImage* newTarget)
+// Qt paints on no pixels, on indexed ones, and on those of another painter as little as it can.
+void ModelSurface::Begin(QImage* pixels)
 {
-    Follow(newTarget);
-    if (target && target->pixels && !target->pixels->isNull())
-        own->begin(target->pixels.get());
+    if (pixels && !pixels->isNull() && pixels->format() != QImage::Format_Indexed8 && !pixels->paintingActive())
+        own->begin(pixels);
 }
 
 void ModelSurface::EndPainting()
@@ -85,8 +88,9 @@ bool ModelSurface::CreateCompatibleGraphics(int width, int height)
     own = std::make_unique<QPainter>();
     if (!image)
         image = std::make_shared<ModelImage>();
-    image->CreateCompatibleImage(nullptr, width, height);
-    BeginOn(image.get());
+    // Other surfaces on the image get its new pixels only where this one does not paint.
+    image->CreateCompatibleImage(width, height, [this] { Begin(PixelsOf(image.get())); });
+    Follow(image.get());
     if (own->isActive() && AntialiasingIsDefault())
         own->setRenderHints(kAntialiased | QPainter::SmoothPixmapTransform);
     if (cairoEnabled)
@@ -103,10 +107,10 @@ ModelSurface::Ptr<ModelImage> ModelSurface::SelectImage(const Ptr<ModelImage>& n
     // An attached painter is not the surface's to end: this concerns the surface's own.
     if (!own || (newImage && newImage == image))
         return nullptr;
-    // A painter that does not paint has no hints to hand on.
-    const QPainter::RenderHints hints = image && own->isActive() ? own->renderHints() : kAntialiased;
+    const QPainter::RenderHints hints = image ? lostHints.value_or(own->renderHints()) : kAntialiased;
     EndPainting();
-    BeginOn(newImage.get());
+    Follow(newImage.get());
+    Begin(PixelsOf(target));
     if (own->isActive() && AntialiasingIsDefault())
         own->setRenderHints(hints);
     const Ptr<ModelImage> old = std::exchange(image, newImage);
@@ -133,7 +137,7 @@ void ModelSurface::ApplyResources()
 void ModelSurface::PixelsGo()
 {
     if (own && own->isActive())
-        lastHints = own->renderHints();
+        lostHints = own->renderHints();
     EndPainting();
     if (target == image.get())
         DropCairoContext();
@@ -144,11 +148,15 @@ void ModelSurface::PixelsCame()
 {
     if (cairoEnabled && target == image.get())
         MakeCairoContext();
-    if (!own || !target->pixels || target->pixels->isNull())
+    if (!own)
         return;
-    own->begin(target->pixels.get());
+    Begin(PixelsOf(target));
+    if (!own->isActive())
+        return;
+    const QPainter::RenderHints hints = lostHints.value_or(kAntialiased);
+    lostHints.reset();
     if (AntialiasingIsDefault())
-        own->setRenderHints(lastHints);
+        own->setRenderHints(hints);
     ApplyResources();
 }
 
@@ -185,6 +193,9 @@ void ModelSurface::MakeCairoContext()
         cairo_image_surface_create_for_data(pixels->bits(), CAIRO_FORMAT_ARGB32, pixels->width(), pixels->height(),
                                             cairo_format_stride_for_width(CAIRO_FORMAT_ARGB32, pixels->width())));
     cairo.reset(cairo_create(cairoSurface.get()));
+    // Cairo does not draw on images of more than 32,767 pixels in a row.
+    if (cairo_status(cairo.get()) != CAIRO_STATUS_SUCCESS)
+        DropCairoContext();
 }
 
 void ModelSurface::DropCairoContext()

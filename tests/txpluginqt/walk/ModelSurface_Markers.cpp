@@ -16,6 +16,14 @@ QString Text(short character) { return QString(QChar(static_cast<ushort>(charact
 
 } // namespace
 
+void ModelFont::SetSymbol(double symbolWidth, double height, const TXString& fontName)
+{
+    SetFontWidth(SymbolSize(symbolWidth));
+    SetFontHeight(SymbolSize(height));
+    SetFontName(fontName);
+    qfont.setStyleStrategy(QFont::PreferAntialias);
+}
+
 bool ModelSurface::PaintMarker(double x, double y, double angle, const QPolygonF& symbol, bool closed)
 {
     return Paint(
@@ -77,10 +85,7 @@ bool ModelSurface::FontMarker(double x, double y, double width, double height, d
         FontMarkerWithCairo(x, y, height, angle, fontName, character);
         return true;
     }
-    font->SetFontWidth(SymbolSize(width));
-    font->SetFontHeight(SymbolSize(height));
-    font->SetFontName(fontName);
-    font->qfont.setStyleStrategy(QFont::PreferAntialias);
+    font->SetSymbol(width, height, fontName);
     return Paint([&](QPainter& p) { FontMarkerWithQt(p, x, y, width, height, angle, character); });
 }
 

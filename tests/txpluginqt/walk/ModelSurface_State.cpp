@@ -62,21 +62,24 @@ void ModelSurface::SelectGradient(const ModelGradient* gradient)
 ModelSurface::Ptr<ModelPen> ModelSurface::GetPen()
 {
     if (outside && pen)
-        pen->qpen = outside->painter.pen();
+        pen->qpen = outside->painter.isActive() ? outside->painter.pen() : QPen();
     return pen;
 }
 
 ModelSurface::Ptr<ModelBrush> ModelSurface::GetBrush()
 {
     if (outside && brush)
-        brush->qbrush = outside->painter.brush();
+        brush->qbrush = outside->painter.isActive() ? outside->painter.brush() : QBrush();
     return brush;
 }
 
 ModelSurface::Ptr<ModelFont> ModelSurface::GetFont()
 {
-    if (outside && font)
-        font->qfont = outside->painter.font();
+    if (!outside || !font)
+        return font;
+    const QPainter& painter = outside->painter;
+    font->qfont = painter.isActive() ? painter.font() : QFont();
+    font->dotsPerInch = painter.isActive() ? painter.device()->logicalDpiY() : 0;
     return font;
 }
 
@@ -91,17 +94,21 @@ void ModelSurface::Save()
         [&](QPainter& p)
         {
             p.save();
-            ++(outside ? outside->saved : saved);
+            ++SavedStates();
         });
 }
 
 void ModelSurface::Restore()
 {
-    int& depth = outside ? outside->saved : saved;
-    if (depth == 0)
-        return;
-    Painter()->restore();
-    --depth;
+    Paint(
+        [&](QPainter& p)
+        {
+            p.restore();
+            if (SavedStates() == 0)
+                qtWarning = "QPainter::restore: Unbalanced save/restore";
+            else
+                --SavedStates();
+        });
 }
 
 void ModelSurface::SetOpacity(double opacity)

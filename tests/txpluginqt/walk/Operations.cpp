@@ -41,3 +41,5 @@ void PrintTo(const Rings& rings, std::ostream* out)
 {
     *out << ::testing::PrintToString(rings.counts) << " points " << ::testing::PrintToString(rings.points);
 }
+
+void PrintTo(const ImagePart& part, std::ostream* out) { PrintTo(static_cast<const TXRect&>(part), out); }

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include <tests/txpluginqt/graphics/RandomCases.h>
-#include <tests/txpluginqt/graphics/Rings.h>
 
+#include "Stretch.h"
 #include "World.h"
 
 /// One step of a walk: an operation with its arguments, made on one of the surfaces. Steps do not depend on each other,
@@ -17,6 +17,7 @@
 struct Step
 {
     const char* name;
+    int surface;
     /// Makes it on both sides. @return what differs in the answers.
     std::function<std::optional<std::string>(World&)> run;
     std::function<std::string()> describe;
@@ -27,22 +28,34 @@ struct Operation
 {
     const char* name;
     int weight; ///< How often it is chosen, in relation to the others.
-    std::function<Step(Random&, int surface)> make;
+    std::function<Step(Random&, int surface, const Stretch&)> make;
+};
+
+/// For rows that need nothing done first.
+struct NoPreparation
+{
+    template <class... Arguments>
+    bool operator()(World&, int, const Arguments&...) const
+    {
+        return true;
+    }
 };
 
 /// A row whose @p generate makes a tuple of arguments, and whose @p call makes the call with a side and these. The call
 /// is written once: the model's operations have the same names and arguments.
-/// @param applies when given, says whether the operation may be made now.
-template <class Generate, class Call>
-Operation Row(const char* name, int weight, Generate generate, Call call,
-              bool (*applies)(const ModelSurface&) = nullptr)
+/// @param prepare is called first, with the world, the number of the surface, and the arguments. Where it returns false
+/// the step is left out.
+template <class Generate, class Call, class Prepare = NoPreparation>
+Operation Row(const char* name, int weight, Generate generate, Call call, Prepare prepare = {})
 {
-    const auto make = [=](Random& random, int surface)
+    const auto make = [=](Random& random, int surface, const Stretch& stretch)
     {
-        const auto arguments = generate(random);
+        auto generated = generate(random);
+        std::apply([&](auto&... argument) { (stretch.Apply(argument), ...); }, generated);
+        const auto arguments = generated;
         const auto run = [=](World& world) -> std::optional<std::string>
         {
-            if (applies && !applies(world.Model(surface)))
+            if (!std::apply([&](const auto&... argument) { return prepare(world, surface, argument...); }, arguments))
                 return std::nullopt;
             return world.Apply(
                 surface, [&](auto& side)
@@ -50,17 +63,18 @@ Operation Row(const char* name, int weight, Generate generate, Call call,
         };
         const auto describe = [=]
         { return "surface " + std::to_string(surface) + ": " + name + ::testing::PrintToString(arguments); };
-        return Step{name, run, describe};
+        return Step{name, surface, run, describe};
     };
     return {name, weight, make};
 }
 
 /// A row whose call needs nothing of a side but the surface.
-template <class Generate, class Call>
-Operation SurfaceRow(const char* name, int weight, Generate generate, Call call)
+template <class Generate, class Call, class Prepare = NoPreparation>
+Operation SurfaceRow(const char* name, int weight, Generate generate, Call call, Prepare prepare = {})
 {
-    return Row(name, weight, generate,
-               [=](auto& side, const auto&... argument) { return call(side.Surface(), argument...); });
+    return Row(
+        name, weight, generate, [=](auto& side, const auto&... argument) { return call(side.Surface(), argument...); },
+        prepare);
 }
 
 /// For operations without arguments.
@@ -88,16 +102,21 @@ auto Joined(First first, Rest... rest)
 
 /// A rectangle on or near the surface, of any size.
 TZObjects::TXRect SomeRect(Random& random);
+/// The text of a label of any kind, often enough with coloured glyphs.
+std::wstring SomeText(Random& random);
 
 // The table, by topic.
 std::vector<Operation> StateOperations();
 std::vector<Operation> LifeOperations();
 std::vector<Operation> ResourceOperations();
+std::vector<Operation> PixelOperations();
 std::vector<Operation> ShapeOperations();
 std::vector<Operation> PathOperations();
 std::vector<Operation> ClipOperations();
 std::vector<Operation> MarkerOperations();
 std::vector<Operation> LabelOperations();
+std::vector<Operation> FontOperations();
+std::vector<Operation> BackendOperations();
 std::vector<Operation> ImageOperations();
 
 // How arguments are printed.
@@ -110,3 +129,4 @@ void PrintTo(const TXString& text, std::ostream* out);
 void PrintTo(const TXGraphics::stGradientParams& gradient, std::ostream* out);
 } // namespace TZObjects
 void PrintTo(const Rings& rings, std::ostream* out);
+void PrintTo(const ImagePart& part, std::ostream* out);

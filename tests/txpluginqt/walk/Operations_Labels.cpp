@@ -1,7 +1,9 @@
 // Markers and labels.
+#include <tests/txpluginqt/text/LabelTexts.h>
 #include <tests/txpluginqt/text/RandomLabels.h>
 
 #include "Operations.h"
+#include "Settle.h"
 
 using namespace TZObjects;
 
@@ -36,6 +38,7 @@ std::tuple<TXPoint> SomePlace(Random& r)
 std::tuple<Label> SomeLabel(Random& r)
 {
     Label label = RandomLabels(static_cast<unsigned>(r.Int(0, 1 << 30))).NextLabel();
+    label.text = SomeText(r);
     const double dx = label.x * -0.4;
     const double dy = label.y * -0.3;
     for (double* const x : {&label.x, &label.left, &label.right})
@@ -48,10 +51,35 @@ std::tuple<Label> SomeLabel(Random& r)
 /// What `FontMarker` takes beside the place.
 auto SomeCharacter(Random& r)
 {
-    return std::tuple{r.Real(-2.0, 30.0), r.Real(-2.0, 30.0), SomeAngle(r),
-                      TXString(OneOf<const wchar_t*>(r, {L"DejaVu Sans", L"DejaVu Sans", L"DejaVu Serif",
-                                                         L"WenQuanYi Micro Hei", L"No Such Face", L""})),
-                      OneOf<short>(r, {'A', 'g', '@', ' ', 0x2605, 0x4e2d, short(0xf045), short(0xd83d)})};
+    const auto family = r.Chance(8) ? L"Noto Color Emoji"
+                                    : OneOf<const wchar_t*>(r, {L"DejaVu Sans", L"DejaVu Sans", L"DejaVu Serif",
+                                                                L"WenQuanYi Micro Hei", L"No Such Face", L""});
+    return std::tuple{r.Real(-2.0, 30.0), r.Real(-2.0, 30.0), SomeAngle(r), TXString(family),
+                      OneOf<short>(r, {'A', 'g', '@', ' ', 0x2605, 0x231a, 0x4e2d, short(0xf045), short(0xd83d)})};
+}
+
+bool SettleLabel(World& world, int surface, const Label& label)
+{
+    const ModelSurface& model = world.Model(surface);
+    if (model.CairoDrawingEnabled())
+        return true;
+    if (model.Font())
+        Settle(model.Font()->qfont, label.Text());
+    if (model.Painter() && model.Painter()->isActive())
+        Settle(model.Painter()->font(), label.Text());
+    return true;
+}
+
+/// In the font that the marker sets.
+bool SettleCharacter(World& world, int surface, const TXPoint&, double width, double height, double,
+                     const TXString& fontName, short character)
+{
+    if (!world.Model(surface).Font())
+        return true;
+    ModelFont font = *world.Model(surface).Font();
+    font.SetSymbol(width, height, fontName);
+    Settle(font.qfont, QString(QChar(static_cast<ushort>(character))));
+    return true;
 }
 
 } // namespace
@@ -73,18 +101,30 @@ std::vector<Operation> MarkerOperations()
                        return s.VectorMarker(offset.x, offset.y, scaleX, scaleY, at.x, at.y, angle, p.data(), Count(p),
                                              closed);
                    }),
-        SurfaceRow("FontMarker(point)", 2, Joined(SomePlace, SomeCharacter),
-                   [](auto& s, auto... a) { return s.FontMarker(a...); }),
-        SurfaceRow("FontMarker", 6, Joined(SomePlace, SomeCharacter),
-                   [](auto& s, const TXPoint& at, auto... a) { return s.FontMarker(at.x, at.y, a...); }),
+        SurfaceRow(
+            "FontMarker(point)", 2, Joined(SomePlace, SomeCharacter),
+            [](auto& s, auto... a) { return s.FontMarker(a...); }, SettleCharacter),
+        SurfaceRow(
+            "FontMarker", 6, Joined(SomePlace, SomeCharacter),
+            [](auto& s, const TXPoint& at, auto... a) { return s.FontMarker(at.x, at.y, a...); }, SettleCharacter),
     };
+}
+
+std::wstring SomeText(Random& r)
+{
+    if (r.Chance(12))
+        return OneOf<const wchar_t*>(r, {L"a\U0001F30Db", L"\U0001F600", L"x\n\U0001F30D\U0001F600", L"10 \u231a",
+                                         L"<BOL>\U0001F30D</BOL> y", L"<ITA>z\U0001F600</ITA>"});
+    const std::vector<std::wstring>& texts = LabelTexts();
+    return texts[static_cast<std::size_t>(r.Int(0, static_cast<int>(texts.size()) - 1))];
 }
 
 std::vector<Operation> LabelOperations()
 {
     std::vector<Operation> rows;
     for (const Entry entry : kAllEntries)
-        rows.push_back(SurfaceRow(NameOf(entry), 7, SomeLabel,
-                                  [=](auto& s, const Label& label) { return Draw(s, entry, label); }));
+        rows.push_back(SurfaceRow(
+            NameOf(entry), 7, SomeLabel, [=](auto& s, const Label& label) { return Draw(s, entry, label); },
+            SettleLabel));
     return rows;
 }

@@ -14,7 +14,8 @@ std::tuple<int, int> SomeSize(Random& random)
     return {random.Int(40, 100), random.Int(30, 80)};
 }
 
-std::tuple<int> SomeTarget(Random& random) { return {random.Int(0, 1)}; }
+/// Seldom one that the other surface may be painting on.
+std::tuple<int> SomeTarget(Random& random) { return {random.Chance(85) ? random.Int(0, 1) : random.Int(2, 3)}; }
 
 std::tuple<int> SomeImage(Random& random) { return {random.Int(0, kImages - 1)}; }
 
@@ -30,16 +31,17 @@ std::vector<Operation> LifeOperations()
     return {
         Row("a surface made anew", 1, Nothing, [](auto& side) { side.RenewSurface(); }),
         Row(
-            "a surface made anew on", 1, [](Random& r) { return std::tuple{r.Int(-1, 1)}; },
+            "a surface made anew on", 1, [](Random& r) { return std::tuple{r.Int(-1, 3)}; },
             [](auto& side, int target) { side.RenewSurfaceOn(target); }),
-        SurfaceRow("CreateCompatibleGraphics", 4, SomeSize,
-                   [](auto& s, int width, int height) { return s.CreateCompatibleGraphics(width, height); }),
+        Row("CreateCompatibleGraphics", 4, SomeSize,
+            [](auto& side, int width, int height)
+            { return side.Surface().CreateCompatibleGraphics(side.WidthOf(width), side.HeightOf(height)); }),
         // Most of what follows leaves ink then, which it would not in most other states.
         Row("back to an ordinary state", 25, Nothing,
             [](auto& side)
             {
                 if (!side.Painter() || !side.Painter()->isActive())
-                    side.Surface().CreateCompatibleGraphics(96, 72);
+                    side.Surface().CreateCompatibleGraphics(side.WidthOf(96), side.HeightOf(72));
                 side.Surface().RestoreClipRegion();
                 side.Surface().SetOpacity(1.0);
                 side.Surface().SetCompositionMode(TXGraphics::CompositionMode_SourceOver);
@@ -51,7 +53,10 @@ std::vector<Operation> LifeOperations()
         Row("SelectImage(null)", 3, Nothing,
             [](auto& side) { return side.NumberOf(side.Surface().SelectImage(side.Target(-1))); }),
         Row(
-            "Attach", 4, [](Random& r) { return std::tuple{r.Int(-1, kCanvases - 1)}; },
+            "Attach", 4,
+            [](Random& r) {
+                return std::tuple{OneOf(r, {-1, 0, 0, 1, 1, 2, 2, 3, 4, 5})};
+            },
             [](auto& side, int canvas) { side.Surface().Attach(side.Outside(canvas)); }),
         SurfaceRow("Detach", 6, Nothing, [](auto& s) { s.Detach(); }),
         SurfaceRow(
@@ -72,7 +77,8 @@ std::vector<Operation> LifeOperations()
             [](auto& side, int image, int size, int format)
             {
                 const auto made = side.Image(image);
-                const bool answer = made->CreateImage(size, size / 2, static_cast<TXImage::Format>(format));
+                const bool answer =
+                    made->CreateImage(size, size / 2, static_cast<TXImage::Format>(side.FormatOf(format)));
                 made->Fill(0x80304050u);
                 return answer;
             }),
@@ -84,12 +90,12 @@ std::vector<Operation> LifeOperations()
                 side.Image(image)->CreateCompatibleImage(nullptr, 50, 60);
             }),
         Row("defaults of the manager", 2, SomeDefaults,
-            [](auto&, bool antialiasing, bool cairo, int format)
+            [](auto& side, bool antialiasing, bool cairo, int format)
             {
                 TXGraphicsEngineManager* const manager = TXGraphicsEngineManager::instance("");
                 manager->EnableAntialiasing(antialiasing);
                 manager->EnableCairoDrawing(cairo);
-                manager->SetDefaultImageFormat(format);
+                manager->SetDefaultImageFormat(side.FormatOf(format));
             }),
     };
 }

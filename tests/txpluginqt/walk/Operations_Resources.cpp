@@ -1,5 +1,4 @@
-// Changes of pens, brushes, fonts, gradients and images that may be selected; a surface notices them, or not.
-#include "FontChange.h"
+// Changes of pens, brushes, fonts and gradients that may be selected; a surface notices them, or not.
 #include "Operations.h"
 
 using namespace TZObjects;
@@ -9,7 +8,6 @@ namespace
 
 int SomePen(Random& random) { return random.Int(0, kPens - 1); }
 int SomeBrush(Random& random) { return random.Int(0, kBrushes - 1); }
-int SomeFont(Random& random) { return random.Int(0, kFonts - 1); }
 int SomeImage(Random& random) { return random.Int(0, kImages - 1); }
 
 double SomeWidth(Random& random) { return random.Chance(40) ? 1.0 : random.Real(0.2, 8.0); }
@@ -33,10 +31,20 @@ auto SomeSteps(Random& random)
     return std::tuple{pen, steps};
 }
 
-std::tuple<int, FontChange> SomeFontChange(Random& random)
+std::tuple<int, int> SomeTexture(Random& random) { return {SomeBrush(random), SomeImage(random)}; }
+
+/// A gradient, and positions with their colours.
+std::tuple<int, std::vector<double>, std::vector<TXColor>> SomeStops(Random& random)
 {
-    const int font = SomeFont(random);
-    return {font, FontChange(random)};
+    const int gradient = random.Int(0, kGradients - 1);
+    std::vector<double> positions(static_cast<std::size_t>(random.Int(3, 7)));
+    std::vector<TXColor> colors;
+    for (double& position : positions)
+    {
+        position = random.Chance(20) ? random.Int(0, 1) : random.Real(0.0, 1.0);
+        colors.push_back(random.Color());
+    }
+    return {gradient, positions, colors};
 }
 
 } // namespace
@@ -78,18 +86,18 @@ std::vector<Operation> ResourceOperations()
                 return std::tuple{SomeBrush(r), r.Color()};
             },
             [](auto& side, int brush, const TXColor& color) { side.Brush(brush)->SetColor(color); }),
-        Row(
-            "SetTextureImage", 2,
-            [](Random& r) {
-                return std::tuple{SomeBrush(r), SomeImage(r)};
-            },
+        Row("SetTextureImage", 2, SomeTexture,
             [](auto& side, int brush, int image)
             {
                 side.Brush(brush)->SetTextureImage(side.Image(image));
                 return side.NumberOf(side.Brush(brush)->textureImage());
             }),
-        Row("change of a font", 10, SomeFontChange,
-            [](auto& side, int font, const FontChange& change) { change.Make(*side.Font(font)); }),
+        Row("a brush with a texture", 6, SomeTexture,
+            [](auto& side, int brush, int image)
+            {
+                side.Brush(brush)->SetTextureImage(side.Image(image));
+                return side.NumberOf(side.Surface().SelectBrush(side.Brush(brush)));
+            }),
         Row(
             "another pen", 1, [](Random& r) { return std::tuple{SomePen(r)}; },
             [](auto& side, int pen) { side.RenewPen(pen); }),
@@ -97,10 +105,7 @@ std::vector<Operation> ResourceOperations()
             "another brush", 1, [](Random& r) { return std::tuple{SomeBrush(r)}; },
             [](auto& side, int brush) { side.RenewBrush(brush); }),
         Row(
-            "another font", 1, [](Random& r) { return std::tuple{SomeFont(r)}; },
-            [](auto& side, int font) { side.RenewFont(font); }),
-        Row(
-            "a linear gradient", 2,
+            "a linear gradient", 1,
             [](Random& r) {
                 return std::tuple{r.Int(0, kGradients - 1), r.Real(-20, 90), r.Real(-20, 90), r.Real(-20, 90),
                                   r.Real(-20, 90)};
@@ -108,36 +113,25 @@ std::vector<Operation> ResourceOperations()
             [](auto& side, int gradient, double x1, double y1, double x2, double y2)
             { side.RenewLinear(gradient, x1, y1, x2, y2); }),
         Row(
-            "a radial gradient", 2,
+            "a radial gradient", 1,
             [](Random& r) {
                 return std::tuple{r.Int(0, kGradients - 1), r.Real(0, 90), r.Real(0, 70), r.Real(1, 60)};
             },
             [](auto& side, int gradient, double x, double y, double radius)
             { side.RenewRadial(gradient, x, y, radius); }),
         Row(
-            "SetColorAt", 5,
+            "SetColorAt", 3,
             [](Random& r) {
                 return std::tuple{r.Int(0, kGradients - 1), r.Real(0.0, 1.0), r.Color()};
             },
             [](auto& side, int gradient, double position, const TXColor& color)
             { side.Gradient(gradient)->SetColorAt(position, color); }),
-        Row(
-            "Fill of a part of an image", 2,
-            [](Random& r)
+        Row("a gradient with stops", 6, SomeStops,
+            [](auto& side, int gradient, const std::vector<double>& positions, const std::vector<TXColor>& colors)
             {
-                const double left = r.Real(-5.0, 50.0);
-                const double top = r.Real(-5.0, 40.0);
-                const double size = r.Real(0.0, 12.0);
-                return std::tuple{SomeImage(r), TXRect(left, left + size, top, top + 1.5 * size), r.Color()};
-            },
-            [](auto& side, int image, const TXRect& rect, const TXColor& color)
-            { side.Image(image)->Fill(rect, color); }),
-        Row(
-            "SetPixel", 1,
-            [](Random& r) {
-                return std::tuple{SomeImage(r), r.Int(-1, 50), r.Int(-1, 40), r.Color()};
-            },
-            [](auto& side, int image, int x, int y, const TXColor& color)
-            { side.Image(image)->SetPixel(x, y, color); }),
+                for (std::size_t i = 0; i < positions.size(); ++i)
+                    side.Gradient(gradient)->SetColorAt(positions[i], colors[i]);
+                side.Surface().SelectGradient(side.Gradient(gradient));
+            }),
     };
 }

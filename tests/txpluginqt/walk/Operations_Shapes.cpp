@@ -46,7 +46,13 @@ std::tuple<Rings> SomeRegion(Random& r)
     return {rings};
 }
 
-std::tuple<TXGraphics::stGradientParams> SomeParams(Random& r) { return {SomeGradient(r)}; }
+std::tuple<TXGraphics::stGradientParams> SomeParams(Random& r)
+{
+    TXGraphics::stGradientParams gradient = SomeGradient(r);
+    if (r.Chance(25))
+        gradient.type = 2;
+    return {gradient};
+}
 
 } // namespace
 

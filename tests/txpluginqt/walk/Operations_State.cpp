@@ -19,14 +19,12 @@ std::tuple<double> SomeOpacity(Random& random)
     return {random.Chance(60) ? 1.0 : random.Chance(80) ? random.Real(0.2, 1.0) : OneOf(random, {0.0, -0.5, 7.0})};
 }
 
-/// Any mode but the raster operations 24, 26, 29 and 37. These change colours and not their alpha, and what Qt makes of
-/// pixels whose colours exceed their alpha depends on where in memory they lie.
 std::tuple<int> SomeMode(Random& random)
 {
     if (random.Chance(50))
         return {TXGraphics::CompositionMode_SourceOver};
     if (random.Chance(25))
-        return {OneOf(random, {25, 27, 28, 30, 31, 32, 33, 34, 35, 36})};
+        return {random.Int(TXGraphics::RasterOp_SourceOrDestination, TXGraphics::RasterOp_NotDestination)};
     return {random.Chance(10) ? OneOf(random, {-1, 38, 1000}) : random.Int(0, TXGraphics::CompositionMode_Exclusion)};
 }
 
@@ -102,9 +100,7 @@ std::vector<Operation> StateOperations()
             }),
         SurfaceRow("Save(file)", 2, SomeFileName, [](auto& s, const std::string& name) { return SavedFile(s, name); }),
         SurfaceRow("Save", 8, Nothing, [](auto& s) { s.Save(); }),
-        Row(
-            "Restore", 9, Nothing, [](auto& side) { side.Surface().Restore(); },
-            [](const ModelSurface& s) { return s.MayRestore(); }),
+        SurfaceRow("Restore", 9, Nothing, [](auto& s) { s.Restore(); }),
         SurfaceRow("SetOpacity", 8, SomeOpacity, [](auto& s, double opacity) { s.SetOpacity(opacity); }),
         SurfaceRow("GetOpacity", 2, Nothing, [](auto& s) { return s.GetOpacity(); }),
         SurfaceRow("SetWindowOrg", 4, SomeShift,
@@ -136,19 +132,5 @@ std::vector<Operation> StateOperations()
         SurfaceRow(
             "EnableAntialiasing", 5, [](Random& r) { return std::tuple{r.Chance(60)}; },
             [](auto& s, bool on) { s.EnableAntialiasing(on); }),
-        // What a host does that knows the backend's painter.
-        Row(
-            "rotate and scale the painter", 2,
-            [](Random& r) {
-                return std::tuple{r.Real(-20.0, 20.0), r.Real(0.85, 1.2), r.Real(0.85, 1.2)};
-            },
-            [](auto& side, double angle, double scaleX, double scaleY)
-            {
-                QPainter* const painter = side.Painter();
-                if (!painter || !painter->isActive())
-                    return;
-                painter->rotate(angle);
-                painter->scale(scaleX, scaleY);
-            }),
     };
 }

@@ -2,56 +2,91 @@
 
 #include <algorithm>
 
+#include "Elements.h"
+
 namespace
 {
 
-constexpr int kSteps = 200;
+/// So many that a walk takes about as long on every width.
+int Steps(int width) { return width > 10000 ? 40 : width > kUsualWidth ? 100 : 200; }
 
-const std::vector<Operation>& Table()
+using Topic = std::vector<Operation> (*)();
+
+/// Operations, and how often each is chosen.
+class Table
 {
-    static const std::vector<Operation> table = []
+public:
+    Table(std::initializer_list<Topic> topics)
     {
-        std::vector<Operation> all;
-        for (const auto topic : {StateOperations, LifeOperations, ResourceOperations, ShapeOperations, PathOperations,
-                                 ClipOperations, MarkerOperations, LabelOperations, ImageOperations})
-        {
-            std::vector<Operation> rows = topic();
-            all.insert(all.end(), rows.begin(), rows.end());
-        }
-        return all;
-    }();
-    return table;
+        for (const Topic topic : topics)
+            for (const Operation& operation : topic())
+            {
+                operations.push_back(operation);
+                weights += operation.weight;
+            }
+    }
+
+    const Operation& Some(Random& random) const
+    {
+        int rest = random.Int(1, weights);
+        auto chosen = operations.begin();
+        while (rest > chosen->weight)
+            rest -= (chosen++)->weight;
+        return *chosen;
+    }
+
+private:
+    std::vector<Operation> operations;
+    int weights = 0;
+};
+
+const Operation& SomeOperation(Random& random, int width)
+{
+    static const Table drawing = {ShapeOperations, MarkerOperations, LabelOperations, ImageOperations};
+    static const Table all = {StateOperations, BackendOperations, LifeOperations,  ResourceOperations,
+                              FontOperations,  PixelOperations,   ShapeOperations, PathOperations,
+                              ClipOperations,  MarkerOperations,  LabelOperations, ImageOperations};
+    // The few steps on a wide surface are to draw.
+    return (width > kUsualWidth && random.Chance(60) ? drawing : all).Some(random);
 }
 
-Step SomeStep(Random& random)
+/// Where on a wide surface a step goes: as on a small one, all along it, or near its right edge, a limit of whole
+/// numbers in Qt, or anywhere.
+Stretch SomeStretch(Random& random, int width)
 {
-    static const int allWeights = []
-    {
-        int sum = 0;
-        for (const Operation& operation : Table())
-            sum += operation.weight;
-        return sum;
-    }();
-    int rest = random.Int(1, allWeights);
-    auto chosen = Table().begin();
-    while (rest > chosen->weight)
-        rest -= (chosen++)->weight;
-    return chosen->make(random, random.Chance(70) ? 0 : 1);
+    if (width == kUsualWidth || random.Chance(10))
+        return {};
+    if (random.Chance(20))
+        return {static_cast<double>(width) / kUsualWidth, 0.0};
+    const int shift = random.Int(0, kUsualWidth);
+    if (random.Chance(25))
+        return {1.0, static_cast<double>(width - shift)};
+    if (width > 32768 && random.Chance(60))
+        return {1.0, static_cast<double>(32768 - shift)};
+    return {1.0, random.Int(0, width) + (random.Chance(30) ? 0.5 : 0.0)};
+}
+
+Step SomeStep(Random& random, int width)
+{
+    const Operation& operation = SomeOperation(random, width);
+    const int surface = random.Chance(70) ? 0 : 1;
+    return operation.make(random, surface, SomeStretch(random, width));
 }
 
 } // namespace
 
-RandomWalk::RandomWalk(unsigned walkSeed, World::TakeMessages take) : seed(walkSeed), takeMessages(std::move(take))
+RandomWalk::RandomWalk(unsigned walkSeed, World::TakeMessages take, int surfaceWidth)
+    : seed(walkSeed), width(surfaceWidth), takeMessages(std::move(take))
 {
     Random random(seed);
-    for (int i = 0; i < kSteps; ++i)
-        steps.push_back(SomeStep(random));
+    for (int i = 0; i < Steps(width); ++i)
+        steps.push_back(SomeStep(random, width));
 }
 
 std::optional<RandomWalk::Failure> RandomWalk::RunOnce(const std::vector<Step>& made,
                                                        const std::set<std::size_t>& shifted, bool explain)
 {
-    World world(seed, takeMessages);
+    World world(seed, width, takeMessages);
     const auto failed = [&](std::size_t step, const std::string& difference) {
         return Failure{step, difference + (explain ? world.Explain() : std::string())};
     };
@@ -108,22 +143,25 @@ std::vector<Step> RandomWalk::Shrunk(std::vector<Step> failing)
     failing = Shrunk(failing);
     failure = RunSteps(failing, true);
     ::testing::AssertionResult result = ::testing::AssertionFailure();
-    result << "the walk of seed " << seed << " fails after";
+    result << "the walk of seed " << seed << ", " << width << " wide, fails after";
     for (const Step& step : failing)
         result << "\n  " << step.describe();
     return result << "\n  " << (failure ? failure->difference : "a difference that does not come again");
 }
 
-std::vector<std::string> RandomWalk::Inked()
+std::vector<std::string> RandomWalk::Inked(int fromColumn)
 {
-    World world(seed, takeMessages);
-    world.LeftInk();
+    World world(seed, width, takeMessages);
+    world.LeftInk(fromColumn);
     std::vector<std::string> names;
     for (const Step& step : steps)
     {
         step.run(world);
-        if (world.LeftInk())
-            names.emplace_back(step.name);
+        if (!world.LeftInk(fromColumn))
+            continue;
+        names.emplace_back(step.name);
+        const std::vector<std::string> elements = ElementsOf(step, world);
+        names.insert(names.end(), elements.begin(), elements.end());
     }
     return names;
 }

@@ -12,13 +12,15 @@
 class RandomWalk
 {
 public:
-    RandomWalk(unsigned seed, World::TakeMessages takeMessages);
+    /// @param width of the first target of each surface; on wide ones a walk is shorter.
+    RandomWalk(unsigned seed, World::TakeMessages takeMessages, int width = kUsualWidth);
 
     /// Success when nothing differs. A failure names the seed and the shortest sequence found that still fails, and
     /// keeps the images.
     ::testing::AssertionResult Run();
-    /// The names of the operations that left ink, once for each time. Slow.
-    std::vector<std::string> Inked();
+    /// The names of the operations that left ink, once for each time, and of what they drew with. Slow.
+    /// @param fromColumn how far to the right ink counts.
+    std::vector<std::string> Inked(int fromColumn = 0);
 
 private:
     struct Failure
@@ -34,6 +36,7 @@ private:
     std::vector<Step> Shrunk(std::vector<Step> failing);
 
     unsigned seed;
+    int width;
     std::vector<Step> steps;
     World::TakeMessages takeMessages;
 };

@@ -52,13 +52,18 @@ struct Modelled
     static Gradient NewRadial(double x, double y, double radius);
 };
 
+/// Of the surfaces that operations are made for.
+constexpr int kUsualWidth = 96;
+
 constexpr int kSurfaces = 2;
 constexpr int kPens = 3;
 constexpr int kBrushes = 3;
 constexpr int kFonts = 3;
 constexpr int kImages = 5;
 constexpr int kGradients = 3;
-constexpr int kCanvases = 3;
+constexpr int kCanvases = 6;
+/// From this number on, canvases are images of a resolution of their own.
+constexpr int kFirstOfResolution = 4;
 
 /// One of the two sides of a walk: two surfaces, and the objects that the operations hand them. Objects are named by
 /// their number, -1 standing for null. The first two images are the first surface's targets, the next two the second
@@ -98,11 +103,31 @@ public:
     auto Gradient(int number) const { return number < 0 ? nullptr : gradients[number].get(); }
     /// An image to draw: kOwn is the surface's own target.
     auto Source(int number) { return number == kOwn ? Surface().GetImage() : Image(number); }
-    /// One of the surface's own two targets.
-    auto Target(int number) const { return Image(number < 0 ? -1 : 2 * current + number); }
+    /// A target of the surface: 0 and 1 are its own two, 2 and 3 the other surface's.
+    auto Target(int number) const { return Image(number < 0 ? -1 : (2 * current + number) % (2 * kSurfaces)); }
     typename Kind::Outside* Outside(int number);
     /// The painter that the surface draws with now.
     QPainter* Painter();
+    /// Saves a state on that painter without the surface.
+    void SaveOnPainter();
+    /// The same; null unless it is painting.
+    QPainter* ActivePainter()
+    {
+        QPainter* const painter = Painter();
+        return painter && painter->isActive() ? painter : nullptr;
+    }
+
+    // The backend's own objects; that of an image is null while the image is absent.
+    QImage* QtImage(int number) const;
+    QPen* QtPen(int number) const;
+    QBrush* QtBrush(int number) const;
+
+    /// The format of an image that would have that one. Beside raw pixels all images are premultiplied: Qt blends onto
+    /// others on its stack, and what it makes of such pixels depends on where on the stack that is.
+    int FormatOf(int usual) const { return hasRawPixels ? TZObjects::TXImage::Format_ARGB32_Premultiplied : usual; }
+    // A size as on a surface of the usual width.
+    int WidthOf(int usual) const { return usual * width / kUsualWidth; }
+    int HeightOf(int usual) const { return width > kUsualWidth ? usual * 2 / 3 : usual; }
 
     void RenewSurface() { surfaces[current] = Kind::NewSurface(); }
     void RenewSurfaceOn(int target)
@@ -141,6 +166,10 @@ public:
     std::array<std::unique_ptr<ModelOutside>, kCanvases> outsides;
     std::array<typename Kind::Surface, kSurfaces> surfaces;
     std::size_t current = 0;
+    /// Of the first target of each surface.
+    int width = kUsualWidth;
+    /// Whether images may have pixels with more colour than alpha.
+    bool hasRawPixels = false;
 
 private:
     template <class Pointers, class Pointer>
@@ -168,6 +197,42 @@ inline ModelOutside* Side<Modelled>::Outside(int number)
 }
 
 template <>
+inline QImage* Side<UnderTest>::QtImage(int number) const
+{
+    return static_cast<QImage*>(images[number]->GetInternalObject());
+}
+
+template <>
+inline QImage* Side<Modelled>::QtImage(int number) const
+{
+    return images[number]->pixels.get();
+}
+
+template <>
+inline QPen* Side<UnderTest>::QtPen(int number) const
+{
+    return static_cast<QPen*>(pens[number]->GetInternalObject());
+}
+
+template <>
+inline QPen* Side<Modelled>::QtPen(int number) const
+{
+    return &pens[number]->qpen;
+}
+
+template <>
+inline QBrush* Side<UnderTest>::QtBrush(int number) const
+{
+    return static_cast<QBrush*>(brushes[number]->GetInternalObject());
+}
+
+template <>
+inline QBrush* Side<Modelled>::QtBrush(int number) const
+{
+    return &brushes[number]->qbrush;
+}
+
+template <>
 inline QPainter* Side<UnderTest>::Painter()
 {
     return static_cast<QPainter*>(Surface().GetInteralObject());
@@ -177,4 +242,17 @@ template <>
 inline QPainter* Side<Modelled>::Painter()
 {
     return Surface().Painter();
+}
+
+template <>
+inline void Side<UnderTest>::SaveOnPainter()
+{
+    if (ActivePainter())
+        Painter()->save();
+}
+
+template <>
+inline void Side<Modelled>::SaveOnPainter()
+{
+    Surface().Save();
 }

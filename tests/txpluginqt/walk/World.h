@@ -19,7 +19,8 @@ public:
     using TakeMessages = std::function<std::string()>;
 
     /// Makes both sides, and chooses the engine manager's settings, as the seed says.
-    World(unsigned seed, TakeMessages takeMessages);
+    /// @param width of the first target of each surface.
+    World(unsigned seed, int width, TakeMessages takeMessages);
     ~World();
     World(const World&) = delete;
     World& operator=(const World&) = delete;
@@ -38,8 +39,12 @@ public:
     std::string Explain();
 
     ModelSurface& Model(int surface) { return *model.surfaces[static_cast<std::size_t>(surface)]; }
+    /// An image to draw, by the number that a side has for it.
+    const ModelImage* SourceOfModel(int surface, int number);
+    const ModelFont& FontOfModel(int font) const { return *model.fonts[static_cast<std::size_t>(font)]; }
     /// Whether any pixel has changed, or an image has given way to another one, since the last call of this.
-    bool LeftInk();
+    /// @param fromColumn pixels left of it do not count.
+    bool LeftInk(int fromColumn = 0);
 
 private:
     struct ImagePair
@@ -95,11 +100,14 @@ std::optional<std::string> World::Apply(int surface, Call call)
 {
     tested.current = model.current = static_cast<std::size_t>(surface);
     const auto actual = AnswerOf(call, tested);
-    if (const std::string printed = takeMessages(); !printed.empty())
-        return "printed \"" + printed + '"';
+    const std::string printed = takeMessages();
     const auto expected = AnswerOf(call, model, stackShift);
-    if (const std::string printed = takeMessages(); !printed.empty())
-        return "the model printed \"" + printed + '"';
+    const std::string printedByModel = takeMessages();
+    const std::string warning = Model(surface).TakeQtWarning();
+    if (printed != warning)
+        return "printed \"" + printed + "\" where \"" + warning + "\" was expected";
+    if (printedByModel != warning)
+        return "the model printed \"" + printedByModel + '"';
     if (actual == expected)
         return std::nullopt;
     return "answered " + ::testing::PrintToString(actual) + " where " + ::testing::PrintToString(expected) +
