@@ -5,20 +5,20 @@
 #include <string>
 #include <vector>
 
-#include <txmap/Failure.h>
-#include <txmap/FrameOptions.h>
-#include <txmap/GeometryReader.h>
-#include <txmap/Graticule.h>
-#include <txmap/MapLabels.h>
-#include <txmap/MapRenderer.h>
-#include <txmap/NorthArrow.h>
-#include <txmap/Options.h>
-#include <txmap/OutputFile.h>
-#include <txmap/PlacePainter.h>
-#include <txmap/PluginSession.h>
-#include <txmap/Raster.h>
-#include <txmap/Style.h>
-#include <txmap/VectorSource.h>
+#include <txmap/cli/FrameOptions.h>
+#include <txmap/cli/Options.h>
+#include <txmap/drawing/MapRenderer.h>
+#include <txmap/drawing/NorthArrow.h>
+#include <txmap/drawing/PlacePainter.h>
+#include <txmap/drawing/PluginSession.h>
+#include <txmap/labels/MapLabels.h>
+#include <txmap/map/Graticule.h>
+#include <txmap/output/OutputFile.h>
+#include <txmap/sources/GeometryReader.h>
+#include <txmap/sources/Raster.h>
+#include <txmap/sources/VectorSource.h>
+#include <txmap/style/Style.h>
+#include <txmap/support/Failure.h>
 
 namespace TZObjects
 {

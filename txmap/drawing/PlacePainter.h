@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <txbase/TXPoint.h>
+#include <txmap/drawing/PlaceSymbol.h>
+#include <txmap/labels/TextPath.h>
+#include <txmap/style/Style.h>
+
+namespace TZObjects
+{
+
+class TXGraphics;
+class TXGraphicsEngine;
+
+/// Draws the symbols of places.
+class PlacePainter
+{
+public:
+    /// @param symbol what stands for a place.
+    /// @param style the colours, and how large a symbol is by itself.
+    /// @param unit what the style calls a pixel, in pixels of the picture.
+    /// @param path what draws the characters of symbol fonts.
+    PlacePainter(const PlaceSymbol& symbol, const Style& style, double unit, TextPath path);
+
+    /// How far a symbol reaches from its place, its pale ring included.
+    double Reach() const;
+    /// Draws a symbol at each place. @throw Failure with `ExitCode::Drawing` when the surface refuses.
+    void Draw(const TXGraphicsEngine& engine, TXGraphics& surface, const std::vector<TXPoint>& places) const;
+    /// That the symbol's character cannot be drawn as it should; empty when all is well.
+    std::string CharacterProblem() const;
+    /// That the symbol font is not installed, and which one is used instead; empty when all is well.
+    const std::string& FontProblem() const { return fontProblem; }
+
+private:
+    void DrawShapes(const TXGraphicsEngine& engine, TXGraphics& surface, const std::vector<TXPoint>& places) const;
+    void DrawCharacters(const TXGraphicsEngine& engine, TXGraphics& surface, const std::vector<TXPoint>& places) const;
+
+    PlaceSymbol symbol;
+    std::vector<TXPoint> corners; ///< Empty for a character.
+    double size;
+    TXColor fill;
+    Stroke ring; ///< Its width in pixels of the picture.
+    TextPath path;
+    std::string face;
+    std::string fontProblem;
+};
+
+} // namespace TZObjects

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <vector>
+
+#include <txmap/labels/LabelLayout.h>
+#include <txmap/labels/LabelPlacer.h>
+
+namespace TZObjects
+{
+
+/// A place with a name.
+struct Town
+{
+    LayerPlace place;
+    const FeatureName* name = nullptr;
+    LabelText text;
+    TXRect marker;
+    bool waiting = true; ///< False once it is named or left out.
+};
+
+/// Whether a label may lie on markers of towns that wait for their name, and so drive those towns off the map.
+enum class Markers
+{
+    Avoid,
+    Cover
+};
+
+/// The map as labels fill it: what is written, and which towns still wait for their names.
+class LabelSpace
+{
+public:
+    /// Both must outlive the space.
+    LabelSpace(const std::vector<MapLayer>& layers, const LabelScene& scene);
+
+    /// True when a label has room, its halo included.
+    bool IsFree(const TXRect& box, Markers markers) const;
+    /// Writes a label if it has room. @return whether it has.
+    bool Write(const LabelText& text, const LabelLook& look, const TXRect& box, Markers markers);
+    /// Writes a town's name if it has room. @return whether it has.
+    bool Write(Town& town, const LabelLook& look, const TXRect& box, Markers markers);
+    /// How great a loss the waiting towns are that a label would drive off the map; 0 for none.
+    double LossAt(const TXRect& box) const;
+    /// Takes a town off the map.
+    void LeaveOut(Town& town);
+
+    /// The towns that have a name and are visible, the most important first.
+    std::vector<Town>& Towns() { return towns; }
+    /// How far from a marker or an area a label begins.
+    double Distance() const;
+    LabelLayout Take() { return std::move(layout); }
+
+private:
+    bool IsCovered(const Town& town, const TXRect& box) const;
+    void AddTowns(const MapLayer& layer, std::size_t number);
+    bool IsVisible(const TXRect& marker) const;
+
+    const LabelScene& scene;
+    double padding;      ///< Around every label and marker, so that no halo reaches its neighbour.
+    LabelPlacer all;     ///< Labels and markers.
+    LabelPlacer lasting; ///< The same without the markers of waiting towns.
+    std::vector<Town> towns;
+    LabelLayout layout;
+};
+
+/// A box of a size about a point.
+TXRect CentredBox(const TXPoint& centre, const LabelExtent& extent);
+
+/// The boxes beside a box, in the order in which a map maker tries them: right, left, above, below, then at its
+/// corners.
+std::vector<TXRect> BoxesBeside(const TXRect& inner, const LabelExtent& extent, double distance);
+
+} // namespace TZObjects

@@ -1,0 +1,104 @@
+#include <txmap/labels/MapLabels.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include <txmap/drawing/LabelPainter.h>
+#include <txmap/drawing/MapRenderer.h>
+#include <txmap/labels/FontCatalog.h>
+#include <txmap/labels/LabelLayout.h>
+#include <txmap/map/FrameShape.h>
+
+namespace TZObjects
+{
+namespace
+{
+
+// Text does not shrink with the picture: it would not be readable.
+constexpr double kSmallestUnit = 1.0;
+
+/// True for scripts that join or reorder their letters, or are written from right to left.
+bool NeedsItsNeighbours(char32_t c)
+{
+    using Range = std::pair<char32_t, char32_t>;
+    static constexpr std::array<Range, 8> kScripts = {{{0x0590, 0x0DFF},
+                                                       {0x0F00, 0x109F},
+                                                       {0x1780, 0x18AF},
+                                                       {0xA800, 0xABFF},
+                                                       {0xFB1D, 0xFDFF},
+                                                       {0xFE70, 0xFEFE},
+                                                       {0x10800, 0x11FFF},
+                                                       {0x1E800, 0x1EFFF}}};
+    return std::any_of(kScripts.begin(), kScripts.end(),
+                       [c](const Range& script) { return c >= script.first && c <= script.second; });
+}
+
+TXRect Common(const TXRect& a, const TXRect& b)
+{
+    return {std::max(a.left, b.left), std::min(a.right, b.right), std::max(a.top, b.top), std::min(a.bottom, b.bottom)};
+}
+
+void RemovePlaces(std::vector<MapLayer>& layers, std::vector<LayerPlace> places)
+{
+    // From the end of each layer, so that the places before keep their numbers.
+    std::sort(places.begin(), places.end(), [](const LayerPlace& a, const LayerPlace& b) { return a.place > b.place; });
+    for (const LayerPlace& place : places)
+    {
+        std::vector<TXPoint>& points = layers[place.layer].places;
+        points.erase(points.begin() + static_cast<std::ptrdiff_t>(place.place));
+    }
+}
+
+} // namespace
+
+std::string MissingNames(const LabelOptions& options)
+{
+    return options.field.empty()
+               ? "--labels: no layer of countries or places has an attribute name; --label-field picks another"
+               : "--label-field " + options.field + ": no layer of countries or places has this attribute";
+}
+
+MapLabels::MapLabels(TXGraphicsEngine& engine, const MapRenderer& renderer, const LabelOptions& options)
+    : renderer(renderer), options(options), choice(ChooseFace(options.font, "--label-font " + options.font)),
+      painter(engine, renderer.Surface(), choice.face, options.path)
+{
+}
+
+void MapLabels::LayOut(std::vector<MapLayer>& layers, const LabelSurroundings& surroundings)
+{
+    const Style& style = renderer.MapStyle();
+    LabelScene scene;
+    scene.frame = renderer.MapView().Frame();
+    scene.outline = surroundings.outline;
+    if (scene.outline)
+        scene.frame = Common(scene.frame, scene.outline->Bounds());
+    scene.taken = surroundings.taken;
+    scene.style = ScaledLabelStyle(style.labels, options, std::max(kSmallestUnit, renderer.Unit()));
+    scene.markerRadius = surroundings.markerReach;
+    scene.path = options.path;
+    LabelLayout layout = LayOutLabels(
+        layers, scene, [&](const LabelText& text, const LabelLook& look) { return painter.Measure(text, look); });
+    RemovePlaces(layers, layout.leftOut);
+    labels = std::move(layout.labels);
+}
+
+void MapLabels::Draw() { painter.Draw(labels); }
+
+std::string MapLabels::CharacterProblem() const
+{
+    std::vector<std::wstring> texts;
+    texts.reserve(labels.size());
+    for (const PlacedLabel& label : labels)
+        texts.push_back(VisibleText(label.text));
+    if (options.path == TextPath::Cairo)
+    {
+        const auto isInFace = FontCatalog::CharactersOf(choice.face);
+        return MissingCharacters(
+            texts, [&](char32_t c) { return isInFace(c) && !NeedsItsNeighbours(c); },
+            "cairo, which draws letter by letter and in the face " + choice.face + " alone, cannot write");
+    }
+    return MissingCharacters(texts, &FontCatalog::HasCharacter);
+}
+
+} // namespace TZObjects

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include <txbase/TXPoint.h>
+#include <txmap/cli/Options.h>
+
+namespace TZObjects
+{
+
+/// A shape of one or several rings in the arrays of its layer.
+struct Area
+{
+    std::size_t firstPoint = 0;
+    std::size_t firstRing = 0;
+    int rings = 0;
+    int category = 0; ///< Decides the colour; 0 for none.
+};
+
+/// A line in the array of its layer.
+struct Line
+{
+    std::size_t firstPoint = 0;
+    int count = 0;
+};
+
+/// What a feature is called, and how much that matters.
+struct FeatureName
+{
+    std::string text; ///< In UTF-8, as the data has it; empty for none.
+    bool capital = false;
+    double rank = 0.0; ///< 0 for the most important.
+    double population = 0.0;
+};
+
+/// The name of an area or of a place in the array of its layer.
+struct NamedFeature
+{
+    std::size_t index = 0;
+    FeatureName name;
+};
+
+/// What is visible of a layer, in pixels, in the form in which it is drawn: the points of all shapes lie one behind the
+/// other, so that one shape, or all of them at once, are handed to the surface without a copy.
+struct MapLayer
+{
+    LayerRole role = LayerRole::Any;
+    std::vector<TXPoint> areaPoints;
+    std::vector<int> ringSizes;
+    std::vector<Area> areas;
+    std::vector<TXPoint> linePoints;
+    std::vector<Line> lines;
+    std::vector<TXPoint> places;
+    std::vector<NamedFeature> areaNames;  ///< Of those areas that have one.
+    std::vector<NamedFeature> placeNames; ///< Of those places that have one.
+};
+
+} // namespace TZObjects
