@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include <txmap/cli/FrameOptions.h>
 #include <txmap/cli/Options.h>
 #include <txmap/drawing/MapRenderer.h>
 #include <txmap/drawing/NorthArrow.h>
@@ -14,6 +13,7 @@
 #include <txmap/labels/MapLabels.h>
 #include <txmap/map/Graticule.h>
 #include <txmap/output/OutputFile.h>
+#include <txmap/sources/Gdal.h>
 #include <txmap/sources/GeometryReader.h>
 #include <txmap/sources/Raster.h>
 #include <txmap/sources/VectorSource.h>

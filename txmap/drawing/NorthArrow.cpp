@@ -1,15 +1,12 @@
 #include <txmap/drawing/NorthArrow.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <string_view>
 #include <vector>
 
 #include <txgraphics/TXGraphics.h>
 #include <txgraphics/TXGraphicsEngine.h>
 #include <txgraphics/TXImage.h>
-#include <txmap/cli/OptionValues.h>
 #include <txmap/drawing/DrawingTools.h>
 
 namespace TZObjects
@@ -24,18 +21,6 @@ constexpr double kSmallestSize = 32.0;
 constexpr double kLargestPart = 0.3; ///< Of the shorter side of the map.
 constexpr double kSmallestArrow = 8.0;
 constexpr double kStep = 2.0;
-
-struct Corner
-{
-    std::string_view name;
-    bool left;
-    bool bottom;
-};
-
-constexpr std::array<Corner, 4> kCorners = {{{"top-left", true, false},
-                                             {"top-right", false, false},
-                                             {"bottom-left", true, true},
-                                             {"bottom-right", false, true}}};
 
 using Shape = std::vector<TXPoint>;
 
@@ -101,24 +86,6 @@ void DrawUpright(const TXGraphicsEngine& engine, TXGraphics& surface, double siz
 }
 
 } // namespace
-
-ArrowRequest ParseNorthArrow(const std::string& text)
-{
-    const std::size_t colon = text.find(':');
-    const auto* const corner = std::find_if(kCorners.begin(), kCorners.end(),
-                                            [&](const Corner& known) { return known.name == text.substr(0, colon); });
-    if (corner == kCorners.end())
-        Refuse("--north-arrow", text,
-               "must be top-left, top-right, bottom-left or bottom-right, with an angle behind it if need be, such as "
-               "top-right:15");
-    if (colon == std::string::npos)
-        return {corner->left, corner->bottom, 0.0};
-    const std::vector<double> angle = NumbersIn<double>(text.substr(colon + 1), ',');
-    // Written so that a NaN is refused as well.
-    if (angle.size() != 1 || !(std::abs(angle[0]) <= 360.0))
-        Refuse("--north-arrow", text, "the angle must be a number of degrees from -360 to 360");
-    return {corner->left, corner->bottom, angle[0]};
-}
 
 NorthArrow::NorthArrow(const ArrowRequest& request, const View& view, const FrameShape* frame, double unit)
     : angle(request.angle)

@@ -13,16 +13,13 @@ namespace TZObjects
 class TXGraphics;
 class TXGraphicsEngine;
 
-/// What the command line says about the north arrow.
+/// Where a north arrow is, and how it is turned.
 struct ArrowRequest
 {
     bool left = false;   ///< In a corner on the left, else on the right.
     bool bottom = false; ///< In a corner at the bottom, else at the top.
     double angle = 0.0;  ///< By how many degrees it is turned clockwise.
 };
-
-/// Reads the value of --north-arrow, such as "top-right" or "bottom-left:12.5". @throw Failure with `ExitCode::Usage`.
-ArrowRequest ParseNorthArrow(const std::string& text);
 
 /// An arrow with an N that points to the north, in a corner of the map.
 class NorthArrow

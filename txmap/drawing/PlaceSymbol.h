@@ -30,13 +30,6 @@ struct PlaceSymbol
     std::string text = "circle"; ///< As the command line has it.
 };
 
-/// Reads the value of --symbol: the name of a shape, or "font:FACE:CHARACTER" with a size behind it if need be.
-/// @throw Failure with `ExitCode::Usage`.
-PlaceSymbol ParseSymbol(const std::string& text);
-
-/// Reads the value of --symbol-size. @throw Failure with `ExitCode::Usage`.
-double ParseSymbolSize(const std::string& text);
-
 /// The corners of a shape with its centre of gravity at the origin; its longer side is 1. None for a character.
 std::vector<TXPoint> CornersOf(PlaceSymbol::Shape shape);
 

@@ -6,6 +6,7 @@
 
 #include <txbase/TXColor.h>
 #include <txbase/TXRect.h>
+#include <txmap/labels/LabelOptions.h>
 #include <txmap/labels/LabelText.h>
 #include <txmap/labels/TextPath.h>
 #include <txmap/map/MapLayer.h>

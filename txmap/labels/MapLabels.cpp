@@ -52,13 +52,6 @@ void RemovePlaces(std::vector<MapLayer>& layers, std::vector<LayerPlace> places)
 
 } // namespace
 
-std::string MissingNames(const LabelOptions& options)
-{
-    return options.field.empty()
-               ? "--labels: no layer of countries or places has an attribute name; --label-field picks another"
-               : "--label-field " + options.field + ": no layer of countries or places has this attribute";
-}
-
 MapLabels::MapLabels(TXGraphicsEngine& engine, const MapRenderer& renderer, const LabelOptions& options)
     : renderer(renderer), options(options), choice(ChooseFace(options.font, "--label-font " + options.font)),
       painter(engine, renderer.Surface(), choice.face, options.path)

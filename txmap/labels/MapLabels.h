@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
-#include <txmap/cli/LabelOptions.h>
 #include <txmap/drawing/LabelPainter.h>
 #include <txmap/labels/FaceChoice.h>
 #include <txmap/labels/LabelLayout.h>
+#include <txmap/labels/LabelOptions.h>
 #include <txmap/map/MapLayer.h>
 
 namespace TZObjects
@@ -51,8 +51,5 @@ private:
     LabelPainter painter;
     std::vector<PlacedLabel> labels;
 };
-
-/// The message for names that no layer has.
-std::string MissingNames(const LabelOptions& options);
 
 } // namespace TZObjects

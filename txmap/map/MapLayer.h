@@ -5,10 +5,19 @@
 #include <vector>
 
 #include <txbase/TXPoint.h>
-#include <txmap/cli/Options.h>
 
 namespace TZObjects
 {
+
+/// What a layer stands for on the map, which decides how it looks.
+enum class LayerRole
+{
+    Any,       ///< As the geometry suggests: areas as countries, lines as rivers, points as places.
+    Countries, ///< Areas in the colours of a category.
+    Lakes,     ///< Areas of water.
+    Borders,   ///< Lines, or the outlines of areas, between countries.
+    Lines      ///< Lines, or the outlines of areas, of water.
+};
 
 /// A shape of one or several rings in the arrays of its layer.
 struct Area

@@ -31,11 +31,11 @@ double NumberOr(double otherwise, const OGRFeature& feature, int field)
 void FeatureNames::Open(OGRLayer& layer, LayerRole role)
 {
     fields = {};
-    if (!options.wanted || (role != LayerRole::Any && role != LayerRole::Countries))
+    if (!request.wanted || (role != LayerRole::Any && role != LayerRole::Countries))
         return;
     OGRFeatureDefn& attributes = *layer.GetLayerDefn();
-    fields.name = options.field.empty() ? FirstField(attributes, {"name", "name_en", "name_long", "nameascii", "admin"})
-                                        : attributes.GetFieldIndex(options.field.c_str());
+    fields.name = request.field.empty() ? FirstField(attributes, {"name", "name_en", "name_long", "nameascii", "admin"})
+                                        : attributes.GetFieldIndex(request.field.c_str());
     fields.capital = FirstField(attributes, {"adm0cap", "capital"});
     fields.rank = FirstField(attributes, {"labelrank", "scalerank"});
     fields.population = FirstField(attributes, {"pop_max", "population", "pop"});
@@ -53,6 +53,13 @@ FeatureName FeatureNames::Of(const OGRFeature& feature) const
     name.rank = fields.rank < 0 ? 0.0 : NumberOr(1e9, feature, fields.rank);
     name.population = NumberOr(0.0, feature, fields.population);
     return name;
+}
+
+std::string MissingNames(const NameRequest& request)
+{
+    return request.field.empty()
+               ? "--labels: no layer of countries or places has an attribute name; --label-field picks another"
+               : "--label-field " + request.field + ": no layer of countries or places has this attribute";
 }
 
 } // namespace TZObjects

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <txmap/cli/LabelOptions.h>
+#include <string>
+
 #include <txmap/map/MapLayer.h>
 
 class OGRFeature;
@@ -9,11 +10,18 @@ class OGRLayer;
 namespace TZObjects
 {
 
+/// Which names are read.
+struct NameRequest
+{
+    bool wanted = false;
+    std::string field; ///< The attribute that holds the names; empty for what each layer offers.
+};
+
 /// Takes the names of features, and what says how much they matter, from the attributes of one layer after another.
 class FeatureNames
 {
 public:
-    explicit FeatureNames(const LabelOptions& options) : options(options) {}
+    explicit FeatureNames(const NameRequest& request) : request(request) {}
 
     /// Turns to another layer.
     void Open(OGRLayer& layer, LayerRole role);
@@ -21,7 +29,7 @@ public:
     FeatureName Of(const OGRFeature& feature) const;
     /// True when names are wanted and no layer had the attribute that holds them. A layer without features and
     /// attributes gives the benefit of the doubt.
-    bool AreMissing() const { return options.wanted && !found; }
+    bool AreMissing() const { return request.wanted && !found; }
 
 private:
     /// The indices of attributes; -1 for none.
@@ -33,9 +41,12 @@ private:
         int population = -1;
     };
 
-    LabelOptions options;
+    NameRequest request;
     Fields fields;
     bool found = false;
 };
+
+/// The message for names that no layer has.
+std::string MissingNames(const NameRequest& request);
 
 } // namespace TZObjects

@@ -8,6 +8,7 @@
 #include <memory>
 #include <utility>
 
+#include <txmap/sources/Gdal.h>
 #include <txmap/sources/VectorSource.h>
 #include <txmap/support/Failure.h>
 
@@ -65,8 +66,8 @@ bool LooksLikeDegrees(OGRLayer& layer)
 
 } // namespace
 
-GeometryReader::GeometryReader(const View& view, std::string colorBy, int classes, const LabelOptions& labels)
-    : builder(view), colorBy(std::move(colorBy)), categories(classes), names(labels)
+GeometryReader::GeometryReader(const View& view, std::string colorBy, int classes, const NameRequest& request)
+    : builder(view), colorBy(std::move(colorBy)), categories(classes), names(request)
 {
 }
 

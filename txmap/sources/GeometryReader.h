@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include <txmap/cli/Options.h>
 #include <txmap/map/MapLayer.h>
 #include <txmap/map/MapLayerBuilder.h>
 #include <txmap/map/View.h>
@@ -28,8 +27,8 @@ public:
     /// @param view what the picture shows; it must outlive the reader.
     /// @param colorBy the attribute that colours areas; empty for the first that suits.
     /// @param classes how many colours there are.
-    /// @param labels which names to read, if any.
-    GeometryReader(const View& view, std::string colorBy, int classes, const LabelOptions& labels = {});
+    /// @param request which names to read, if any.
+    GeometryReader(const View& view, std::string colorBy, int classes, const NameRequest& request = {});
 
     /// Reads the first layer of @p data that suits @p role. @throw Failure with `ExitCode::Data` when none does, or
     /// reading fails.

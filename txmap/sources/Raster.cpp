@@ -2,7 +2,6 @@
 
 #include <cpl_error.h>
 #include <cpl_string.h>
-#include <cpl_vsi.h>
 #include <gdal_priv.h>
 #include <gdal_utils.h>
 #include <ogr_spatialref.h>
@@ -11,11 +10,12 @@
 #include <array>
 #include <cmath>
 #include <memory>
+#include <optional>
 #include <utility>
 
-#include <txmap/cli/OptionValues.h>
+#include <txmap/sources/Gdal.h>
 #include <txmap/sources/RasterColors.h>
-#include <txmap/sources/VectorSource.h>
+#include <txmap/support/Failure.h>
 
 namespace TZObjects
 {
@@ -32,13 +32,8 @@ constexpr double kTurn = 360.0;
 /// Why GDAL could not open a file as a raster.
 std::string OpenProblem(const std::string& file, const std::string& complaint)
 {
-    VSIStatBufL status;
-    if (VSIStatL(file.c_str(), &status) != 0)
-        return "no such file";
-    if (VSI_ISDIR(status.st_mode))
-        return "is a directory, where a file is wanted";
-    if (status.st_size == 0 && VSI_ISREG(status.st_mode))
-        return "is an empty file";
+    if (std::string problem = FileProblem(file); !problem.empty())
+        return problem;
     const GDALDatasetUniquePtr vectors(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
     if (vectors && vectors->GetLayerCount() > 0)
         return "holds vector data, where a raster is wanted";
@@ -181,15 +176,6 @@ void FillGaps(std::vector<std::uint32_t>& pixels, std::vector<std::uint32_t> oth
 }
 
 } // namespace
-
-double ParseRasterOpacity(const std::string& text)
-{
-    const std::vector<double> numbers = NumbersIn<double>(text, ',');
-    // Written so that a NaN is refused as well.
-    if (numbers.size() != 1 || !(numbers[0] >= 0.0 && numbers[0] <= 1.0))
-        Refuse("--raster-opacity", text, "must be a number from 0 to 1");
-    return numbers[0];
-}
 
 bool Raster::IsBlank() const { return std::all_of(pixels.begin(), pixels.end(), IsTransparent); }
 

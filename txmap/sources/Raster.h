@@ -9,16 +9,6 @@
 namespace TZObjects
 {
 
-/// What the command line says about the raster under the map's lines.
-struct RasterRequest
-{
-    std::string file;
-    double opacity = 1.0; ///< 0 for invisible, 1 for as it is.
-};
-
-/// Reads the value of --raster-opacity. @throw Failure with `ExitCode::Usage`.
-double ParseRasterOpacity(const std::string& text);
-
 /// A raster as a picture shows it.
 struct Raster
 {

@@ -6,6 +6,7 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
+#include <txmap/sources/Gdal.h>
 #include <txmap/support/Failure.h>
 
 namespace TZObjects
@@ -31,31 +32,14 @@ bool IsRaster(const std::string& path)
 /// Why GDAL could not open a source as vector data.
 std::string OpenProblem(const std::string& path, const std::string& complaint)
 {
-    VSIStatBufL status;
-    if (VSIStatL(path.c_str(), &status) != 0)
-        return "no such file";
-    if (VSI_ISDIR(status.st_mode))
-        return "is a directory, where a file is wanted";
-    if (status.st_size == 0 && VSI_ISREG(status.st_mode))
-        return "is an empty file";
+    if (std::string problem = FileProblem(path); !problem.empty())
+        return problem;
     if (IsRaster(path))
         return "holds raster data, where vector data is wanted";
     return "cannot be read as vector data" + complaint;
 }
 
 } // namespace
-
-void PrepareGdal()
-{
-    CPLSetErrorHandler(CPLQuietErrorHandler);
-    GDALAllRegister();
-}
-
-std::string LastGdalComplaint()
-{
-    const std::string text = CPLGetLastErrorType() >= CE_Failure ? CPLGetLastErrorMsg() : "";
-    return text.empty() ? text : " (" + text + ")";
-}
 
 void VectorSource::Closer::operator()(GDALDataset* dataset) const { GDALClose(dataset); }
 

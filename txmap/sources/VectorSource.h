@@ -10,17 +10,12 @@ class OGRLayer;
 namespace TZObjects
 {
 
-/// Makes GDAL ready for use, and silent: what it has to say goes into our own messages.
-void PrepareGdal();
-
-/// What GDAL complained about last, in brackets, to be put behind a message; empty for nothing.
-std::string LastGdalComplaint();
-
 /// A source of vector data that is open for reading.
 class VectorSource
 {
 public:
-    /// Opens @p name, as `LayerRequest::source` has it. @throw Failure with `ExitCode::Data` when that fails.
+    /// Opens @p name: anything that GDAL opens, with "#" and the name of a layer behind it if need be. @throw Failure
+    /// with `ExitCode::Data` when that fails.
     explicit VectorSource(const std::string& name);
     ~VectorSource();
 

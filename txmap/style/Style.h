@@ -3,7 +3,6 @@
 #include <vector>
 
 #include <txbase/TXColor.h>
-#include <txmap/cli/LabelOptions.h>
 
 namespace TZObjects
 {
@@ -13,6 +12,13 @@ struct Stroke
 {
     TXColor color;
     double width = 1.0;
+};
+
+/// The pale band around letters that keeps them readable over lines.
+struct LabelHalo
+{
+    double width = 0.0; ///< How far it reaches beyond the letters, in pixels; 0 for no halo.
+    TXColor color;
 };
 
 /// How names look.

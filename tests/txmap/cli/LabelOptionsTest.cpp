@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <tests/txmap/support/RefusalOf.h>
 #include <txmap/cli/Options.h>
+#include <txmap/cli/ParseLabels.h>
 #include <txmap/support/Failure.h>
 
 using namespace TZObjects;

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <txmap/labels/InnerPoints.h>
 #include <txmap/labels/VisibleShape.h>
+#include <txmap/sources/Gdal.h>
 #include <txmap/sources/GeometryReader.h>
 #include <txmap/sources/VectorSource.h>
 

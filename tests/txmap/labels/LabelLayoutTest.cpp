@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <txmap/labels/LabelLayout.h>
 #include <txmap/map/FrameShape.h>
+#include <txmap/sources/Gdal.h>
 #include <txmap/sources/GeometryReader.h>
 #include <txmap/sources/VectorSource.h>
 
@@ -273,7 +274,7 @@ TEST(LabelLayout, IsTidyOverTheWorld)
 {
     PrepareGdal();
     const std::string data = TX_TEST_DATA;
-    LabelOptions options;
+    NameRequest options;
     options.wanted = true;
     for (const Projection projection : {Projection::PlateCarree(), Projection::WebMercator()})
     {

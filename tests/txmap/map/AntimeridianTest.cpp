@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <ogr_geometry.h>
 #include <txmap/map/Antimeridian.h>
-#include <txmap/sources/VectorSource.h>
+#include <txmap/sources/Gdal.h>
 
 using namespace TZObjects;
 

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <tests/txmap/support/TemporaryFolder.h>
+#include <txmap/sources/Gdal.h>
 #include <txmap/sources/GeometryReader.h>
 #include <txmap/sources/VectorSource.h>
 #include <txmap/support/Failure.h>

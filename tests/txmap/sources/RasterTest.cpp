@@ -9,8 +9,8 @@
 #include <tests/txmap/support/RefusalOf.h>
 #include <tests/txmap/support/TemporaryFolder.h>
 #include <tests/txmap/support/TestRaster.h>
+#include <txmap/sources/Gdal.h>
 #include <txmap/sources/Raster.h>
-#include <txmap/sources/VectorSource.h>
 #include <txmap/support/Failure.h>
 
 using namespace TZObjects;
@@ -60,15 +60,6 @@ std::uint32_t Grey(int tone) { return 0xFF000000u | static_cast<std::uint32_t>(t
 int ToneOf(std::uint32_t pixel) { return static_cast<int>(pixel & 0xFFu); }
 
 } // namespace
-
-TEST(RasterOpacityOption, IsFromZeroToOne)
-{
-    EXPECT_EQ(ParseRasterOpacity("0"), 0.0);
-    EXPECT_EQ(ParseRasterOpacity("0.25"), 0.25);
-    EXPECT_EQ(ParseRasterOpacity("1"), 1.0);
-    for (const char* const text : {"-0.1", "1.1", "nan", "inf", "-inf", "50%", "half", "", "0,5", "1e9"})
-        EXPECT_THROW(ParseRasterOpacity(text), Failure) << text;
-}
 
 TEST(Raster, InDegreesLiesWhereItBelongs)
 {

@@ -1,13 +1,12 @@
-#include <cmath>
 #include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <tests/txmap/support/RefusalOf.h>
 #include <tests/txmap/support/TemporaryFolder.h>
-#include <txmap/cli/FrameOptions.h>
-#include <txmap/sources/VectorSource.h>
+#include <txmap/atlas/MapFrame.h>
+#include <txmap/cli/ParseFrame.h>
+#include <txmap/sources/Gdal.h>
 #include <txmap/support/Failure.h>
 
 using namespace TZObjects;
@@ -19,11 +18,6 @@ namespace
 
 const View kWorld{Projection::PlateCarree(), {}, PixelSize{360, 180}};
 constexpr double kLine = 2.0;
-
-std::string ParseRefusal(const std::string& text)
-{
-    return RefusalOf(ExitCode::Usage, [&] { ParseFrame(text); });
-}
 
 std::string MakeRefusal(ExitCode code, const std::string& text)
 {
@@ -39,50 +33,6 @@ std::string Areas(const std::string& rings)
 }
 
 } // namespace
-
-TEST(FrameOption, MayBeRounded)
-{
-    EXPECT_EQ(ParseFrame("rounded").kind, FrameRequest::Kind::Rounded);
-    EXPECT_LT(ParseFrame("rounded").radius, 0.0);
-    EXPECT_EQ(ParseFrame("rounded:12.5").radius, 12.5);
-    EXPECT_EQ(ParseFrame("rounded:0").radius, 0.0);
-    EXPECT_EQ(ParseFrame("rounded:1e300").radius, 1e300);
-}
-
-TEST(FrameOption, RefusesRadiusesThatAreNone)
-{
-    for (const char* const text : {"rounded:", "rounded:-1", "rounded:nan", "rounded:inf", "rounded:x", "rounded:1px",
-                                   "rounded:1,2", "rounded:1:2", "rounded: 1", "rounded:1e999"})
-        EXPECT_THAT(ParseRefusal(text), StartsWith(std::string("--frame ") + text + ": ")) << text;
-}
-
-TEST(FrameOption, MayBeCornersInPixels)
-{
-    const FrameRequest request = ParseFrame("10,10 90.5,-10\t  50,8e1");
-    EXPECT_EQ(request.kind, FrameRequest::Kind::Polygon);
-    ASSERT_EQ(request.corners.size(), 3u);
-    EXPECT_EQ(request.corners[1].x, 90.5);
-    EXPECT_EQ(request.corners[1].y, -10.0);
-    EXPECT_EQ(request.corners[2].y, 80.0);
-}
-
-TEST(FrameOption, RefusesCornersThatAreNone)
-{
-    for (const char* const text :
-         {"1,2", "1,2 3,4", "1,2,3 4,5 6,7", "1,2 3,4 5", "1,2 3,4 5,", "1,2 3,4 ,5", "1,2 3,4 +5,6", "nan,1 2,3 4,5",
-          "1,nan 2,3 4,5", "inf,1 2,3 4,5", "1e999,1 2,3 4,5", "2000000,1 2,3 4,5", "1,-1e7 2,3 4,5", ",", ",,, ,,,"})
-        EXPECT_THAT(ParseRefusal(text), StartsWith(std::string("--frame ") + text + ": ")) << text;
-}
-
-TEST(FrameOption, IsAFileOtherwise)
-{
-    for (const char* const text : {"area.geojson", "area.gpkg#name", "rounded.geojson", "roundedx", "1.geojson", "1",
-                                   "./1,2", "a,b c,d", "/data/my map, new.gpkg"})
-    {
-        EXPECT_EQ(ParseFrame(text).kind, FrameRequest::Kind::File) << text;
-        EXPECT_EQ(ParseFrame(text).source, text);
-    }
-}
 
 TEST(Frame, RoundedLiesInThePictureWithItsLine)
 {

@@ -10,7 +10,7 @@
 namespace TZObjects
 {
 
-/// What the command line says about the frame of the map.
+/// What a map is cut to.
 struct FrameRequest
 {
     enum class Kind
@@ -25,10 +25,6 @@ struct FrameRequest
     std::vector<TXPoint> corners;
     std::string source; ///< As `LayerRequest::source`.
 };
-
-/// Reads the value of --frame: "rounded", "rounded:RADIUS", corners such as "10,10 90,10 50,80", or else a file.
-/// @throw Failure with `ExitCode::Usage`.
-FrameRequest ParseFrame(const std::string& text);
 
 /// The frame on a map.
 /// @param lineWidth how wide its outline will be drawn; that of a rounded frame lies in the picture as a whole.

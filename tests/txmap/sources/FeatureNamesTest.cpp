@@ -3,9 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <tests/txmap/support/TemporaryFolder.h>
-#include <txmap/labels/FaceChoice.h>
-#include <txmap/labels/FontCatalog.h>
-#include <txmap/labels/MapLabels.h>
+#include <txmap/sources/FeatureNames.h>
+#include <txmap/sources/Gdal.h>
 #include <txmap/sources/GeometryReader.h>
 #include <txmap/sources/VectorSource.h>
 
@@ -14,8 +13,6 @@ using ::testing::HasSubstr;
 
 namespace
 {
-
-bool HasLatin(char32_t character) { return character < 0x250; }
 
 /// Reads features with names into a picture of the world in which a pixel is a degree.
 class NamesOf
@@ -27,7 +24,7 @@ public:
         const TemporaryFolder folder;
         const std::string file =
             folder.Write("in.geojson", R"({"type":"FeatureCollection","features":[)" + features + "]}");
-        LabelOptions options;
+        NameRequest options;
         options.wanted = true;
         options.field = field;
         GeometryReader reader(view, "", 7, options);
@@ -54,66 +51,6 @@ std::string Square(const std::string& properties)
 }
 
 } // namespace
-
-TEST(MissingCharacters, AreNamedOnceEach)
-{
-    EXPECT_EQ(MissingCharacters({L"Kenya", L"S\xE3o"}, &HasLatin), "");
-    const std::string message = MissingCharacters({L"\x5317\x4EAC", L"\x5317 \xE000"}, &HasLatin);
-    EXPECT_THAT(message, HasSubstr("U+4EAC, U+5317, U+E000"));
-    EXPECT_EQ(message.find("U+5317"), message.rfind("U+5317"));
-    EXPECT_EQ(message.find('\n'), std::string::npos);
-}
-
-TEST(MissingCharacters, AreMissingWhereTheMessageSays)
-{
-    EXPECT_EQ(MissingCharacters({L"\x5317"}, &HasLatin, "nothing here has"),
-              "nothing here has U+5317, which labels contain");
-    EXPECT_EQ(MissingCharacters({L"\x5317"}, &HasLatin), "no installed font has U+5317, which labels contain");
-}
-
-TEST(MissingCharacters, AreCountedWhenTheyAreMany)
-{
-    std::wstring text;
-    for (wchar_t c = 0x4E00; c < 0x4E00 + 30; ++c)
-        text += c;
-    EXPECT_THAT(MissingCharacters({text}, &HasLatin), HasSubstr("U+4E07 and 22 more"));
-}
-
-TEST(MissingCharacters, AreNotThoseWithoutAShape)
-{
-    EXPECT_EQ(MissingCharacters({L"a\x200D\xFE0F\x2009 \n\x200E"}, [](char32_t c) { return c == U'a'; }), "");
-}
-
-TEST(FontCatalog, KnowsTheFontsThatAreInstalled)
-{
-    EXPECT_TRUE(FontCatalog::Has("DejaVu Sans"));
-    EXPECT_TRUE(FontCatalog::Has("dejavu sans"));
-    EXPECT_TRUE(FontCatalog::Has("sans-serif"));
-    EXPECT_FALSE(FontCatalog::Has("No Such Face"));
-    EXPECT_FALSE(FontCatalog::Has("DejaVu"));
-    EXPECT_EQ(FontCatalog::Resolved("DejaVu Sans"), "DejaVu Sans");
-    EXPECT_TRUE(FontCatalog::Has(FontCatalog::Resolved("No Such Face")));
-}
-
-TEST(FontCatalog, KnowsTheirCharacters)
-{
-    EXPECT_TRUE(FontCatalog::HasCharacter(U'A'));
-    EXPECT_TRUE(FontCatalog::HasCharacter(0x5317));
-    EXPECT_FALSE(FontCatalog::HasCharacter(0x12000));
-}
-
-TEST(FontCatalog, KnowsTheCharactersOfOneFace)
-{
-    const auto latin = FontCatalog::CharactersOf("DejaVu Sans");
-    EXPECT_TRUE(latin(U'A'));
-    EXPECT_TRUE(latin(0x416));
-    EXPECT_FALSE(latin(0x5317));
-    EXPECT_FALSE(latin(0x12000));
-    EXPECT_TRUE(FontCatalog::CharactersOf("WenQuanYi Micro Hei")(0x5317));
-    // Cairo draws in another face where there is none of the name.
-    EXPECT_TRUE(FontCatalog::CharactersOf("No Such Face")(U'A'));
-    EXPECT_FALSE(FontCatalog::CharactersOf("No Such Face")(0x12000));
-}
 
 TEST(FeatureNames, AreReadAsTheyAre)
 {
@@ -160,7 +97,7 @@ TEST(FeatureNames, AreWrittenAtOneOfSeveralPoints)
 
 TEST(MissingNames, SayWhatToDo)
 {
-    LabelOptions options;
+    NameRequest options;
     EXPECT_THAT(MissingNames(options), HasSubstr("--label-field"));
     options.field = "flavour";
     EXPECT_THAT(MissingNames(options), HasSubstr("--label-field flavour"));

@@ -1,12 +1,9 @@
-#include <txmap/cli/FrameOptions.h>
+#include <txmap/cli/ParseFrame.h>
 
-#include <algorithm>
 #include <cmath>
 #include <sstream>
 
 #include <txmap/cli/OptionValues.h>
-#include <txmap/sources/GeometryReader.h>
-#include <txmap/sources/VectorSource.h>
 
 namespace TZObjects
 {
@@ -15,8 +12,6 @@ namespace
 
 constexpr char kRounded[] = "rounded";
 constexpr double kFarthestCorner = 1e6;
-// As a part of the shorter side of the map.
-constexpr double kUsualRadius = 0.06;
 
 /// True for a text that can only be meant as corners: numbers and what lies between them.
 bool IsMeantAsCorners(const std::string& text)
@@ -47,19 +42,6 @@ double ParseRadius(const std::string& text)
     return numbers[0];
 }
 
-MapLayer ReadAreas(const std::string& source, const View& view)
-{
-    try
-    {
-        // Of a layer of lakes, neither a colour nor a name is asked for.
-        return GeometryReader(view, "", 1).Read(VectorSource(source), LayerRole::Lakes);
-    }
-    catch (const Failure& failure)
-    {
-        throw Failure(failure.Code(), std::string("--frame ") + failure.what());
-    }
-}
-
 } // namespace
 
 FrameRequest ParseFrame(const std::string& text)
@@ -87,30 +69,6 @@ FrameRequest ParseFrame(const std::string& text)
         if (!(std::abs(corner.x) <= kFarthestCorner && std::abs(corner.y) <= kFarthestCorner))
             Refuse("--frame", text, "the corners must be numbers of pixels, up to 1000000");
     return request;
-}
-
-FrameShape MakeFrame(const FrameRequest& request, const View& view, double lineWidth)
-{
-    const TXRect& map = view.Frame();
-    if (request.kind == FrameRequest::Kind::Rounded)
-    {
-        const double side = std::min(map.Width(), map.Height());
-        // In the tiniest picture there is something in the frame.
-        const double inset = std::min(lineWidth / 2.0, side / 4.0);
-        return FrameShape::RoundedRectangle({map.left + inset, map.right - inset, map.top + inset, map.bottom - inset},
-                                            request.radius < 0.0 ? kUsualRadius * side : request.radius);
-    }
-    if (request.kind == FrameRequest::Kind::Polygon)
-    {
-        FrameShape shape = FrameShape::Polygon(request.corners);
-        if (shape.Misses(map))
-            throw Failure(ExitCode::Usage, "--frame: there is nothing of the map between its corners");
-        return shape;
-    }
-    FrameShape shape = FrameShape::Areas(ReadAreas(request.source, view));
-    if (shape.Misses(map))
-        throw Failure(ExitCode::Data, "--frame " + request.source + ": has no area in the part of the world shown");
-    return shape;
 }
 
 } // namespace TZObjects

@@ -1,8 +1,9 @@
-#include <txmap/cli/LabelOptions.h>
+#include <txmap/cli/ParseLabels.h>
 
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <optional>
 #include <string_view>
 
 #include <txmap/cli/OptionValues.h>
