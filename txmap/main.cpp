@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <txmap/cli/Options.h>
+#include <txmap/drawing/LabelPainter.h>
 #include <txmap/drawing/MapRenderer.h>
 #include <txmap/drawing/NorthArrow.h>
 #include <txmap/drawing/PlacePainter.h>
@@ -91,15 +92,19 @@ void Render(const Options& options)
         arrow.emplace(*options.arrow, view, outline, renderer.Unit());
     const PlacePainter places(options.symbol, style, renderer.Unit(), options.labels.path);
     std::optional<MapLabels> labels;
+    std::optional<LabelPainter> labelPainter;
     if (options.labels.wanted)
-        labels.emplace(plugin.Engine(), renderer, options.labels)
-            .LayOut(layers, {places.Reach(), outline, arrow ? std::vector{arrow->Box()} : std::vector<TXRect>()});
+    {
+        labels.emplace(plugin.Engine(), view, style.labels, renderer.Unit(), options.labels);
+        labelPainter.emplace(plugin.Engine(), renderer.Surface(), labels->Fonts());
+        labels->LayOut(layers, {places.Reach(), outline, arrow ? std::vector{arrow->Box()} : std::vector<TXRect>()});
+    }
 
     const std::vector<GraticuleLine> graticule = MakeGraticule(view, options.graticule.value_or(SuitableStep(view)));
     renderer.Draw({layers, graticule, places, outline, raster ? &*raster : nullptr,
                    options.raster ? options.raster->opacity : 1.0});
-    if (labels)
-        labels->Draw();
+    if (labelPainter)
+        labelPainter->Draw(labels->Labels());
     if (frame)
         renderer.DrawFrame(*frame);
     if (arrow)

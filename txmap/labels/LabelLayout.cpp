@@ -1,7 +1,5 @@
 #include <txmap/labels/LabelLayout.h>
 
-#include <algorithm>
-#include <cmath>
 #include <set>
 
 #include <txmap/labels/CountryLabels.h>
@@ -44,22 +42,6 @@ std::set<TXString> WriteTowns(LabelSpace& space, const LabelScene& scene, const 
 
 } // namespace
 
-int WholePixels(double size) { return std::max(1, static_cast<int>(std::lround(size))); }
-
-LabelStyle ScaledLabelStyle(const LabelStyle& style, const LabelOptions& options, double unit)
-{
-    LabelStyle scaled = style;
-    const double factor = options.size ? *options.size / style.size : unit;
-    scaled.size = style.size * factor;
-    for (LabelHalo* const halo : {&scaled.countryHalo, &scaled.placeHalo})
-    {
-        halo->width *= factor;
-        if (options.halo)
-            *halo = *options.halo;
-    }
-    return scaled;
-}
-
 LabelLayout LayOutLabels(const std::vector<MapLayer>& layers, const LabelScene& scene, const LabelMeasure& measure)
 {
     LabelSpace space(layers, scene);
@@ -71,7 +53,7 @@ LabelLayout LayOutLabels(const std::vector<MapLayer>& layers, const LabelScene& 
     const std::set<TXString> towns = WriteTowns(space, scene, measure);
     for (const CountryLabels& layer : countries)
         layer.WriteTiny(space, towns);
-    return space.Take();
+    return {space.TakeLabels(), space.TakeLeftOut()};
 }
 
 } // namespace TZObjects

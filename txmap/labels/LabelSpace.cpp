@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <tuple>
-#include <utility>
 
 #include <txmap/map/FrameShape.h>
 
@@ -88,7 +87,7 @@ void LabelSpace::AddTowns(const MapLayer& layer, std::size_t number)
         const bool isNamed = !text.text.isEmpty();
         if (isNamed && !IsVisible(marker))
         {
-            layout.leftOut.push_back({number, i});
+            leftOut.push_back({number, i});
             continue;
         }
         all.Block(Grown(marker, padding));
@@ -130,7 +129,7 @@ bool LabelSpace::Write(const LabelText& text, const LabelLook& look, const TXRec
                 LeaveOut(town);
     all.Block(Grown(box, padding));
     lasting.Block(Grown(box, padding));
-    layout.labels.push_back({text, look, box});
+    labels.push_back({text, look, box});
     return true;
 }
 
@@ -162,7 +161,7 @@ void LabelSpace::LeaveOut(Town& town)
 {
     town.waiting = false;
     all.Release(Grown(town.marker, padding));
-    layout.leftOut.push_back(town.place);
+    leftOut.push_back(town.place);
 }
 
 } // namespace TZObjects

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <utility>
 #include <vector>
 
-#include <txmap/labels/LabelLayout.h>
 #include <txmap/labels/LabelPlacer.h>
+#include <txmap/labels/LabelScene.h>
+#include <txmap/labels/PlacedLabel.h>
+#include <txmap/map/MapLayer.h>
 
 namespace TZObjects
 {
@@ -47,7 +50,10 @@ public:
     std::vector<Town>& Towns() { return towns; }
     /// How far from a marker or an area a label begins.
     double Distance() const;
-    LabelLayout Take() { return std::move(layout); }
+    /// Hands over the labels that are written.
+    std::vector<PlacedLabel> TakeLabels() { return std::move(labels); }
+    /// Hands over the places that must not be drawn, as their names have no room.
+    std::vector<LayerPlace> TakeLeftOut() { return std::move(leftOut); }
 
 private:
     bool IsCovered(const Town& town, const TXRect& box) const;
@@ -59,7 +65,8 @@ private:
     LabelPlacer all;     ///< Labels and markers.
     LabelPlacer lasting; ///< The same without the markers of waiting towns.
     std::vector<Town> towns;
-    LabelLayout layout;
+    std::vector<PlacedLabel> labels;
+    std::vector<LayerPlace> leftOut;
 };
 
 /// A box of a size about a point.

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include <txgraphics/TXFont.h>
-#include <txmap/labels/LabelLayout.h>
+#include <txmap/labels/PlacedLabel.h>
 
 namespace TZObjects
 {

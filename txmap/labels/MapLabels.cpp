@@ -4,11 +4,10 @@
 #include <array>
 #include <utility>
 
-#include <txmap/drawing/LabelPainter.h>
-#include <txmap/drawing/MapRenderer.h>
 #include <txmap/labels/FontCatalog.h>
 #include <txmap/labels/LabelLayout.h>
 #include <txmap/map/FrameShape.h>
+#include <txmap/map/View.h>
 
 namespace TZObjects
 {
@@ -52,31 +51,28 @@ void RemovePlaces(std::vector<MapLayer>& layers, std::vector<LayerPlace> places)
 
 } // namespace
 
-MapLabels::MapLabels(TXGraphicsEngine& engine, const MapRenderer& renderer, const LabelOptions& options)
-    : renderer(renderer), options(options), choice(ChooseFace(options.font, "--label-font " + options.font)),
-      painter(engine, renderer.Surface(), choice.face, options.path)
+MapLabels::MapLabels(TXGraphicsEngine& engine, const View& view, const LabelStyle& style, double unit,
+                     const LabelOptions& options)
+    : choice(ChooseFace(options.font, "--label-font " + options.font)), fonts(engine, choice.face, options.path)
 {
+    scene.frame = view.Frame();
+    scene.style = ScaledLabelStyle(style, options, std::max(kSmallestUnit, unit));
+    scene.path = options.path;
 }
 
 void MapLabels::LayOut(std::vector<MapLayer>& layers, const LabelSurroundings& surroundings)
 {
-    const Style& style = renderer.MapStyle();
-    LabelScene scene;
-    scene.frame = renderer.MapView().Frame();
-    scene.outline = surroundings.outline;
-    if (scene.outline)
-        scene.frame = Common(scene.frame, scene.outline->Bounds());
-    scene.taken = surroundings.taken;
-    scene.style = ScaledLabelStyle(style.labels, options, std::max(kSmallestUnit, renderer.Unit()));
-    scene.markerRadius = surroundings.markerReach;
-    scene.path = options.path;
+    LabelScene full = scene;
+    full.outline = surroundings.outline;
+    if (full.outline)
+        full.frame = Common(full.frame, full.outline->Bounds());
+    full.taken = surroundings.taken;
+    full.markerRadius = surroundings.markerReach;
     LabelLayout layout = LayOutLabels(
-        layers, scene, [&](const LabelText& text, const LabelLook& look) { return painter.Measure(text, look); });
+        layers, full, [&](const LabelText& text, const LabelLook& look) { return fonts.Measure(text, look); });
     RemovePlaces(layers, layout.leftOut);
     labels = std::move(layout.labels);
 }
-
-void MapLabels::Draw() { painter.Draw(labels); }
 
 std::string MapLabels::CharacterProblem() const
 {
@@ -84,7 +80,7 @@ std::string MapLabels::CharacterProblem() const
     texts.reserve(labels.size());
     for (const PlacedLabel& label : labels)
         texts.push_back(VisibleText(label.text));
-    if (options.path == TextPath::Cairo)
+    if (scene.path == TextPath::Cairo)
     {
         const auto isInFace = FontCatalog::CharactersOf(choice.face);
         return MissingCharacters(

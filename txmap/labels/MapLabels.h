@@ -3,18 +3,20 @@
 #include <string>
 #include <vector>
 
-#include <txmap/drawing/LabelPainter.h>
+#include <txbase/TXRect.h>
 #include <txmap/labels/FaceChoice.h>
-#include <txmap/labels/LabelLayout.h>
+#include <txmap/labels/LabelFonts.h>
 #include <txmap/labels/LabelOptions.h>
+#include <txmap/labels/LabelScene.h>
+#include <txmap/labels/PlacedLabel.h>
 #include <txmap/map/MapLayer.h>
 
 namespace TZObjects
 {
 
 class FrameShape;
-class MapRenderer;
 class TXGraphicsEngine;
+class View;
 
 /// What else there is on a map that has names.
 struct LabelSurroundings
@@ -24,31 +26,34 @@ struct LabelSurroundings
     std::vector<TXRect> taken;           ///< Where no name may lie.
 };
 
-/// The names on a map.
+/// The names on a map: which of them are written, where, and in which face.
 class MapLabels
 {
 public:
-    /// @param engine what draws; it must outlive the labels.
-    /// @param renderer what draws the map; it must outlive the labels.
+    /// @param engine where the fonts come from; it must outlive the labels.
+    /// @param view what the picture shows.
+    /// @param style how names look in a picture of the usual size.
+    /// @param unit what the style calls a pixel, in pixels of this picture.
     /// @param options what the user wants.
-    MapLabels(TXGraphicsEngine& engine, const MapRenderer& renderer, const LabelOptions& options);
+    MapLabels(TXGraphicsEngine& engine, const View& view, const LabelStyle& style, double unit,
+              const LabelOptions& options);
 
     /// Finds room for the names of countries and places, and takes those places out of the layers that have no room for
     /// theirs: a map shows a town with its name or not at all.
     void LayOut(std::vector<MapLayer>& layers, const LabelSurroundings& surroundings);
-    /// Draws them on the map, which must be drawn before.
-    void Draw();
-    /// Which characters of the drawn labels cannot be drawn, as no font has them, or not the one that cairo takes;
-    /// empty when all is well.
+    /// The labels that found room, to be drawn with `Fonts`.
+    const std::vector<PlacedLabel>& Labels() const { return labels; }
+    LabelFonts& Fonts() { return fonts; }
+    /// Which characters of the labels cannot be drawn, as no font has them, or not the one that cairo takes; empty when
+    /// all is well.
     std::string CharacterProblem() const;
     /// That the face asked for is not installed, and which one is used instead; empty when all is well.
     const std::string& FontProblem() const { return choice.problem; }
 
 private:
-    const MapRenderer& renderer;
-    LabelOptions options;
     FaceChoice choice;
-    LabelPainter painter;
+    LabelFonts fonts;
+    LabelScene scene; ///< Without its surroundings.
     std::vector<PlacedLabel> labels;
 };
 

@@ -51,6 +51,13 @@ struct NamedFeature
     FeatureName name;
 };
 
+/// A place in the array of its layer.
+struct LayerPlace
+{
+    std::size_t layer = 0;
+    std::size_t place = 0;
+};
+
 /// What is visible of a layer, in pixels, in the form in which it is drawn: the points of all shapes lie one behind the
 /// other, so that one shape, or all of them at once, are handed to the surface without a copy.
 struct MapLayer
