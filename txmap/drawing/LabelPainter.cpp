@@ -2,8 +2,10 @@
 
 #include <cmath>
 
+#include <txgraphics/TXGraphics.h>
 #include <txgraphics/TXGraphicsEngine.h>
 #include <txgraphics/TXPen.h>
+#include <txmap/drawing/Canvas.h>
 #include <txmap/drawing/HaloCopies.h>
 #include <txmap/labels/LetterRuns.h>
 #include <txmap/support/Failure.h>
@@ -11,9 +13,9 @@
 namespace TZObjects
 {
 
-LabelPainter::LabelPainter(TXGraphicsEngine& engine, TXGraphics& surface, LabelFonts& fonts)
-    : engine(engine), surface(surface), fonts(fonts)
+LabelPainter::LabelPainter(Canvas& canvas, LabelFonts& fonts) : canvas(canvas), fonts(fonts)
 {
+    TXGraphics& surface = canvas.Surface();
     const bool wanted = fonts.Path() == TextPath::Cairo;
     // Switched on over the pixels that the surface has by now, cairo has its settings for fonts, too.
     surface.EnableCairoDrawing(false);
@@ -53,9 +55,10 @@ void LabelPainter::DrawPlain(const PlacedLabel& label)
     const TXRefPtr<TXFont> font = fonts.FontFor(look);
     font->SetFontHaloWidth(stroke);
     font->SetFontHaloColor(look.halo.color);
-    surface.SelectFont(font);
-    RequireLabel(surface.DrawOutlineString(topLeft.x, topLeft.y, TXGraphics::TextAlignTop, TXGraphics::TextAlignHCenter,
-                                           label.text.text, look.color, 0.0, 0.0, 1.0));
+    canvas.Surface().SelectFont(font);
+    RequireLabel(canvas.Surface().DrawOutlineString(topLeft.x, topLeft.y, TXGraphics::TextAlignTop,
+                                                    TXGraphics::TextAlignHCenter, label.text.text, look.color, 0.0, 0.0,
+                                                    1.0));
 }
 
 void LabelPainter::DrawRich(const PlacedLabel& label)
@@ -85,12 +88,12 @@ void LabelPainter::DrawRuns(const PlacedLabel& label)
 void LabelPainter::DrawLetters(const TXString& text, const LabelLook& look, const TXPoint& topLeft,
                                const TXColor& color)
 {
-    TXRefPtr<TXPen> pen(engine.NewPen());
+    TXRefPtr<TXPen> pen(canvas.Engine().NewPen());
     RequireLabel(pen && pen->Create(TXPen::SolidLine, 1.0, color, TXPen::RoundCap, TXPen::RoundJoin));
-    surface.SelectPen(pen);
-    surface.SelectFont(fonts.FontFor(look));
-    RequireLabel(surface.DrawString(topLeft.x, topLeft.y, TXGraphics::TextAlignTop, TXGraphics::TextAlignHCenter, text,
-                                    0.0, 0.0, 1.0));
+    canvas.Surface().SelectPen(pen);
+    canvas.Surface().SelectFont(fonts.FontFor(look));
+    RequireLabel(canvas.Surface().DrawString(topLeft.x, topLeft.y, TXGraphics::TextAlignTop,
+                                             TXGraphics::TextAlignHCenter, text, 0.0, 0.0, 1.0));
 }
 
 } // namespace TZObjects

@@ -3,26 +3,24 @@
 #include <vector>
 
 #include <txbase/TXPoint.h>
-#include <txgraphics/TXGraphics.h>
 #include <txmap/labels/LabelFonts.h>
 #include <txmap/labels/PlacedLabel.h>
 
 namespace TZObjects
 {
 
-class TXGraphicsEngine;
+class Canvas;
 
-/// Draws labels on a surface.
+/// Draws labels.
 ///
 /// Every operation throws a `Failure` with `ExitCode::Drawing` when the backend refuses.
 class LabelPainter
 {
 public:
     /// Makes the surface draw text on the path of the fonts.
-    /// @param engine where pens come from; it must outlive the painter.
-    /// @param surface what is drawn on; it must outlive the painter.
+    /// @param canvas what is drawn on; it must outlive the painter.
     /// @param fonts what the labels were measured with; they must outlive the painter.
-    LabelPainter(TXGraphicsEngine& engine, TXGraphics& surface, LabelFonts& fonts);
+    LabelPainter(Canvas& canvas, LabelFonts& fonts);
 
     /// Draws each label with its halo.
     void Draw(const std::vector<PlacedLabel>& labels);
@@ -34,8 +32,7 @@ private:
     void DrawLetters(const TXString& text, const LabelLook& look, const TXPoint& topLeft, const TXColor& color);
     TXPoint TopLeft(const PlacedLabel& label);
 
-    TXGraphicsEngine& engine;
-    TXGraphics& surface;
+    Canvas& canvas;
     LabelFonts& fonts;
 };
 

@@ -7,6 +7,7 @@
 #include <txgraphics/TXGraphics.h>
 #include <txgraphics/TXGraphicsEngine.h>
 #include <txgraphics/TXImage.h>
+#include <txmap/drawing/Canvas.h>
 #include <txmap/drawing/DrawingTools.h>
 
 namespace TZObjects
@@ -119,17 +120,18 @@ NorthArrow::NorthArrow(const ArrowRequest& request, const View& view, const Fram
         }
 }
 
-void NorthArrow::Draw(const TXGraphicsEngine& engine, TXGraphics& surface, const ArrowStyle& style) const
+void NorthArrow::Draw(Canvas& canvas, const ArrowStyle& style) const
 {
     const double size = box.Width();
     if (!(size >= kSmallestArrow))
         return;
-    const TXRefPtr<TXGraphics> drawing(engine.NewGraphics());
+    const TXRefPtr<TXGraphics> drawing(canvas.Engine().NewGraphics());
     const int side = static_cast<int>(size);
     RequireDrawn(drawing && drawing->CreateCompatibleGraphics(side, side) && drawing->GetImage());
     drawing->ClearWithColor({255, 255, 255, 0});
-    DrawUpright(engine, *drawing, size, style);
-    RequireDrawn(surface.DrawImage4BitmapRotate(box, drawing->GetImage().get(), {0.0, size, 0.0, size}, angle, 1.0));
+    DrawUpright(canvas.Engine(), *drawing, size, style);
+    RequireDrawn(
+        canvas.Surface().DrawImage4BitmapRotate(box, drawing->GetImage().get(), {0.0, size, 0.0, size}, angle, 1.0));
 }
 
 } // namespace TZObjects

@@ -10,8 +10,7 @@
 namespace TZObjects
 {
 
-class TXGraphics;
-class TXGraphicsEngine;
+class Canvas;
 
 /// Where a north arrow is, and how it is turned.
 struct ArrowRequest
@@ -35,7 +34,7 @@ public:
     const TXRect& Box() const { return box; }
     /// Draws it. In a picture that has no room for an arrow that could be recognised, nothing is drawn.
     /// @throw Failure with `ExitCode::Drawing` when the surface refuses.
-    void Draw(const TXGraphicsEngine& engine, TXGraphics& surface, const ArrowStyle& style) const;
+    void Draw(Canvas& canvas, const ArrowStyle& style) const;
 
 private:
     double angle;

@@ -6,6 +6,7 @@
 #include <txgraphics/TXFont.h>
 #include <txgraphics/TXGraphics.h>
 #include <txgraphics/TXGraphicsEngine.h>
+#include <txmap/drawing/Canvas.h>
 #include <txmap/drawing/DrawingTools.h>
 #include <txmap/drawing/HaloCopies.h>
 #include <txmap/labels/FaceChoice.h>
@@ -45,52 +46,50 @@ std::string PlacePainter::CharacterProblem() const
     return "--symbol: the face " + face + " has no " + name + ", so that no place can be drawn as it should";
 }
 
-void PlacePainter::Draw(const TXGraphicsEngine& engine, TXGraphics& surface, const std::vector<TXPoint>& places) const
+void PlacePainter::Draw(Canvas& canvas, const std::vector<TXPoint>& places) const
 {
     if (places.empty())
         return;
     if (corners.empty())
-        DrawCharacters(engine, surface, places);
+        DrawCharacters(canvas, places);
     else
-        DrawShapes(engine, surface, places);
+        DrawShapes(canvas, places);
 }
 
-void PlacePainter::DrawShapes(const TXGraphicsEngine& engine, TXGraphics& surface,
-                              const std::vector<TXPoint>& places) const
+void PlacePainter::DrawShapes(Canvas& canvas, const std::vector<TXPoint>& places) const
 {
     // The ring lies outside of the symbol, whose corners would lose their tips otherwise.
-    const TXRefPtr<TXPen> around = SolidPen(engine, ring.color, 2.0 * ring.width);
-    const TXRefPtr<TXPen> none = SolidPen(engine, ring.color, 1.0);
+    const TXRefPtr<TXPen> around = SolidPen(canvas.Engine(), ring.color, 2.0 * ring.width);
+    const TXRefPtr<TXPen> none = SolidPen(canvas.Engine(), ring.color, 1.0);
     none->SetPenStyle(TXPen::NullPen);
-    surface.SelectBrush(SolidBrush(engine, fill));
+    canvas.Surface().SelectBrush(SolidBrush(canvas.Engine(), fill));
     for (const TXPoint& place : places)
         for (const TXRefPtr<TXPen>& pen : {around, none})
         {
-            surface.SelectPen(pen);
-            RequireDrawn(surface.VectorMarker(place.x, place.y, size, size, 0.0, corners.data(),
-                                              static_cast<int>(corners.size()), true));
+            canvas.Surface().SelectPen(pen);
+            RequireDrawn(canvas.Surface().VectorMarker(place.x, place.y, size, size, 0.0, corners.data(),
+                                                       static_cast<int>(corners.size()), true));
         }
 }
 
-void PlacePainter::DrawCharacters(const TXGraphicsEngine& engine, TXGraphics& surface,
-                                  const std::vector<TXPoint>& places) const
+void PlacePainter::DrawCharacters(Canvas& canvas, const std::vector<TXPoint>& places) const
 {
     // A font of its own, since the markers leave their size and face in it.
-    const TXRefPtr<TXFont> font(engine.NewFont());
+    const TXRefPtr<TXFont> font(canvas.Engine().NewFont());
     RequireDrawn(font && font->Create());
-    surface.SelectFont(font);
+    canvas.Surface().SelectFont(font);
     const auto draw = [&](const TXPoint& place)
     {
-        RequireDrawn(
-            surface.FontMarker(place.x, place.y, size, size, 0.0, face.c_str(), static_cast<short>(symbol.character)));
+        RequireDrawn(canvas.Surface().FontMarker(place.x, place.y, size, size, 0.0, face.c_str(),
+                                                 static_cast<short>(symbol.character)));
     };
     const std::vector<TXPoint> copies = HaloCopies(ring.width);
     for (const TXPoint& place : places)
     {
-        surface.SelectPen(SolidPen(engine, ring.color, 1.0));
+        canvas.Surface().SelectPen(SolidPen(canvas.Engine(), ring.color, 1.0));
         for (const TXPoint& moved : copies)
             draw({place.x + moved.x, place.y + moved.y});
-        surface.SelectPen(SolidPen(engine, fill, 1.0));
+        canvas.Surface().SelectPen(SolidPen(canvas.Engine(), fill, 1.0));
         draw(place);
     }
 }

@@ -11,8 +11,7 @@
 namespace TZObjects
 {
 
-class TXGraphics;
-class TXGraphicsEngine;
+class Canvas;
 
 /// Draws the symbols of places.
 class PlacePainter
@@ -27,15 +26,15 @@ public:
     /// How far a symbol reaches from its place, its pale ring included.
     double Reach() const;
     /// Draws a symbol at each place. @throw Failure with `ExitCode::Drawing` when the surface refuses.
-    void Draw(const TXGraphicsEngine& engine, TXGraphics& surface, const std::vector<TXPoint>& places) const;
+    void Draw(Canvas& canvas, const std::vector<TXPoint>& places) const;
     /// That the symbol's character cannot be drawn as it should; empty when all is well.
     std::string CharacterProblem() const;
     /// That the symbol font is not installed, and which one is used instead; empty when all is well.
     const std::string& FontProblem() const { return fontProblem; }
 
 private:
-    void DrawShapes(const TXGraphicsEngine& engine, TXGraphics& surface, const std::vector<TXPoint>& places) const;
-    void DrawCharacters(const TXGraphicsEngine& engine, TXGraphics& surface, const std::vector<TXPoint>& places) const;
+    void DrawShapes(Canvas& canvas, const std::vector<TXPoint>& places) const;
+    void DrawCharacters(Canvas& canvas, const std::vector<TXPoint>& places) const;
 
     PlaceSymbol symbol;
     std::vector<TXPoint> corners; ///< Empty for a character.

@@ -73,4 +73,7 @@ struct MapLayer
     std::vector<NamedFeature> placeNames; ///< Of those places that have one.
 };
 
+/// True for what is drawn as land, which is everything but water.
+inline bool IsLand(const MapLayer& layer) { return layer.role != LayerRole::Lakes; }
+
 } // namespace TZObjects
