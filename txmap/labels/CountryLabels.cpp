@@ -27,7 +27,7 @@ constexpr std::size_t kMostTries = 60;
 // How much of a label may lie on other countries where it cannot lie in its own, and beside an island.
 constexpr double kMostForeign = 0.4;
 constexpr double kMostForeignBeside = 0.05;
-// In squares of the text's height: what is smaller waits until the towns are named, and what is larger comes before
+// In squares of the text's height: what is smaller waits until the places are named, and what is larger comes before
 // them.
 constexpr double kTiny = 1.0;
 constexpr double kSizeable = 4.0;

@@ -10,32 +10,32 @@ namespace TZObjects
 namespace
 {
 
-bool WriteTown(Town& town, const LabelLook& look, const LabelExtent& extent, LabelSpace& space)
+bool WritePlace(Place& place, const LabelLook& look, const LabelExtent& extent, LabelSpace& space)
 {
     if (!(extent.width > 0.0 && extent.height > 0.0))
         return false;
-    const std::vector<TXRect> boxes = BoxesBeside(town.marker, extent, space.Distance());
+    const std::vector<TXRect> boxes = BoxesBeside(place.marker, extent, space.Distance());
     for (const Markers markers : {Markers::Avoid, Markers::Cover})
         for (const TXRect& box : boxes)
-            if (space.Write(town, look, box, markers))
+            if (space.Write(place, look, box, markers))
                 return true;
     return false;
 }
 
 /// @return the names that were written.
-std::set<TXString> WriteTowns(LabelSpace& space, const LabelScene& scene, const LabelMeasure& measure)
+std::set<TXString> WritePlaces(LabelSpace& space, const LabelScene& scene, const LabelMeasure& measure)
 {
     const LabelStyle& style = scene.style;
     const LabelLook look{WholePixels(style.size * style.placeSize), 0.0, style.place, style.placeHalo};
     std::set<TXString> written;
-    for (Town& town : space.Towns())
+    for (Place& place : space.Places())
     {
-        if (!town.waiting)
+        if (!place.waiting)
             continue;
-        if (WriteTown(town, look, measure(town.text, look), space))
-            written.insert(town.text.text);
+        if (WritePlace(place, look, measure(place.text, look), space))
+            written.insert(place.text.text);
         else
-            space.LeaveOut(town);
+            space.LeaveOut(place);
     }
     return written;
 }
@@ -49,10 +49,10 @@ LabelLayout LayOutLabels(const std::vector<MapLayer>& layers, const LabelScene& 
     countries.reserve(layers.size());
     for (const MapLayer& layer : layers)
         countries.emplace_back(layer, scene, measure).Write(space);
-    // Where a town has an island's name, as on many a small one, it speaks for both.
-    const std::set<TXString> towns = WriteTowns(space, scene, measure);
+    // Where a place has an island's name, as on many a small one, it speaks for both.
+    const std::set<TXString> places = WritePlaces(space, scene, measure);
     for (const CountryLabels& layer : countries)
-        layer.WriteTiny(space, towns);
+        layer.WriteTiny(space, places);
     return {space.TakeLabels(), space.TakeLeftOut()};
 }
 

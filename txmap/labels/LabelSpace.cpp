@@ -69,12 +69,12 @@ LabelSpace::LabelSpace(const std::vector<MapLayer>& layers, const LabelScene& sc
         lasting.Block(box);
     }
     for (std::size_t i = 0; i < layers.size(); ++i)
-        AddTowns(layers[i], i);
-    std::stable_sort(towns.begin(), towns.end(),
-                     [](const Town& a, const Town& b) { return Importance(*a.name) < Importance(*b.name); });
+        AddPlaces(layers[i], i);
+    std::stable_sort(places.begin(), places.end(),
+                     [](const Place& a, const Place& b) { return Importance(*a.name) < Importance(*b.name); });
 }
 
-void LabelSpace::AddTowns(const MapLayer& layer, std::size_t number)
+void LabelSpace::AddPlaces(const MapLayer& layer, std::size_t number)
 {
     std::vector<const FeatureName*> names(layer.places.size());
     for (const NamedFeature& feature : layer.placeNames)
@@ -94,7 +94,7 @@ void LabelSpace::AddTowns(const MapLayer& layer, std::size_t number)
         if (!isNamed)
             lasting.Block(Grown(marker, padding));
         else if (Holds(scene.frame, layer.places[i]))
-            towns.push_back({{number, i}, names[i], std::move(text), marker});
+            places.push_back({{number, i}, names[i], std::move(text), marker});
     }
 }
 
@@ -114,9 +114,9 @@ bool LabelSpace::IsFree(const TXRect& box, Markers markers) const
            (!scene.outline || scene.outline->Contains(room));
 }
 
-bool LabelSpace::IsCovered(const Town& town, const TXRect& box) const
+bool LabelSpace::IsCovered(const Place& place, const TXRect& box) const
 {
-    return town.waiting && !Grown(town.marker, 2.0 * padding).Disjoint(box);
+    return place.waiting && !Grown(place.marker, 2.0 * padding).Disjoint(box);
 }
 
 bool LabelSpace::Write(const LabelText& text, const LabelLook& look, const TXRect& box, Markers markers)
@@ -124,44 +124,44 @@ bool LabelSpace::Write(const LabelText& text, const LabelLook& look, const TXRec
     if (!IsFree(box, markers))
         return false;
     if (markers == Markers::Cover)
-        for (Town& town : towns)
-            if (IsCovered(town, box))
-                LeaveOut(town);
+        for (Place& place : places)
+            if (IsCovered(place, box))
+                LeaveOut(place);
     all.Block(Grown(box, padding));
     lasting.Block(Grown(box, padding));
     labels.push_back({text, look, box});
     return true;
 }
 
-bool LabelSpace::Write(Town& town, const LabelLook& look, const TXRect& box, Markers markers)
+bool LabelSpace::Write(Place& place, const LabelLook& look, const TXRect& box, Markers markers)
 {
     // Equals do not drive each other off.
-    const auto mayBeCovered = [&](const Town& other) { return Grade(*town.name) < Grade(*other.name); };
+    const auto mayBeCovered = [&](const Place& other) { return Grade(*place.name) < Grade(*other.name); };
     if (markers == Markers::Cover &&
-        !std::all_of(towns.begin(), towns.end(),
-                     [&](const Town& other) { return !IsCovered(other, box) || mayBeCovered(other); }))
+        !std::all_of(places.begin(), places.end(),
+                     [&](const Place& other) { return !IsCovered(other, box) || mayBeCovered(other); }))
         return false;
-    if (!Write(town.text, look, box, markers))
+    if (!Write(place.text, look, box, markers))
         return false;
-    town.waiting = false;
-    lasting.Block(Grown(town.marker, padding));
+    place.waiting = false;
+    lasting.Block(Grown(place.marker, padding));
     return true;
 }
 
 double LabelSpace::LossAt(const TXRect& box) const
 {
     double loss = 0.0;
-    for (const Town& town : towns)
-        if (IsCovered(town, box))
-            loss += (town.name->capital ? 1.0 : 0.5) + 1.0 / (1.0 + std::max(0.0, town.name->rank));
+    for (const Place& place : places)
+        if (IsCovered(place, box))
+            loss += (place.name->capital ? 1.0 : 0.5) + 1.0 / (1.0 + std::max(0.0, place.name->rank));
     return loss;
 }
 
-void LabelSpace::LeaveOut(Town& town)
+void LabelSpace::LeaveOut(Place& place)
 {
-    town.waiting = false;
-    all.Release(Grown(town.marker, padding));
-    leftOut.push_back(town.place);
+    place.waiting = false;
+    all.Release(Grown(place.marker, padding));
+    leftOut.push_back(place.index);
 }
 
 } // namespace TZObjects

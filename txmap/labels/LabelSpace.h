@@ -12,23 +12,23 @@ namespace TZObjects
 {
 
 /// A place with a name.
-struct Town
+struct Place
 {
-    LayerPlace place;
+    LayerPlace index;
     const FeatureName* name = nullptr;
     LabelText text;
     TXRect marker;
     bool waiting = true; ///< False once it is named or left out.
 };
 
-/// Whether a label may lie on markers of towns that wait for their name, and so drive those towns off the map.
+/// Whether a label may lie on markers of places that wait for their name, and so drive those places off the map.
 enum class Markers
 {
     Avoid,
     Cover
 };
 
-/// The map as labels fill it: what is written, and which towns still wait for their names.
+/// The map as labels fill it: what is written, and which places still wait for their names.
 class LabelSpace
 {
 public:
@@ -39,15 +39,15 @@ public:
     bool IsFree(const TXRect& box, Markers markers) const;
     /// Writes a label if it has room. @return whether it has.
     bool Write(const LabelText& text, const LabelLook& look, const TXRect& box, Markers markers);
-    /// Writes a town's name if it has room. @return whether it has.
-    bool Write(Town& town, const LabelLook& look, const TXRect& box, Markers markers);
-    /// How great a loss the waiting towns are that a label would drive off the map; 0 for none.
+    /// Writes a place's name if it has room. @return whether it has.
+    bool Write(Place& place, const LabelLook& look, const TXRect& box, Markers markers);
+    /// How great a loss the waiting places are that a label would drive off the map; 0 for none.
     double LossAt(const TXRect& box) const;
-    /// Takes a town off the map.
-    void LeaveOut(Town& town);
+    /// Takes a place off the map.
+    void LeaveOut(Place& place);
 
-    /// The towns that have a name and are visible, the most important first.
-    std::vector<Town>& Towns() { return towns; }
+    /// The places that have a name and are visible, the most important first.
+    std::vector<Place>& Places() { return places; }
     /// How far from a marker or an area a label begins.
     double Distance() const;
     /// Hands over the labels that are written.
@@ -56,15 +56,15 @@ public:
     std::vector<LayerPlace> TakeLeftOut() { return std::move(leftOut); }
 
 private:
-    bool IsCovered(const Town& town, const TXRect& box) const;
-    void AddTowns(const MapLayer& layer, std::size_t number);
+    bool IsCovered(const Place& place, const TXRect& box) const;
+    void AddPlaces(const MapLayer& layer, std::size_t number);
     bool IsVisible(const TXRect& marker) const;
 
     const LabelScene& scene;
     double padding;      ///< Around every label and marker, so that no halo reaches its neighbour.
     LabelPlacer all;     ///< Labels and markers.
-    LabelPlacer lasting; ///< The same without the markers of waiting towns.
-    std::vector<Town> towns;
+    LabelPlacer lasting; ///< The same without the markers of waiting places.
+    std::vector<Place> places;
     std::vector<PlacedLabel> labels;
     std::vector<LayerPlace> leftOut;
 };

@@ -39,7 +39,7 @@ public:
               const LabelOptions& options);
 
     /// Finds room for the names of countries and places, and takes those places out of the layers that have no room for
-    /// theirs: a map shows a town with its name or not at all.
+    /// theirs: a map shows a place with its name or not at all.
     void LayOut(std::vector<MapLayer>& layers, const LabelSurroundings& surroundings);
     /// The labels that found room, to be drawn with `Fonts`.
     const std::vector<PlacedLabel>& Labels() const { return labels; }

@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include <txmap/map/Antimeridian.h>
+#include <txmap/map/DateLine.h>
 #include <txmap/map/MapLayer.h>
 #include <txmap/map/View.h>
 

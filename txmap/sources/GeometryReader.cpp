@@ -76,7 +76,7 @@ void GeometryReader::Fail(const std::string& reason) const
     throw Failure(ExitCode::Data, sourceName + ": " + reason);
 }
 
-void GeometryReader::Clippable(bool clipped) const
+void GeometryReader::RequireClipped(bool clipped) const
 {
     if (!clipped)
         Fail("feature " + std::to_string(featureId) + " cannot be clipped to the map" + LastGdalComplaint());
@@ -147,7 +147,7 @@ void GeometryReader::Add(OGRFeature& feature, LayerRole role)
     name = names.Of(feature);
     AddGeometry(std::move(geometry), role, polygons);
     if (!polygons.empty())
-        Clippable(builder.AddArea(std::move(polygons), role == LayerRole::Lakes ? 0 : Category(feature), name));
+        RequireClipped(builder.AddArea(std::move(polygons), role == LayerRole::Lakes ? 0 : Category(feature), name));
 }
 
 void GeometryReader::AddGeometry(std::unique_ptr<OGRGeometry> geometry, LayerRole role,
@@ -177,10 +177,10 @@ void GeometryReader::AddGeometry(std::unique_ptr<OGRGeometry> geometry, LayerRol
             polygons.emplace_back(OGRGeometryFactory::forceToPolygon(geometry.release())->toPolygon());
         else
             for (const OGRLinearRing* const ring : *geometry->toPolygon())
-                Clippable(builder.AddLine(*ring));
+                RequireClipped(builder.AddLine(*ring));
     }
     else if (type == wkbLineString && !WantsAreas(role))
-        Clippable(builder.AddLine(*geometry->toLineString()));
+        RequireClipped(builder.AddLine(*geometry->toLineString()));
     else if (type == wkbPoint && role == LayerRole::Any)
     {
         // A feature of several points is labelled at one of them.

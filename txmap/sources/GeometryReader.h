@@ -8,7 +8,7 @@
 #include <txmap/map/MapLayerBuilder.h>
 #include <txmap/map/View.h>
 #include <txmap/sources/FeatureNames.h>
-#include <txmap/style/Category.h>
+#include <txmap/style/CategoryTable.h>
 
 class OGRFeature;
 class OGRGeometry;
@@ -42,7 +42,7 @@ private:
     void AddGeometry(std::unique_ptr<OGRGeometry> geometry, LayerRole role, std::vector<PolygonPtr>& polygons);
     int FindColorField(OGRLayer& layer) const;
     int Category(const OGRFeature& feature);
-    void Clippable(bool clipped) const;
+    void RequireClipped(bool clipped) const;
     [[noreturn]] void Fail(const std::string& reason) const;
 
     MapLayerBuilder builder;

@@ -20,9 +20,9 @@ namespace
 
 const std::vector<std::string> kCairo = {"--text", "cairo"};
 constexpr double kTurn = 6.283185307179586;
-// The size of a country's name and of a town's, where --label-size is the first.
+// The size of a country's name and of a place's, where --label-size is the first.
 constexpr int kLabelSize = 26;
-constexpr int kTownSize = 18;
+constexpr int kPlaceSize = 18;
 
 std::vector<std::string> Cairo(std::vector<std::string> options)
 {
@@ -52,7 +52,7 @@ public:
         cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_MEDIUM);
         cairo_set_font_options(context.get(), options.get());
         cairo_select_font_face(context.get(), "DejaVu Sans", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
-        cairo_set_font_size(context.get(), kTownSize);
+        cairo_set_font_size(context.get(), kPlaceSize);
     }
 
     cairo_t* Context() const { return context.get(); }
@@ -91,7 +91,7 @@ struct Color
     int blue;
 };
 
-constexpr Color kTown{48, 48, 54};
+constexpr Color kPlace{48, 48, 54};
 
 /// Where the middle of a label's left edge lies, right of the place of these tests.
 struct Place
@@ -115,7 +115,7 @@ void PaintLines(cairo_t* context, const std::vector<std::string>& lines, const P
     cairo_font_extents_t font{};
     cairo_font_extents(context, &font);
     const double step = font.ascent + font.descent;
-    const double blank = accents ? 0.0 : std::max(0.0, font.ascent - 0.8 * kTownSize);
+    const double blank = accents ? 0.0 : std::max(0.0, font.ascent - 0.8 * kPlaceSize);
     double widest = 0.0;
     std::vector<double> widths;
     for (const std::string& line : lines)
@@ -146,7 +146,7 @@ const std::string kSize = std::to_string(kLabelSize);
 int DifferenceFrom(const std::string& json, const std::vector<std::string>& lines, bool accents = false)
 {
     const Canvas twin(DrawPlace("null"));
-    PaintLines(twin.Context(), lines, RightOfThePlace(0.0), kTown, accents);
+    PaintLines(twin.Context(), lines, RightOfThePlace(0.0), kPlace, accents);
     return twin.Differs(DrawPlace(json, Cairo({"--label-size", kSize, "--label-halo", "0:white"})));
 }
 
@@ -214,7 +214,7 @@ TEST(CairoLabel, HasItsHaloAroundAllLettersWithoutSpikes)
                         place.middle + radius * std::sin(kTurn * i / copies)},
                        {255, 0, 0});
     }
-    PaintLines(twin.Context(), lines, place, kTown);
+    PaintLines(twin.Context(), lines, place, kPlace);
     EXPECT_EQ(twin.Differs(DrawPlace("\"MAWNjgy\\nVvNldb\"", Cairo({"--label-size", kSize, "--label-halo", "6:red"}))),
               0);
 }

@@ -17,7 +17,7 @@ namespace
 constexpr Pixel kPaper{247, 244, 237, 255};
 constexpr Pixel kLine{98, 84, 74, 255};
 
-// A country that fills the world, with a name and a row of towns along the equator.
+// A country that fills the world, with a name and a row of places along the equator.
 std::string World()
 {
     std::string json = R"({"type":"FeatureCollection","features":[{"type":"Feature",)"

@@ -41,7 +41,7 @@ std::string Repeated(const std::string& text, int times)
 }
 
 /// Places close together, the first of which are named.
-std::string CloseTowns(unsigned seed, int count, int named)
+std::string ClosePlaces(unsigned seed, int count, int named)
 {
     std::mt19937 random(seed);
     std::uniform_real_distribution<double> longitude(-60.0, 60.0);
@@ -70,14 +70,14 @@ class TextPaths : public ::testing::TestWithParam<const char*>
 
 TEST_P(TextPaths, LetNoLabelTouchTheLettersOfAnother)
 {
-    constexpr int kTowns = 8;
+    constexpr int kPlaces = 8;
     for (const unsigned seed : {1u, 2u, 3u})
         for (const char* const halo : {"0:white", "3:white"})
         {
             const auto draw = [&](int named)
             {
                 const TemporaryFolder folder;
-                return Draw({folder.Write("in.geojson", CloseTowns(seed, kTowns, named)), "--label-field", "name",
+                return Draw({folder.Write("in.geojson", ClosePlaces(seed, kPlaces, named)), "--label-field", "name",
                              "--text", GetParam(), "--size", "720x360", "--label-size", "20", "--label-halo", halo,
                              "--graticule", "0"});
             };
@@ -85,7 +85,7 @@ TEST_P(TextPaths, LetNoLabelTouchTheLettersOfAnother)
             Picture before = draw(0);
             int written = 0;
             std::vector<bool> letters(before.Pixels().size(), false);
-            for (int named = 1; named <= kTowns; ++named)
+            for (int named = 1; named <= kPlaces; ++named)
             {
                 const Picture after = draw(named);
                 int touched = 0;
@@ -100,7 +100,7 @@ TEST_P(TextPaths, LetNoLabelTouchTheLettersOfAnother)
                 EXPECT_EQ(touched, 0) << "seed " << seed << ", halo " << halo << ", name " << named;
                 before = after;
             }
-            EXPECT_GT(written, kTowns * 50) << "seed " << seed << ", halo " << halo;
+            EXPECT_GT(written, kPlaces * 50) << "seed " << seed << ", halo " << halo;
         }
 }
 

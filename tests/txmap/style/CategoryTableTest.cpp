@@ -2,7 +2,7 @@
 #include <string>
 
 #include <gtest/gtest.h>
-#include <txmap/style/Category.h>
+#include <txmap/style/CategoryTable.h>
 
 using TZObjects::CategoryTable;
 

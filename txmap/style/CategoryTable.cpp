@@ -1,4 +1,4 @@
-#include <txmap/style/Category.h>
+#include <txmap/style/CategoryTable.h>
 
 #include <charconv>
 #include <cstddef>

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <ogr_geometry.h>
-#include <txmap/map/Antimeridian.h>
+#include <txmap/map/DateLine.h>
 #include <txmap/sources/Gdal.h>
 
 using namespace TZObjects;

@@ -1,4 +1,4 @@
-#include <txmap/map/Antimeridian.h>
+#include <txmap/map/DateLine.h>
 
 #include <ogr_geometry.h>
 
