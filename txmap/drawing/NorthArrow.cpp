@@ -9,6 +9,7 @@
 #include <txgraphics/TXImage.h>
 #include <txmap/drawing/Canvas.h>
 #include <txmap/drawing/DrawingTools.h>
+#include <txmap/map/PixelGeometry.h>
 
 namespace TZObjects
 {
@@ -91,13 +92,7 @@ void DrawUpright(const TXGraphicsEngine& engine, TXGraphics& surface, double siz
 NorthArrow::NorthArrow(const ArrowRequest& request, const View& view, const FrameShape* frame, double unit)
     : angle(request.angle)
 {
-    TXRect map = view.Frame();
-    if (frame)
-    {
-        const TXRect& bounds = frame->Bounds();
-        map = {std::max(map.left, bounds.left), std::min(map.right, bounds.right), std::max(map.top, bounds.top),
-               std::min(map.bottom, bounds.bottom)};
-    }
+    const TXRect map = frame ? Common(view.Frame(), frame->Bounds()) : view.Frame();
     const double side = std::min(map.Width(), map.Height());
     const double size =
         2.0 * std::floor(std::min(std::max(kSmallestSize, kUsualSize * unit), kLargestPart * side) / 2.0);

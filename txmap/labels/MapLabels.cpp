@@ -7,6 +7,7 @@
 #include <txmap/labels/FontCatalog.h>
 #include <txmap/labels/LabelLayout.h>
 #include <txmap/map/FrameShape.h>
+#include <txmap/map/PixelGeometry.h>
 #include <txmap/map/View.h>
 
 namespace TZObjects
@@ -31,11 +32,6 @@ bool NeedsItsNeighbours(char32_t c)
                                                        {0x1E800, 0x1EFFF}}};
     return std::any_of(kScripts.begin(), kScripts.end(),
                        [c](const Range& script) { return c >= script.first && c <= script.second; });
-}
-
-TXRect Common(const TXRect& a, const TXRect& b)
-{
-    return {std::max(a.left, b.left), std::min(a.right, b.right), std::max(a.top, b.top), std::min(a.bottom, b.bottom)};
 }
 
 void RemovePlaces(std::vector<MapLayer>& layers, std::vector<LayerPlace> places)

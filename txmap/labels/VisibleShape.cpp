@@ -5,6 +5,8 @@
 #include <limits>
 #include <utility>
 
+#include <txmap/map/PixelGeometry.h>
+
 namespace TZObjects
 {
 namespace
@@ -12,21 +14,6 @@ namespace
 
 // Corners closer together than this do not move a label.
 constexpr double kFinest = 0.75;
-
-TXRect BoundsOf(const std::vector<TXPoint>& ring)
-{
-    constexpr double far = std::numeric_limits<double>::max();
-    TXRect bounds(far, -far, far, -far);
-    for (const TXPoint& point : ring)
-        bounds = {std::min(bounds.left, point.x), std::max(bounds.right, point.x), std::min(bounds.top, point.y),
-                  std::max(bounds.bottom, point.y)};
-    return bounds;
-}
-
-TXRect United(const TXRect& a, const TXRect& b)
-{
-    return {std::min(a.left, b.left), std::max(a.right, b.right), std::min(a.top, b.top), std::max(a.bottom, b.bottom)};
-}
 
 double SizeOf(const std::vector<TXPoint>& ring)
 {
@@ -98,13 +85,6 @@ double SquaredDistance(const TXPoint& point, const TXPoint& from, const TXPoint&
     const double x = px - along * dx;
     const double y = py - along * dy;
     return x * x + y * y;
-}
-
-/// Whether a ray from the point to the right crosses the edge.
-bool Crosses(const TXPoint& point, const TXPoint& from, const TXPoint& to)
-{
-    return (from.y > point.y) != (to.y > point.y) &&
-           point.x < from.x + (point.y - from.y) / (to.y - from.y) * (to.x - from.x);
 }
 
 } // namespace

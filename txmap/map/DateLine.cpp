@@ -141,10 +141,10 @@ void TakePolygons(std::unique_ptr<OGRGeometry> geometry, std::vector<PolygonPtr>
 
 } // namespace
 
-GeoBox BoxOf(const OGRPolygon& polygon)
+GeoBox BoxOf(const OGRGeometry& geometry)
 {
     OGREnvelope box;
-    polygon.getEnvelope(&box);
+    geometry.getEnvelope(&box);
     return {box.MinX, box.MinY, box.MaxX, box.MaxY};
 }
 
@@ -162,14 +162,13 @@ void UnwrapPolygon(OGRPolygon& polygon)
     for (OGRLinearRing* const ring : polygon)
     {
         UnwrapRing(*ring);
-        OGREnvelope box;
-        ring->getEnvelope(&box);
+        const GeoBox box = BoxOf(*ring);
         if (first)
-            outer = {box.MinX, box.MinY, box.MaxX, box.MaxY};
+            outer = box;
         first = false;
-        if (box.MinX >= outer.west && box.MaxX <= outer.east)
+        if (box.west >= outer.west && box.east <= outer.east)
             continue;
-        const double distance = (outer.west + outer.east - box.MinX - box.MaxX) / 2.0;
+        const double distance = (outer.west + outer.east - box.west - box.east) / 2.0;
         MoveEast(*ring, std::round(distance / kTurn) * kTurn);
     }
 }

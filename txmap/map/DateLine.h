@@ -5,6 +5,7 @@
 
 #include <txmap/map/View.h>
 
+class OGRGeometry;
 class OGRLineString;
 class OGRPolygon;
 
@@ -13,8 +14,8 @@ namespace TZObjects
 
 using PolygonPtr = std::unique_ptr<OGRPolygon>;
 
-/// The box of a polygon.
-GeoBox BoxOf(const OGRPolygon& polygon);
+/// The box of a geometry.
+GeoBox BoxOf(const OGRGeometry& geometry);
 
 /// Makes the longitudes of a line continuous: where two neighbouring points lie almost a world apart, the line went the
 /// other way, across the date line, and what follows is moved by 360 degrees.

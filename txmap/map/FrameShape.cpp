@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <txmap/map/MapLayer.h>
+#include <txmap/map/PixelGeometry.h>
 
 namespace TZObjects
 {
@@ -16,15 +17,6 @@ constexpr double kQuarterTurn = 1.5707963267948966;
 // Corners this far apart, in pixels, make a circle of any size look round.
 constexpr double kArcStep = 4.0;
 constexpr double kMostArcSteps = 256.0;
-
-TXRect BoundsOf(const std::vector<TXPoint>& ring)
-{
-    TXRect bounds(ring[0].x, ring[0].x, ring[0].y, ring[0].y);
-    for (const TXPoint& point : ring)
-        bounds = {std::min(bounds.left, point.x), std::max(bounds.right, point.x), std::min(bounds.top, point.y),
-                  std::max(bounds.bottom, point.y)};
-    return bounds;
-}
 
 /// True when all points lie on one line.
 bool IsFlat(const std::vector<TXPoint>& ring)
@@ -61,12 +53,6 @@ bool Touches(const TXPoint& a, const TXPoint& b, const TXRect& box)
     double to = 1.0;
     return Narrow(a.x, b.x - a.x, box.left, box.right, from, to) &&
            Narrow(a.y, b.y - a.y, box.top, box.bottom, from, to);
-}
-
-/// Whether a ray from the point to the right crosses the edge.
-bool Crosses(const TXPoint& point, const TXPoint& a, const TXPoint& b)
-{
-    return (a.y > point.y) != (b.y > point.y) && point.x < a.x + (point.y - a.y) / (b.y - a.y) * (b.x - a.x);
 }
 
 } // namespace
@@ -115,9 +101,7 @@ void FrameShape::Add(std::vector<TXPoint> ring)
     if (ring.front().x != ring.back().x || ring.front().y != ring.back().y)
         ring.push_back(ring.front());
     const TXRect box = BoundsOf(ring);
-    bounds = counts.empty() ? box
-                            : TXRect(std::min(bounds.left, box.left), std::max(bounds.right, box.right),
-                                     std::min(bounds.top, box.top), std::max(bounds.bottom, box.bottom));
+    bounds = counts.empty() ? box : United(bounds, box);
     points.insert(points.end(), ring.begin(), ring.end());
     counts.push_back(static_cast<int>(ring.size()));
 }

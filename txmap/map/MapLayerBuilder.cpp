@@ -20,13 +20,6 @@ constexpr double kWorlds[] = {-2.0 * kTurn, -kTurn, 0.0, kTurn, 2.0 * kTurn};
 // drawing, and coordinates that are a picture away do no harm.
 constexpr double kFarBeyond = 1.0;
 
-GeoBox BoxOf(const OGRGeometry& geometry)
-{
-    OGREnvelope box;
-    geometry.getEnvelope(&box);
-    return {box.MinX, box.MinY, box.MaxX, box.MaxY};
-}
-
 OGRPolygon Rectangle(const GeoBox& box)
 {
     OGRLinearRing ring;
