@@ -10,7 +10,7 @@
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -41,11 +41,11 @@ int Report(const std::string& message, ExitCode code)
 }
 
 } // namespace
-} // namespace TZObjects
+} // namespace txmap
 
 int main(int argc, char** argv)
 {
-    using namespace TZObjects;
+    using namespace txmap;
     // Standard error is for our own messages; a backend's debugging output is shown to those who ask for it.
     setenv("QT_LOGGING_RULES", "*.debug=false", 0);
     try

@@ -16,7 +16,7 @@
 #include <txmap/style/Style.h>
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -63,4 +63,4 @@ void DrawAtlas(const AtlasOptions& options, const std::function<void(const std::
     page.ReportProblems(warn);
 }
 
-} // namespace TZObjects
+} // namespace txmap

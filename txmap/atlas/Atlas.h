@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-namespace TZObjects
+namespace txmap
 {
 
 struct AtlasOptions;
@@ -13,4 +13,4 @@ struct AtlasOptions;
 /// @throw Failure when there is no picture, or not the one that was asked for.
 void DrawAtlas(const AtlasOptions& options, const std::function<void(const std::string&)>& warn);
 
-} // namespace TZObjects
+} // namespace txmap

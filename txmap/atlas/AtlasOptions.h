@@ -12,7 +12,7 @@
 #include <txmap/map/Projection.h>
 #include <txmap/map/View.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// A layer of the map, and where it comes from.
@@ -47,4 +47,4 @@ struct AtlasOptions
     std::string plugin = "txpluginqt";
 };
 
-} // namespace TZObjects
+} // namespace txmap

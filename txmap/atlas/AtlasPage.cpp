@@ -15,8 +15,10 @@
 #include <txmap/style/Style.h>
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXGraphicsEngine;
 
 AtlasPage::AtlasPage(TXGraphicsEngine& engine, const AtlasOptions& options, const View& view, const Style& style)
     : options(options), view(view), style(style), canvas(engine, view),
@@ -88,4 +90,4 @@ void AtlasPage::ReportProblems(const std::function<void(const std::string&)>& wa
         throw Failure(ExitCode::Usage, problems);
 }
 
-} // namespace TZObjects
+} // namespace txmap

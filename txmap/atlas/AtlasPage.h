@@ -12,7 +12,7 @@
 #include <txmap/labels/MapLabels.h>
 #include <txmap/map/FrameShape.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 class View;
@@ -28,7 +28,7 @@ class AtlasPage
 {
 public:
     /// All must outlive the page. @throw Failure also when the frame that is asked for cannot be made.
-    AtlasPage(TXGraphicsEngine& engine, const AtlasOptions& options, const View& view, const Style& style);
+    AtlasPage(TZObjects::TXGraphicsEngine& engine, const AtlasOptions& options, const View& view, const Style& style);
 
     /// Finds room for the names that are asked for, and takes those places out of the layers that have no room for
     /// theirs.
@@ -56,4 +56,4 @@ private:
     std::optional<LabelPainter> labelPainter;
 };
 
-} // namespace TZObjects
+} // namespace txmap

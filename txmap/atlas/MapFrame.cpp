@@ -6,8 +6,11 @@
 #include <txmap/sources/VectorSource.h>
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXRect;
+
 namespace
 {
 
@@ -53,4 +56,4 @@ FrameShape MakeFrame(const FrameRequest& request, const View& view, double lineW
     return shape;
 }
 
-} // namespace TZObjects
+} // namespace txmap

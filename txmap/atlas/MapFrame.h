@@ -7,7 +7,7 @@
 #include <txmap/map/FrameShape.h>
 #include <txmap/map/View.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// What a map is cut to.
@@ -22,7 +22,7 @@ struct FrameRequest
 
     Kind kind = Kind::Rounded;
     double radius = -1.0; ///< Of rounded corners, in pixels; negative for what suits the picture.
-    std::vector<TXPoint> corners;
+    std::vector<TZObjects::TXPoint> corners;
     std::string source; ///< As `LayerRequest::source`.
 };
 
@@ -32,4 +32,4 @@ struct FrameRequest
 /// nothing of the map between them.
 FrameShape MakeFrame(const FrameRequest& request, const View& view, double lineWidth);
 
-} // namespace TZObjects
+} // namespace txmap

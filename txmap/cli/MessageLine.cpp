@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-namespace TZObjects
+namespace txmap
 {
 
 void PrintMessage(const std::string& message)
@@ -14,4 +14,4 @@ void PrintMessage(const std::string& message)
     std::cerr << "txmap: " << line << '\n';
 }
 
-} // namespace TZObjects
+} // namespace txmap

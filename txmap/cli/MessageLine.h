@@ -2,10 +2,10 @@
 
 #include <string>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Prints a message to standard error, as one line that says where it comes from.
 void PrintMessage(const std::string& message);
 
-} // namespace TZObjects
+} // namespace txmap

@@ -6,7 +6,7 @@
 
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Says what is wrong with the value of an option. @throw Failure with `ExitCode::Usage`.
@@ -35,4 +35,4 @@ std::vector<Number> NumbersIn(const std::string& text, char separator)
     }
 }
 
-} // namespace TZObjects
+} // namespace txmap

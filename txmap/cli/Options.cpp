@@ -13,7 +13,7 @@
 #include <txmap/cli/ParseView.h>
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -245,4 +245,4 @@ Options ParseOptions(int argc, const char* const* argv)
     return Interpret(raw);
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -4,7 +4,7 @@
 
 #include <txmap/atlas/AtlasOptions.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// What the program is to do, and with what.
@@ -25,4 +25,4 @@ struct Options : AtlasOptions
 /// Reads the command line. @throw Failure with `ExitCode::Usage` when it makes no sense.
 Options ParseOptions(int argc, const char* const* argv);
 
-} // namespace TZObjects
+} // namespace txmap

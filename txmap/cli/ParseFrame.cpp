@@ -5,8 +5,11 @@
 
 #include <txmap/cli/OptionValues.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXPoint;
+
 namespace
 {
 
@@ -71,4 +74,4 @@ FrameRequest ParseFrame(const std::string& text)
     return request;
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -4,11 +4,11 @@
 
 #include <txmap/atlas/MapFrame.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Reads the value of --frame: "rounded", "rounded:RADIUS", corners such as "10,10 90,10 50,80", or else a file.
 /// @throw Failure with `ExitCode::Usage`.
 FrameRequest ParseFrame(const std::string& text);
 
-} // namespace TZObjects
+} // namespace txmap

@@ -8,8 +8,11 @@
 
 #include <txmap/cli/OptionValues.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXColor;
+
 namespace
 {
 
@@ -100,4 +103,4 @@ LabelHalo ParseLabelHalo(const std::string& text)
     return {width[0], *color};
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -5,7 +5,7 @@
 #include <txmap/labels/TextPath.h>
 #include <txmap/style/Style.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Reads the value of --text. @throw Failure with `ExitCode::Usage`.
@@ -18,4 +18,4 @@ int ParseLabelSize(const std::string& text);
 /// names that HTML began with. @throw Failure with `ExitCode::Usage`.
 LabelHalo ParseLabelHalo(const std::string& text);
 
-} // namespace TZObjects
+} // namespace txmap

@@ -7,7 +7,7 @@
 
 #include <txmap/cli/OptionValues.h>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -44,4 +44,4 @@ ArrowRequest ParseNorthArrow(const std::string& text)
     return {corner->left, corner->bottom, angle[0]};
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -4,10 +4,10 @@
 
 #include <txmap/drawing/NorthArrow.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Reads the value of --north-arrow, such as "top-right" or "bottom-left:12.5". @throw Failure with `ExitCode::Usage`.
 ArrowRequest ParseNorthArrow(const std::string& text);
 
-} // namespace TZObjects
+} // namespace txmap

@@ -4,7 +4,7 @@
 
 #include <txmap/cli/OptionValues.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 double ParseRasterOpacity(const std::string& text)
@@ -16,4 +16,4 @@ double ParseRasterOpacity(const std::string& text)
     return numbers[0];
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -2,10 +2,10 @@
 
 #include <string>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Reads the value of --raster-opacity. @throw Failure with `ExitCode::Usage`.
 double ParseRasterOpacity(const std::string& text);
 
-} // namespace TZObjects
+} // namespace txmap

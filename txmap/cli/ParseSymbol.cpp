@@ -7,8 +7,11 @@
 #include <txmap/cli/OptionValues.h>
 #include <txmap/labels/LabelText.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXString;
+
 namespace
 {
 
@@ -116,4 +119,4 @@ double ParseSymbolSize(const std::string& text)
     return *size;
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -4,7 +4,7 @@
 
 #include <txmap/drawing/PlaceSymbol.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Reads the value of --symbol: the name of a shape, or "font:FACE:CHARACTER" with a size behind it if need be.
@@ -14,4 +14,4 @@ PlaceSymbol ParseSymbol(const std::string& text);
 /// Reads the value of --symbol-size. @throw Failure with `ExitCode::Usage`.
 double ParseSymbolSize(const std::string& text);
 
-} // namespace TZObjects
+} // namespace txmap

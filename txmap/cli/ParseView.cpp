@@ -5,7 +5,7 @@
 
 #include <txmap/cli/OptionValues.h>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -55,4 +55,4 @@ double ParseGraticule(const std::string& text)
     return step[0];
 }
 
-} // namespace TZObjects
+} // namespace txmap

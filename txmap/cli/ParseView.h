@@ -5,7 +5,7 @@
 #include <txmap/map/Projection.h>
 #include <txmap/map/View.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Reads the value of --size. @throw Failure with `ExitCode::Usage`.
@@ -18,4 +18,4 @@ GeoBox ParseBox(const std::string& text, const Projection& projection);
 /// Reads the value of --graticule. @throw Failure with `ExitCode::Usage`.
 double ParseGraticule(const std::string& text);
 
-} // namespace TZObjects
+} // namespace txmap

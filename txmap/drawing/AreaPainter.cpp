@@ -10,8 +10,11 @@
 #include <txmap/map/MapLayer.h>
 #include <txmap/style/Style.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXBrush;
+using TZObjects::TXRefPtr;
 
 void AreaPainter::Draw(const MapLayer& layer)
 {
@@ -44,4 +47,4 @@ void AreaPainter::DrawOutlines(const MapLayer& layer)
     draw(IsLand(layer) ? style.outline : style.lakeShore);
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace TZObjects
+namespace txmap
 {
 
 class Canvas;
@@ -24,4 +24,4 @@ private:
     const Style& style;
 };
 
-} // namespace TZObjects
+} // namespace txmap

@@ -7,8 +7,13 @@
 #include <txmap/drawing/DrawingTools.h>
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXGraphicsEngine;
+using TZObjects::TXPen;
+using TZObjects::TXRefPtr;
+
 namespace
 {
 
@@ -37,4 +42,4 @@ void Canvas::Use(const Stroke& stroke) { surface->SelectPen(Pen(stroke)); }
 
 bool Canvas::Save(const std::string& path) { return surface->Save(path.c_str()); }
 
-} // namespace TZObjects
+} // namespace txmap

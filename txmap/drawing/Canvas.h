@@ -10,8 +10,11 @@
 
 namespace TZObjects
 {
-
 class TXGraphicsEngine;
+} // namespace TZObjects
+
+namespace txmap
+{
 
 /// What a map is drawn on: a surface of the picture's size, and the engine that pens and brushes come from.
 class Canvas
@@ -20,23 +23,23 @@ public:
     /// @param engine where the surface comes from; it must outlive the canvas.
     /// @param view what the picture shows.
     /// @throw Failure with `ExitCode::Drawing` when there is no such surface.
-    Canvas(TXGraphicsEngine& engine, const View& view);
+    Canvas(TZObjects::TXGraphicsEngine& engine, const View& view);
 
-    TXGraphicsEngine& Engine() const { return engine; }
-    TXGraphics& Surface() const { return *surface; }
+    TZObjects::TXGraphicsEngine& Engine() const { return engine; }
+    TZObjects::TXGraphics& Surface() const { return *surface; }
     /// What the style calls a pixel, in pixels of this picture.
     double Unit() const { return unit; }
     /// A pen for a line of the style. @throw Failure with `ExitCode::Drawing`.
-    TXRefPtr<TXPen> Pen(const Stroke& stroke) const;
+    TZObjects::TXRefPtr<TZObjects::TXPen> Pen(const Stroke& stroke) const;
     /// Selects such a pen. @throw Failure with `ExitCode::Drawing`.
     void Use(const Stroke& stroke);
     /// Writes the picture to a file; the suffix names the format. @return false when it cannot be written.
     bool Save(const std::string& path);
 
 private:
-    TXGraphicsEngine& engine;
+    TZObjects::TXGraphicsEngine& engine;
     double unit;
-    TXRefPtr<TXGraphics> surface;
+    TZObjects::TXRefPtr<TZObjects::TXGraphics> surface;
 };
 
-} // namespace TZObjects
+} // namespace txmap

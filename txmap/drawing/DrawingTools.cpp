@@ -3,8 +3,14 @@
 #include <txgraphics/TXGraphicsEngine.h>
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXBrush;
+using TZObjects::TXColor;
+using TZObjects::TXGraphicsEngine;
+using TZObjects::TXPen;
+using TZObjects::TXRefPtr;
 
 void RequireDrawn(bool drawn)
 {
@@ -26,4 +32,4 @@ TXRefPtr<TXBrush> SolidBrush(const TXGraphicsEngine& engine, const TXColor& colo
     return brush;
 }
 
-} // namespace TZObjects
+} // namespace txmap

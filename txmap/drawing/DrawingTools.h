@@ -7,16 +7,21 @@
 
 namespace TZObjects
 {
-
 class TXGraphicsEngine;
+} // namespace TZObjects
+
+namespace txmap
+{
 
 /// @throw Failure with `ExitCode::Drawing` when the backend refused.
 void RequireDrawn(bool drawn);
 
 /// A pen for solid lines with round ends and corners. @throw Failure with `ExitCode::Drawing`.
-TXRefPtr<TXPen> SolidPen(const TXGraphicsEngine& engine, const TXColor& color, double width);
+TZObjects::TXRefPtr<TZObjects::TXPen> SolidPen(const TZObjects::TXGraphicsEngine& engine,
+                                               const TZObjects::TXColor& color, double width);
 
 /// A brush of one colour. @throw Failure with `ExitCode::Drawing`.
-TXRefPtr<TXBrush> SolidBrush(const TXGraphicsEngine& engine, const TXColor& color);
+TZObjects::TXRefPtr<TZObjects::TXBrush> SolidBrush(const TZObjects::TXGraphicsEngine& engine,
+                                                   const TZObjects::TXColor& color);
 
-} // namespace TZObjects
+} // namespace txmap

@@ -9,8 +9,11 @@
 #include <txmap/map/View.h>
 #include <txmap/style/Style.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXRect;
+
 namespace
 {
 
@@ -47,4 +50,4 @@ void FramePainter::DrawMargins(const View& view)
             RequireDrawn(canvas.Surface().fillRect(margin, style.paper));
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -7,8 +7,12 @@
 #include <txmap/map/Graticule.h>
 #include <txmap/style/Style.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXPen;
+using TZObjects::TXPoint;
+using TZObjects::TXRefPtr;
 
 void GraticulePainter::Draw(const std::vector<GraticuleLine>& graticule)
 {
@@ -23,4 +27,4 @@ void GraticulePainter::Draw(const std::vector<GraticuleLine>& graticule)
     }
 }
 
-} // namespace TZObjects
+} // namespace txmap

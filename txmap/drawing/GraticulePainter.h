@@ -2,7 +2,7 @@
 
 #include <vector>
 
-namespace TZObjects
+namespace txmap
 {
 
 class Canvas;
@@ -24,4 +24,4 @@ private:
     const Style& style;
 };
 
-} // namespace TZObjects
+} // namespace txmap

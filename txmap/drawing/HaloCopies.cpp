@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXPoint;
+
 namespace
 {
 
@@ -34,4 +37,4 @@ std::vector<TXPoint> HaloCopies(double width)
     return copies;
 }
 
-} // namespace TZObjects
+} // namespace txmap

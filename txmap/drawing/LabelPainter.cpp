@@ -10,8 +10,16 @@
 #include <txmap/labels/LetterRuns.h>
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXColor;
+using TZObjects::TXFont;
+using TZObjects::TXGraphics;
+using TZObjects::TXPen;
+using TZObjects::TXPoint;
+using TZObjects::TXRefPtr;
+using TZObjects::TXString;
 
 LabelPainter::LabelPainter(Canvas& canvas, LabelFonts& fonts) : canvas(canvas), fonts(fonts)
 {
@@ -96,4 +104,4 @@ void LabelPainter::DrawLetters(const TXString& text, const LabelLook& look, cons
                                              TXGraphics::TextAlignHCenter, text, 0.0, 0.0, 1.0));
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -6,7 +6,7 @@
 #include <txmap/labels/LabelFonts.h>
 #include <txmap/labels/PlacedLabel.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 class Canvas;
@@ -29,11 +29,12 @@ private:
     void DrawPlain(const PlacedLabel& label);
     void DrawRich(const PlacedLabel& label);
     void DrawRuns(const PlacedLabel& label);
-    void DrawLetters(const TXString& text, const LabelLook& look, const TXPoint& topLeft, const TXColor& color);
-    TXPoint TopLeft(const PlacedLabel& label);
+    void DrawLetters(const TZObjects::TXString& text, const LabelLook& look, const TZObjects::TXPoint& topLeft,
+                     const TZObjects::TXColor& color);
+    TZObjects::TXPoint TopLeft(const PlacedLabel& label);
 
     Canvas& canvas;
     LabelFonts& fonts;
 };
 
-} // namespace TZObjects
+} // namespace txmap

@@ -6,7 +6,7 @@
 #include <txmap/map/MapLayer.h>
 #include <txmap/style/Style.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 void LinePainter::Draw(const MapLayer& layer)
@@ -18,4 +18,4 @@ void LinePainter::Draw(const MapLayer& layer)
         RequireDrawn(canvas.Surface().Polyline(layer.linePoints.data() + line.firstPoint, line.count));
 }
 
-} // namespace TZObjects
+} // namespace txmap

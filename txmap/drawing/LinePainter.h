@@ -1,6 +1,6 @@
 #pragma once
 
-namespace TZObjects
+namespace txmap
 {
 
 class Canvas;
@@ -22,4 +22,4 @@ private:
     const Style& style;
 };
 
-} // namespace TZObjects
+} // namespace txmap

@@ -11,8 +11,16 @@
 #include <txmap/drawing/DrawingTools.h>
 #include <txmap/map/PixelGeometry.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXColor;
+using TZObjects::TXGraphics;
+using TZObjects::TXGraphicsEngine;
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
+using TZObjects::TXRefPtr;
+
 namespace
 {
 
@@ -129,4 +137,4 @@ void NorthArrow::Draw(Canvas& canvas, const ArrowStyle& style) const
         canvas.Surface().DrawImage4BitmapRotate(box, drawing->GetImage().get(), {0.0, size, 0.0, size}, angle, 1.0));
 }
 
-} // namespace TZObjects
+} // namespace txmap

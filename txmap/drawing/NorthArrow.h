@@ -7,7 +7,7 @@
 #include <txmap/map/View.h>
 #include <txmap/style/Style.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 class Canvas;
@@ -31,14 +31,14 @@ public:
     NorthArrow(const ArrowRequest& request, const View& view, const FrameShape* frame, double unit);
 
     /// The room that it takes: a square of whole pixels, in which it has room at every angle.
-    const TXRect& Box() const { return box; }
+    const TZObjects::TXRect& Box() const { return box; }
     /// Draws it. In a picture that has no room for an arrow that could be recognised, nothing is drawn.
     /// @throw Failure with `ExitCode::Drawing` when the surface refuses.
     void Draw(Canvas& canvas, const ArrowStyle& style) const;
 
 private:
     double angle;
-    TXRect box;
+    TZObjects::TXRect box;
 };
 
-} // namespace TZObjects
+} // namespace txmap

@@ -12,8 +12,13 @@
 #include <txmap/labels/FaceChoice.h>
 #include <txmap/labels/FontCatalog.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXFont;
+using TZObjects::TXPen;
+using TZObjects::TXPoint;
+using TZObjects::TXRefPtr;
 
 PlacePainter::PlacePainter(const PlaceSymbol& symbol, const Style& style, double unit, TextPath path)
     : symbol(symbol), corners(CornersOf(symbol.shape)),
@@ -94,4 +99,4 @@ void PlacePainter::DrawCharacters(Canvas& canvas, const std::vector<TXPoint>& pl
     }
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -8,7 +8,7 @@
 #include <txmap/labels/TextPath.h>
 #include <txmap/style/Style.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 class Canvas;
@@ -26,24 +26,24 @@ public:
     /// How far a symbol reaches from its place, its pale ring included.
     double Reach() const;
     /// Draws a symbol at each place. @throw Failure with `ExitCode::Drawing` when the surface refuses.
-    void Draw(Canvas& canvas, const std::vector<TXPoint>& places) const;
+    void Draw(Canvas& canvas, const std::vector<TZObjects::TXPoint>& places) const;
     /// That the symbol's character cannot be drawn as it should; empty when all is well.
     std::string CharacterProblem() const;
     /// That the symbol font is not installed, and which one is used instead; empty when all is well.
     const std::string& FontProblem() const { return fontProblem; }
 
 private:
-    void DrawShapes(Canvas& canvas, const std::vector<TXPoint>& places) const;
-    void DrawCharacters(Canvas& canvas, const std::vector<TXPoint>& places) const;
+    void DrawShapes(Canvas& canvas, const std::vector<TZObjects::TXPoint>& places) const;
+    void DrawCharacters(Canvas& canvas, const std::vector<TZObjects::TXPoint>& places) const;
 
     PlaceSymbol symbol;
-    std::vector<TXPoint> corners; ///< Empty for a character.
+    std::vector<TZObjects::TXPoint> corners; ///< Empty for a character.
     double size;
-    TXColor fill;
+    TZObjects::TXColor fill;
     Stroke ring; ///< Its width in pixels of the picture.
     TextPath path;
     std::string face;
     std::string fontProblem;
 };
 
-} // namespace TZObjects
+} // namespace txmap

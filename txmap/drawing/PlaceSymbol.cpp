@@ -2,8 +2,11 @@
 
 #include <cmath>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXPoint;
+
 namespace
 {
 
@@ -78,4 +81,4 @@ double UsualSize(PlaceSymbol::Shape shape)
     return kUsualCharacterSize;
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -6,7 +6,7 @@
 
 #include <txbase/TXPoint.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// What stands for a place on the map.
@@ -31,9 +31,9 @@ struct PlaceSymbol
 };
 
 /// The corners of a shape with its centre of gravity at the origin; its longer side is 1. None for a character.
-std::vector<TXPoint> CornersOf(PlaceSymbol::Shape shape);
+std::vector<TZObjects::TXPoint> CornersOf(PlaceSymbol::Shape shape);
 
 /// How large a shape is beside a circle that looks just as important.
 double UsualSize(PlaceSymbol::Shape shape);
 
-} // namespace TZObjects
+} // namespace txmap

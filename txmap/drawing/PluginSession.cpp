@@ -8,8 +8,15 @@
 #include <txgraphics/TXImage.h>
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXGraphicsEngine;
+using TZObjects::TXGraphicsEngineManager;
+using TZObjects::TXImage;
+using TZObjects::TXRefPtr;
+using TZObjects::TXString;
+
 namespace
 {
 
@@ -61,4 +68,4 @@ void ListPlugins(std::ostream& out)
     throw Failure(ExitCode::Plugin, "no plugin can be loaded from " + folders);
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -7,7 +7,7 @@
 #include <txgraphics/TXGraphicsEngine.h>
 #include <txmap/labels/TextPath.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// A drawing plugin, loaded as long as this object lives. Whatever its engine made must be gone before.
@@ -21,14 +21,14 @@ public:
     PluginSession(const PluginSession&) = delete;
     PluginSession& operator=(const PluginSession&) = delete;
 
-    TXGraphicsEngine& Engine() const { return *engine; }
+    TZObjects::TXGraphicsEngine& Engine() const { return *engine; }
 
 private:
-    TXRefPtr<TXGraphicsEngine> engine;
+    TZObjects::TXRefPtr<TZObjects::TXGraphicsEngine> engine;
 };
 
 /// Writes a line for each plugin on the search path that can be loaded: its path, the engine's name and its version,
 /// with tabs between them. @throw Failure with `ExitCode::Plugin` when there is none.
 void ListPlugins(std::ostream& out);
 
-} // namespace TZObjects
+} // namespace txmap

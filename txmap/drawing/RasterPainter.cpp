@@ -7,8 +7,11 @@
 #include <txmap/drawing/DrawingTools.h>
 #include <txmap/sources/Raster.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXImage;
+using TZObjects::TXRefPtr;
 
 void RasterPainter::Draw(Raster& raster, double opacity)
 {
@@ -18,4 +21,4 @@ void RasterPainter::Draw(Raster& raster, double opacity)
     RequireDrawn(canvas.Surface().DrawImage(image.get(), opacity));
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace TZObjects
+namespace txmap
 {
 
 class Canvas;
@@ -21,4 +21,4 @@ private:
     Canvas& canvas;
 };
 
-} // namespace TZObjects
+} // namespace txmap

@@ -8,8 +8,13 @@
 #include <txmap/map/View.h>
 #include <txmap/style/Style.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXLinearGradient;
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
+using TZObjects::TXRefPtr;
 
 void SeaPainter::Draw(const View& view)
 {
@@ -28,4 +33,4 @@ void SeaPainter::Draw(const View& view)
     RequireDrawn(canvas.Surface().FillRect(frame, gradient.get()));
 }
 
-} // namespace TZObjects
+} // namespace txmap

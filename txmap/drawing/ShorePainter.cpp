@@ -9,8 +9,12 @@
 #include <txmap/map/MapLayer.h>
 #include <txmap/style/Style.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXGraphics;
+using TZObjects::TXPoint;
+
 namespace
 {
 
@@ -58,4 +62,4 @@ void ShorePainter::DrawBand(const MapLayer& layer, double width)
     }
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -4,7 +4,7 @@
 
 #include <txbase/TXPoint.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 class Canvas;
@@ -26,7 +26,7 @@ private:
 
     Canvas& canvas;
     const Style& style;
-    std::vector<TXPoint> piece; ///< Scratch space, kept so that it need not be allocated again.
+    std::vector<TZObjects::TXPoint> piece; ///< Scratch space, kept so that it need not be allocated again.
 };
 
-} // namespace TZObjects
+} // namespace txmap

@@ -3,8 +3,12 @@
 #include <algorithm>
 #include <iterator>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
+
 namespace
 {
 
@@ -56,4 +60,4 @@ BoxCover AreaNeighbours::CoverOf(const TXRect& box, std::size_t area) const
     return cover;
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -12,7 +12,7 @@
 #include <txmap/labels/VisibleShape.h>
 #include <txmap/map/MapLayer.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// On what a box lies, in parts of its size; what is left is neither.
@@ -26,11 +26,11 @@ struct BoxCover
 class AreaNeighbours
 {
 public:
-    AreaNeighbours(const MapLayer& layer, const TXRect& frame);
+    AreaNeighbours(const MapLayer& layer, const TZObjects::TXRect& frame);
 
     const VisibleShape& Shape(std::size_t area) const { return shapes[area]; }
     /// On what a box lies.
-    BoxCover CoverOf(const TXRect& box, std::size_t area) const;
+    BoxCover CoverOf(const TZObjects::TXRect& box, std::size_t area) const;
 
 private:
     using Corner = boost::geometry::model::d2::point_xy<double>;
@@ -44,4 +44,4 @@ private:
     boost::geometry::index::rtree<Entry, boost::geometry::index::quadratic<16>> index;
 };
 
-} // namespace TZObjects
+} // namespace txmap

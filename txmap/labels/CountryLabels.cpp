@@ -10,8 +10,12 @@
 
 #include <txmap/labels/InnerPoints.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXRect;
+using TZObjects::TXString;
+
 namespace
 {
 
@@ -195,4 +199,4 @@ bool CountryLabels::WriteBeside(const Country& country, LabelSpace& space) const
     return false;
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -6,7 +6,7 @@
 #include <txmap/labels/AreaNeighbours.h>
 #include <txmap/labels/LabelSpace.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Writes the names of the areas of one layer.
@@ -20,7 +20,7 @@ public:
     /// not fit into its country may reach out of it, so long as nobody would take it for a neighbour's.
     void Write(LabelSpace& space);
     /// Writes the names of tiny islands beside them, but for those that are written already.
-    void WriteTiny(LabelSpace& space, std::set<TXString> written) const;
+    void WriteTiny(LabelSpace& space, std::set<TZObjects::TXString> written) const;
 
 private:
     struct Country
@@ -45,4 +45,4 @@ private:
     std::vector<Country> waiting; ///< The most important first.
 };
 
-} // namespace TZObjects
+} // namespace txmap

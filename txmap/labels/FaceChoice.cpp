@@ -12,8 +12,11 @@
 #include <txmap/labels/FontCatalog.h>
 #include <txmap/labels/LabelText.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXFont;
+
 namespace
 {
 
@@ -63,4 +66,4 @@ std::string MissingCharacters(const std::vector<std::wstring>& texts, const std:
     return message + end;
 }
 
-} // namespace TZObjects
+} // namespace txmap

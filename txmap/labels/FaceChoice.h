@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// The face to draw with in place of the one that was asked for.
@@ -29,4 +29,4 @@ std::string MissingCharacters(const std::vector<std::wstring>& texts, const std:
                               const std::string& begin = "no installed font has",
                               const std::string& end = ", which labels contain");
 
-} // namespace TZObjects
+} // namespace txmap

@@ -8,7 +8,7 @@
 #include <memory>
 #include <string_view>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -107,4 +107,4 @@ std::function<bool(char32_t)> FontCatalog::CharactersOf(const std::string& face)
     { return match && HasCharacterIn(match.get(), character); };
 }
 
-} // namespace TZObjects
+} // namespace txmap

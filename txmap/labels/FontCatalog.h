@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// The fonts that are installed, as font configuration knows them. It is what drawing backends ask as well.
@@ -22,4 +22,4 @@ public:
     static std::function<bool(char32_t)> CharactersOf(const std::string& face);
 };
 
-} // namespace TZObjects
+} // namespace txmap

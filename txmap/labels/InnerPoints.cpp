@@ -4,8 +4,12 @@
 #include <cmath>
 #include <queue>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
+
 namespace
 {
 
@@ -118,4 +122,4 @@ std::vector<InnerPoint> InnerPoints(const VisibleShape& shape, double proportion
     return points;
 }
 
-} // namespace TZObjects
+} // namespace txmap

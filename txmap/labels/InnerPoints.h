@@ -5,13 +5,13 @@
 #include <txbase/TXPoint.h>
 #include <txmap/labels/VisibleShape.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// A place for the centre of a label.
 struct InnerPoint
 {
-    TXPoint position;
+    TZObjects::TXPoint position;
     double room = 0.0;  ///< Half the height of the largest label whose middle stays that far from every edge.
     double merit = 0.0; ///< The room, and less of it the farther the point is from the shape's centre.
 };
@@ -24,4 +24,4 @@ struct InnerPoint
 /// @param proportion the label's width by its height.
 std::vector<InnerPoint> InnerPoints(const VisibleShape& shape, double proportion);
 
-} // namespace TZObjects
+} // namespace txmap

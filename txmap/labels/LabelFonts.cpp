@@ -7,8 +7,14 @@
 #include <txmap/labels/LetterRuns.h>
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXFont;
+using TZObjects::TXGraphicsEngine;
+using TZObjects::TXRefPtr;
+using TZObjects::TXString;
+
 namespace
 {
 
@@ -86,4 +92,4 @@ double LabelFonts::BlankAbove(const LabelText& text, const LabelLook& look)
     return std::max(0.0, ascent - kTallestLetter * look.size);
 }
 
-} // namespace TZObjects
+} // namespace txmap

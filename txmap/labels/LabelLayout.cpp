@@ -5,8 +5,12 @@
 #include <txmap/labels/CountryLabels.h>
 #include <txmap/labels/LabelSpace.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXRect;
+using TZObjects::TXString;
+
 namespace
 {
 
@@ -56,4 +60,4 @@ LabelLayout LayOutLabels(const std::vector<MapLayer>& layers, const LabelScene& 
     return {space.TakeLabels(), space.TakeLeftOut()};
 }
 
-} // namespace TZObjects
+} // namespace txmap

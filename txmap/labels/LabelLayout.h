@@ -6,7 +6,7 @@
 #include <txmap/labels/PlacedLabel.h>
 #include <txmap/map/MapLayer.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// What is written on a map, and what must not be drawn for it.
@@ -22,4 +22,4 @@ struct LabelLayout
 /// several areas of a layer share appears once.
 LabelLayout LayOutLabels(const std::vector<MapLayer>& layers, const LabelScene& scene, const LabelMeasure& measure);
 
-} // namespace TZObjects
+} // namespace txmap

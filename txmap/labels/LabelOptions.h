@@ -7,7 +7,7 @@
 #include <txmap/sources/FeatureNames.h>
 #include <txmap/style/Style.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Which names are written, and how.
@@ -19,4 +19,4 @@ struct LabelOptions : NameRequest
     TextPath path = TextPath::Qt;
 };
 
-} // namespace TZObjects
+} // namespace txmap

@@ -2,8 +2,10 @@
 
 #include <boost/geometry.hpp>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXRect;
 
 void LabelPlacer::Block(const TXRect& box) { taken.insert(ToBox(box)); }
 
@@ -25,4 +27,4 @@ bool LabelPlacer::Place(const TXRect& box)
     return true;
 }
 
-} // namespace TZObjects
+} // namespace txmap

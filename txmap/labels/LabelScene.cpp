@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace TZObjects
+namespace txmap
 {
 
 int WholePixels(double size) { return std::max(1, static_cast<int>(std::lround(size))); }
@@ -22,4 +22,4 @@ LabelStyle ScaledLabelStyle(const LabelStyle& style, const LabelOptions& options
     return scaled;
 }
 
-} // namespace TZObjects
+} // namespace txmap

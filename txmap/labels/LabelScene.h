@@ -7,7 +7,7 @@
 #include <txmap/labels/TextPath.h>
 #include <txmap/style/Style.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 class FrameShape;
@@ -15,12 +15,12 @@ class FrameShape;
 /// What a layout depends on besides the features themselves.
 struct LabelScene
 {
-    TXRect frame;            ///< What is visible; no label reaches beyond it.
+    TZObjects::TXRect frame; ///< What is visible; no label reaches beyond it.
     LabelStyle style;        ///< In pixels of this picture.
     double markerRadius = 0; ///< Of the places' markers, outlines included.
     TextPath path = TextPath::Qt;
-    const FrameShape* outline = nullptr; ///< What lies in the frame and is visible; null for all of it.
-    std::vector<TXRect> taken;           ///< Where neither a label nor a named place may lie.
+    const FrameShape* outline = nullptr;  ///< What lies in the frame and is visible; null for all of it.
+    std::vector<TZObjects::TXRect> taken; ///< Where neither a label nor a named place may lie.
 };
 
 /// A size of text as fonts take it.
@@ -29,4 +29,4 @@ int WholePixels(double size);
 /// The style in pixels of a picture, with what the command line asks for.
 LabelStyle ScaledLabelStyle(const LabelStyle& style, const LabelOptions& options, double unit);
 
-} // namespace TZObjects
+} // namespace txmap

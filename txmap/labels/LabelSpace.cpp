@@ -5,8 +5,12 @@
 
 #include <txmap/map/FrameShape.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
+
 namespace
 {
 
@@ -164,4 +168,4 @@ void LabelSpace::LeaveOut(Place& place)
     leftOut.push_back(place.index);
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -8,7 +8,7 @@
 #include <txmap/labels/PlacedLabel.h>
 #include <txmap/map/MapLayer.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// A place with a name.
@@ -17,7 +17,7 @@ struct Place
     LayerPlace index;
     const FeatureName* name = nullptr;
     LabelText text;
-    TXRect marker;
+    TZObjects::TXRect marker;
     bool waiting = true; ///< False once it is named or left out.
 };
 
@@ -36,13 +36,13 @@ public:
     LabelSpace(const std::vector<MapLayer>& layers, const LabelScene& scene);
 
     /// True when a label has room, its halo included.
-    bool IsFree(const TXRect& box, Markers markers) const;
+    bool IsFree(const TZObjects::TXRect& box, Markers markers) const;
     /// Writes a label if it has room. @return whether it has.
-    bool Write(const LabelText& text, const LabelLook& look, const TXRect& box, Markers markers);
+    bool Write(const LabelText& text, const LabelLook& look, const TZObjects::TXRect& box, Markers markers);
     /// Writes a place's name if it has room. @return whether it has.
-    bool Write(Place& place, const LabelLook& look, const TXRect& box, Markers markers);
+    bool Write(Place& place, const LabelLook& look, const TZObjects::TXRect& box, Markers markers);
     /// How great a loss the waiting places are that a label would drive off the map; 0 for none.
-    double LossAt(const TXRect& box) const;
+    double LossAt(const TZObjects::TXRect& box) const;
     /// Takes a place off the map.
     void LeaveOut(Place& place);
 
@@ -56,9 +56,9 @@ public:
     std::vector<LayerPlace> TakeLeftOut() { return std::move(leftOut); }
 
 private:
-    bool IsCovered(const Place& place, const TXRect& box) const;
+    bool IsCovered(const Place& place, const TZObjects::TXRect& box) const;
     void AddPlaces(const MapLayer& layer, std::size_t number);
-    bool IsVisible(const TXRect& marker) const;
+    bool IsVisible(const TZObjects::TXRect& marker) const;
 
     const LabelScene& scene;
     double padding;      ///< Around every label and marker, so that no halo reaches its neighbour.
@@ -70,10 +70,10 @@ private:
 };
 
 /// A box of a size about a point.
-TXRect CentredBox(const TXPoint& centre, const LabelExtent& extent);
+TZObjects::TXRect CentredBox(const TZObjects::TXPoint& centre, const LabelExtent& extent);
 
 /// The boxes beside a box, in the order in which a map maker tries them: right, left, above, below, then at its
 /// corners.
-std::vector<TXRect> BoxesBeside(const TXRect& inner, const LabelExtent& extent, double distance);
+std::vector<TZObjects::TXRect> BoxesBeside(const TZObjects::TXRect& inner, const LabelExtent& extent, double distance);
 
-} // namespace TZObjects
+} // namespace txmap

@@ -6,8 +6,11 @@
 #include <string_view>
 #include <vector>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXString;
+
 namespace
 {
 
@@ -209,4 +212,4 @@ std::wstring VisibleText(const LabelText& label)
     return visible;
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -6,7 +6,7 @@
 #include <txbase/TXString.h>
 #include <txmap/labels/TextPath.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// A label in the form in which it is measured and drawn.
@@ -16,7 +16,7 @@ namespace TZObjects
 /// and everything but the label tags <BOL>, <ITA>, <UND>, <ACP>, <SCP> and their closing tags escaped.
 struct LabelText
 {
-    TXString text;
+    TZObjects::TXString text;
     bool rich = false;
 };
 
@@ -45,4 +45,4 @@ bool IsShapeless(char32_t c);
 /// What a reader sees of a label, without its tags and escapes.
 std::wstring VisibleText(const LabelText& label);
 
-} // namespace TZObjects
+} // namespace txmap

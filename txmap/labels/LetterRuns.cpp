@@ -4,7 +4,7 @@
 
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -103,4 +103,4 @@ double LetterRuns::InkWidth(const std::wstring& text) const
     return width;
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -6,7 +6,7 @@
 #include <txgraphics/TXFont.h>
 #include <txmap/labels/PlacedLabel.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Letters that are drawn in one go.
@@ -23,7 +23,7 @@ class LetterRuns
 public:
     /// @param font what is measured with; it must outlive this object.
     /// @param spacing between letters, in pixels.
-    LetterRuns(const TXFont& font, double spacing) : font(font), spacing(spacing) {}
+    LetterRuns(const TZObjects::TXFont& font, double spacing) : font(font), spacing(spacing) {}
 
     /// The room of a text of one or several lines, that of accents and descenders included.
     LabelExtent Measure(const std::wstring& text) const;
@@ -38,8 +38,8 @@ private:
     double Advance(const std::wstring& line) const;
     double InkWidth(const std::wstring& text) const;
 
-    const TXFont& font;
+    const TZObjects::TXFont& font;
     double spacing;
 };
 
-} // namespace TZObjects
+} // namespace txmap

@@ -10,8 +10,12 @@
 #include <txmap/map/PixelGeometry.h>
 #include <txmap/map/View.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXGraphicsEngine;
+using TZObjects::TXPoint;
+
 namespace
 {
 
@@ -86,4 +90,4 @@ std::string MapLabels::CharacterProblem() const
     return MissingCharacters(texts, &FontCatalog::HasCharacter);
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -13,17 +13,21 @@
 
 namespace TZObjects
 {
+class TXGraphicsEngine;
+} // namespace TZObjects
+
+namespace txmap
+{
 
 class FrameShape;
-class TXGraphicsEngine;
 class View;
 
 /// What else there is on a map that has names.
 struct LabelSurroundings
 {
-    double markerReach = 0.0;            ///< How far the symbols of places reach from these, in pixels.
-    const FrameShape* outline = nullptr; ///< What the map is cut to; null for nothing.
-    std::vector<TXRect> taken;           ///< Where no name may lie.
+    double markerReach = 0.0;             ///< How far the symbols of places reach from these, in pixels.
+    const FrameShape* outline = nullptr;  ///< What the map is cut to; null for nothing.
+    std::vector<TZObjects::TXRect> taken; ///< Where no name may lie.
 };
 
 /// The names on a map: which of them are written, where, and in which face.
@@ -35,7 +39,7 @@ public:
     /// @param style how names look in a picture of the usual size.
     /// @param unit what the style calls a pixel, in pixels of this picture.
     /// @param options what the user wants.
-    MapLabels(TXGraphicsEngine& engine, const View& view, const LabelStyle& style, double unit,
+    MapLabels(TZObjects::TXGraphicsEngine& engine, const View& view, const LabelStyle& style, double unit,
               const LabelOptions& options);
 
     /// Finds room for the names of countries and places, and takes those places out of the layers that have no room for
@@ -57,4 +61,4 @@ private:
     std::vector<PlacedLabel> labels;
 };
 
-} // namespace TZObjects
+} // namespace txmap

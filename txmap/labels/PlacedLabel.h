@@ -7,7 +7,7 @@
 #include <txmap/labels/LabelText.h>
 #include <txmap/style/Style.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// How a label is written.
@@ -15,7 +15,7 @@ struct LabelLook
 {
     int size = 0;         ///< The height of the text in pixels.
     double spacing = 0.0; ///< Between letters, in pixels.
-    TXColor color;
+    TZObjects::TXColor color;
     LabelHalo halo;
 };
 
@@ -31,10 +31,10 @@ struct PlacedLabel
 {
     LabelText text;
     LabelLook look;
-    TXRect box;
+    TZObjects::TXRect box;
 };
 
 /// Measures a label as it will be drawn.
 using LabelMeasure = std::function<LabelExtent(const LabelText&, const LabelLook&)>;
 
-} // namespace TZObjects
+} // namespace txmap

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace TZObjects
+namespace txmap
 {
 
 /// What draws the labels.
@@ -10,4 +10,4 @@ enum class TextPath
     Cairo ///< Draws letter by letter, in one face.
 };
 
-} // namespace TZObjects
+} // namespace txmap

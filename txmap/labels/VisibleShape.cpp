@@ -7,8 +7,12 @@
 
 #include <txmap/map/PixelGeometry.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
+
 namespace
 {
 
@@ -152,4 +156,4 @@ double VisibleShape::DistanceToEdge(const TXPoint& point, double xFactor) const
     return inside ? std::sqrt(nearest) : -std::sqrt(nearest);
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -207,4 +207,4 @@ std::vector<PolygonPtr> JoinAcrossDateLine(const std::vector<PolygonPtr>& polygo
     return joined;
 }
 
-} // namespace TZObjects
+} // namespace txmap

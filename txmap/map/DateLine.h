@@ -9,7 +9,7 @@ class OGRGeometry;
 class OGRLineString;
 class OGRPolygon;
 
-namespace TZObjects
+namespace txmap
 {
 
 using PolygonPtr = std::unique_ptr<OGRPolygon>;
@@ -36,4 +36,4 @@ bool EndsAtDateLine(const OGRPolygon& polygon);
 /// @return the joined polygons, three worlds wide; nothing when the geometry library cannot join them.
 std::vector<PolygonPtr> JoinAcrossDateLine(const std::vector<PolygonPtr>& polygons);
 
-} // namespace TZObjects
+} // namespace txmap

@@ -8,8 +8,12 @@
 #include <txmap/map/MapLayer.h>
 #include <txmap/map/PixelGeometry.h>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
+
 namespace
 {
 
@@ -135,4 +139,4 @@ FrameShape::Side FrameShape::SideOf(const TXRect& box) const
     return touched ? Side::Both : inside ? Side::Inside : Side::Outside;
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -5,7 +5,7 @@
 #include <txbase/TXPoint.h>
 #include <txbase/TXRect.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 struct MapLayer;
@@ -15,23 +15,23 @@ class FrameShape
 {
 public:
     /// A rectangle with rounded corners. A radius of more than half its shorter side becomes that half.
-    static FrameShape RoundedRectangle(const TXRect& rect, double radius);
+    static FrameShape RoundedRectangle(const TZObjects::TXRect& rect, double radius);
     /// One ring of at least three corners; the last one is joined with the first.
-    static FrameShape Polygon(std::vector<TXPoint> corners);
+    static FrameShape Polygon(std::vector<TZObjects::TXPoint> corners);
     /// All areas of a layer.
     static FrameShape Areas(const MapLayer& layer);
 
     /// True when nothing of a rectangle can lie inside: there is no ring with an area about it.
-    bool Misses(const TXRect& rect) const;
+    bool Misses(const TZObjects::TXRect& rect) const;
     /// True when all of a box lies inside.
-    bool Contains(const TXRect& box) const { return SideOf(box) == Side::Inside; }
+    bool Contains(const TZObjects::TXRect& box) const { return SideOf(box) == Side::Inside; }
     /// True when all of a box lies outside.
-    bool Avoids(const TXRect& box) const { return SideOf(box) == Side::Outside; }
+    bool Avoids(const TZObjects::TXRect& box) const { return SideOf(box) == Side::Outside; }
     /// The smallest rectangle around all rings.
-    const TXRect& Bounds() const { return bounds; }
+    const TZObjects::TXRect& Bounds() const { return bounds; }
 
     /// The corners of all rings, one ring after another. Each ring ends with its first corner.
-    const std::vector<TXPoint>& Points() const { return points; }
+    const std::vector<TZObjects::TXPoint>& Points() const { return points; }
     /// How many corners each ring has.
     const std::vector<int>& Counts() const { return counts; }
 
@@ -43,14 +43,14 @@ private:
         Both
     };
 
-    Side SideOf(const TXRect& box) const;
-    void Add(std::vector<TXPoint> ring);
+    Side SideOf(const TZObjects::TXRect& box) const;
+    void Add(std::vector<TZObjects::TXPoint> ring);
     template <class Visit>
     void ForEachEdge(Visit visit) const;
 
-    std::vector<TXPoint> points;
+    std::vector<TZObjects::TXPoint> points;
     std::vector<int> counts;
-    TXRect bounds;
+    TZObjects::TXRect bounds;
 };
 
-} // namespace TZObjects
+} // namespace txmap

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -43,4 +43,4 @@ std::vector<GraticuleLine> MakeGraticule(const View& view, double step)
     return lines;
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -5,14 +5,14 @@
 #include <txbase/TXPoint.h>
 #include <txmap/map/View.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// A meridian or a parallel across the picture, in pixels.
 struct GraticuleLine
 {
-    TXPoint from;
-    TXPoint to;
+    TZObjects::TXPoint from;
+    TZObjects::TXPoint to;
 };
 
 /// The distance in degrees between lines that suits a view: a round number that gives some six to twelve of them.
@@ -22,4 +22,4 @@ double SuitableStep(const View& view);
 /// where lines would be closer than a few pixels.
 std::vector<GraticuleLine> MakeGraticule(const View& view, double step);
 
-} // namespace TZObjects
+} // namespace txmap

@@ -6,7 +6,7 @@
 
 #include <txbase/TXPoint.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// What a layer stands for on the map, which decides how it looks.
@@ -63,12 +63,12 @@ struct LayerPlace
 struct MapLayer
 {
     LayerRole role = LayerRole::Any;
-    std::vector<TXPoint> areaPoints;
+    std::vector<TZObjects::TXPoint> areaPoints;
     std::vector<int> ringSizes;
     std::vector<Area> areas;
-    std::vector<TXPoint> linePoints;
+    std::vector<TZObjects::TXPoint> linePoints;
     std::vector<Line> lines;
-    std::vector<TXPoint> places;
+    std::vector<TZObjects::TXPoint> places;
     std::vector<NamedFeature> areaNames;  ///< Of those areas that have one.
     std::vector<NamedFeature> placeNames; ///< Of those places that have one.
 };
@@ -76,4 +76,4 @@ struct MapLayer
 /// True for what is drawn as land, which is everything but water.
 inline bool IsLand(const MapLayer& layer) { return layer.role != LayerRole::Lakes; }
 
-} // namespace TZObjects
+} // namespace txmap

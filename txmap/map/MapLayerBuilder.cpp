@@ -8,7 +8,7 @@
 
 #include <txmap/map/PixelPath.h>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -196,4 +196,4 @@ void MapLayerBuilder::AppendRings(const OGRGeometry& geometry, double offset, Ar
     }
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -10,7 +10,7 @@
 class OGRGeometry;
 class OGRLineString;
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Places geometry in degrees on the map: in every world that the view shows, joined at the date line. What is outside
@@ -43,4 +43,4 @@ private:
     MapLayer layer;
 };
 
-} // namespace TZObjects
+} // namespace txmap

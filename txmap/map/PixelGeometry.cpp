@@ -2,8 +2,11 @@
 
 #include <algorithm>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
 
 TXRect BoundsOf(const std::vector<TXPoint>& points)
 {
@@ -24,4 +27,4 @@ TXRect Common(const TXRect& a, const TXRect& b)
     return {std::max(a.left, b.left), std::min(a.right, b.right), std::max(a.top, b.top), std::min(a.bottom, b.bottom)};
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -6,8 +6,11 @@
 #include <cmath>
 #include <iterator>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXPoint;
+
 namespace
 {
 
@@ -66,4 +69,4 @@ int AppendRing(const View& view, const OGRSimpleCurve& ring, double offset, std:
     return static_cast<int>(points.size() - first);
 }
 
-} // namespace TZObjects
+} // namespace txmap

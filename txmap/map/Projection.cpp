@@ -4,8 +4,11 @@
 #include <cctype>
 #include <cmath>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXPoint;
+
 namespace
 {
 
@@ -47,4 +50,4 @@ TXPoint Projection::Inverse(double x, double y) const
 
 double Projection::MaxLatitude() const { return mercator ? kMercatorLatitude : 90.0; }
 
-} // namespace TZObjects
+} // namespace txmap

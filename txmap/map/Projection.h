@@ -5,7 +5,7 @@
 
 #include <txbase/TXPoint.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// A map projection in which meridians and parallels are straight lines, so that a box of degrees is a box on the map.
@@ -26,9 +26,9 @@ public:
     const char* Name() const { return mercator ? "EPSG:3857" : "EPSG:4326"; }
     /// Map coordinates (x to the right, y upward) of a place in degrees. Beyond the latitudes that a map shows, results
     /// stay finite and outside the map.
-    TXPoint Forward(double longitude, double latitude) const;
+    TZObjects::TXPoint Forward(double longitude, double latitude) const;
     /// Degrees, as (longitude, latitude), of map coordinates.
-    TXPoint Inverse(double x, double y) const;
+    TZObjects::TXPoint Inverse(double x, double y) const;
     /// The northernmost latitude of a map; the southernmost is its negative. The poles, or for the Mercator projection
     /// the latitude that makes the world a square.
     double MaxLatitude() const;
@@ -39,4 +39,4 @@ private:
     bool mercator;
 };
 
-} // namespace TZObjects
+} // namespace txmap

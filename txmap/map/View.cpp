@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-namespace TZObjects
+namespace txmap
 {
+
+using TZObjects::TXPoint;
+
 namespace
 {
 
@@ -59,4 +62,4 @@ View::View(Projection projection, const std::optional<GeoBox>& box, const std::o
     clipBox = {outerNorthWest.x, outerSouthEast.y, outerSouthEast.x, outerNorthWest.y};
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -6,7 +6,7 @@
 #include <txbase/TXRect.h>
 #include <txmap/map/Projection.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// A box of degrees. `east` is greater than `west`, beyond 180 where the box crosses the date line.
@@ -58,36 +58,36 @@ public:
 
     PixelSize Size() const { return size; }
     /// The pixel position of a place in degrees.
-    TXPoint ToPixel(double longitude, double latitude) const
+    TZObjects::TXPoint ToPixel(double longitude, double latitude) const
     {
-        const TXPoint place = projection.Forward(longitude, latitude);
+        const TZObjects::TXPoint place = projection.Forward(longitude, latitude);
         return {(place.x - origin.x) * scale, (origin.y - place.y) * scale};
     }
     const Projection& MapProjection() const { return projection; }
     /// The map coordinates of the picture's top left corner.
-    const TXPoint& Origin() const { return origin; }
+    const TZObjects::TXPoint& Origin() const { return origin; }
     /// Pixels for each unit of the map.
     double Scale() const { return scale; }
     /// The part of the picture that the world covers, in whole pixels; the rest is margin.
-    const TXRect& Frame() const { return frame; }
+    const TZObjects::TXRect& Frame() const { return frame; }
     /// The degrees that the frame shows. Its centre lies between -180 and 180.
     const GeoBox& Visible() const { return visible; }
     /// The degrees within which geometry matters: what is visible and, around it, room for the width of any line.
     const GeoBox& ClipBox() const { return clipBox; }
 
 private:
-    TXPoint ToDegrees(double pixelX, double pixelY) const
+    TZObjects::TXPoint ToDegrees(double pixelX, double pixelY) const
     {
         return projection.Inverse(origin.x + pixelX / scale, origin.y - pixelY / scale);
     }
 
     Projection projection;
     PixelSize size;
-    TXPoint origin;
+    TZObjects::TXPoint origin;
     double scale;
-    TXRect frame;
+    TZObjects::TXRect frame;
     GeoBox visible;
     GeoBox clipBox;
 };
 
-} // namespace TZObjects
+} // namespace txmap

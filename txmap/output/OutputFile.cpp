@@ -11,7 +11,7 @@
 
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -89,4 +89,4 @@ void OutputFile::Commit()
     temporary.clear();
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// A file that appears under its name all at once or not at all: it is written under a temporary name in the same
@@ -32,4 +32,4 @@ private:
     std::string temporary; ///< The temporary file, as long as there is one.
 };
 
-} // namespace TZObjects
+} // namespace txmap

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <initializer_list>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -62,4 +62,4 @@ std::string MissingNames(const NameRequest& request)
                : "--label-field " + request.field + ": no layer of countries or places has this attribute";
 }
 
-} // namespace TZObjects
+} // namespace txmap

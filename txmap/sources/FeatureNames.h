@@ -7,7 +7,7 @@
 class OGRFeature;
 class OGRLayer;
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Which names are read.
@@ -49,4 +49,4 @@ private:
 /// The message for names that no layer has.
 std::string MissingNames(const NameRequest& request);
 
-} // namespace TZObjects
+} // namespace txmap

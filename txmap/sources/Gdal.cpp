@@ -4,7 +4,7 @@
 #include <cpl_vsi.h>
 #include <gdal_priv.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 void PrepareGdal()
@@ -31,4 +31,4 @@ std::string FileProblem(const std::string& path)
     return {};
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Makes GDAL ready for use, and silent: what it has to say goes into our own messages.
@@ -14,4 +14,4 @@ std::string LastGdalComplaint();
 /// Why a file cannot hold data of any kind, as when there is none; empty when it may.
 std::string FileProblem(const std::string& path);
 
-} // namespace TZObjects
+} // namespace txmap

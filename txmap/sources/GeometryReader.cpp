@@ -12,7 +12,7 @@
 #include <txmap/sources/VectorSource.h>
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -209,4 +209,4 @@ int GeometryReader::Category(const OGRFeature& feature)
     return categories.Of(feature.GetFieldAsString(colorField));
 }
 
-} // namespace TZObjects
+} // namespace txmap

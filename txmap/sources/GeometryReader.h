@@ -14,7 +14,7 @@ class OGRFeature;
 class OGRGeometry;
 class OGRLayer;
 
-namespace TZObjects
+namespace txmap
 {
 
 class VectorSource;
@@ -55,4 +55,4 @@ private:
     int colorField = -1;     ///< The index of the attribute that colours areas; -1 for none.
 };
 
-} // namespace TZObjects
+} // namespace txmap

@@ -17,7 +17,7 @@
 #include <txmap/sources/RasterColors.h>
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -203,4 +203,4 @@ Raster ReadRaster(const std::string& file, const View& view)
     return raster;
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -6,7 +6,7 @@
 
 #include <txmap/map/View.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// A raster as a picture shows it.
@@ -25,4 +25,4 @@ struct Raster
 /// @throw Failure with `ExitCode::Data` when GDAL cannot.
 Raster ReadRaster(const std::string& file, const View& view);
 
-} // namespace TZObjects
+} // namespace txmap

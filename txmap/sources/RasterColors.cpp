@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstddef>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -156,4 +156,4 @@ std::vector<std::uint32_t> ToColors(GDALDataset& dataset, const RasterBands& ban
     return pixels;
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -8,7 +8,7 @@
 
 class GDALDataset;
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Which bands of a raster are drawn, and how.
@@ -40,4 +40,4 @@ ValueRange UsualValues(GDALDataset& dataset, int bands);
 std::vector<std::uint32_t> ToColors(GDALDataset& dataset, const RasterBands& bands,
                                     const std::optional<ValueRange>& range);
 
-} // namespace TZObjects
+} // namespace txmap

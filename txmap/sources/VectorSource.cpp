@@ -9,7 +9,7 @@
 #include <txmap/sources/Gdal.h>
 #include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
@@ -80,4 +80,4 @@ bool VectorSource::Open(const std::string& path)
     return dataset != nullptr;
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -7,7 +7,7 @@
 class GDALDataset;
 class OGRLayer;
 
-namespace TZObjects
+namespace txmap
 {
 
 /// A source of vector data that is open for reading.
@@ -37,4 +37,4 @@ private:
     std::vector<OGRLayer*> layers;
 };
 
-} // namespace TZObjects
+} // namespace txmap

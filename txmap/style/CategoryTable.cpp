@@ -3,7 +3,7 @@
 #include <charconv>
 #include <cstddef>
 
-namespace TZObjects
+namespace txmap
 {
 
 int CategoryTable::Of(const std::string& value)
@@ -18,4 +18,4 @@ int CategoryTable::Of(const std::string& value)
     return texts.emplace(value, next).first->second;
 }
 
-} // namespace TZObjects
+} // namespace txmap

@@ -3,7 +3,7 @@
 #include <string>
 #include <unordered_map>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// Sorts the values of an attribute into colour classes.
@@ -25,4 +25,4 @@ private:
     std::unordered_map<std::string, int> texts;
 };
 
-} // namespace TZObjects
+} // namespace txmap

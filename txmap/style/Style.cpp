@@ -1,6 +1,6 @@
 #include <txmap/style/Style.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 Style AtlasStyle()
@@ -45,4 +45,4 @@ Style AtlasStyle()
     return style;
 }
 
-} // namespace TZObjects
+} // namespace txmap

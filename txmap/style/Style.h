@@ -4,13 +4,13 @@
 
 #include <txbase/TXColor.h>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// A line's colour and its width, in pixels of a picture of the usual size.
 struct Stroke
 {
-    TXColor color;
+    TZObjects::TXColor color;
     double width = 1.0;
 };
 
@@ -18,7 +18,7 @@ struct Stroke
 struct LabelHalo
 {
     double width = 0.0; ///< How far it reaches beyond the letters, in pixels; 0 for no halo.
-    TXColor color;
+    TZObjects::TXColor color;
 };
 
 /// How names look.
@@ -29,8 +29,8 @@ struct LabelStyle
     double largest = 0.0;   ///< By how much the text of large countries is larger.
     double placeSize = 0.0; ///< By how much the text of places is smaller.
     double spacing = 0.0;   ///< Between the letters of the largest countries, as a part of the text's height.
-    TXColor country;
-    TXColor place;
+    TZObjects::TXColor country;
+    TZObjects::TXColor place;
     LabelHalo countryHalo;
     LabelHalo placeHalo;
 };
@@ -38,28 +38,28 @@ struct LabelStyle
 /// How a north arrow looks.
 struct ArrowStyle
 {
-    TXColor dark;
-    TXColor light;
-    TXColor glow; ///< Around it, so that it is readable over anything.
+    TZObjects::TXColor dark;
+    TZObjects::TXColor light;
+    TZObjects::TXColor glow; ///< Around it, so that it is readable over anything.
 };
 
 /// How the map looks.
 struct Style
 {
-    TXColor paper; ///< The margins around the world.
-    TXColor oceanAtPoles;
-    TXColor oceanAtEquator;
-    std::vector<Stroke> shore; ///< Drawn along all coasts, one over the other, widest first.
-    TXColor noCategory;        ///< Areas without a category.
-    std::vector<TXColor> categories;
+    TZObjects::TXColor paper; ///< The margins around the world.
+    TZObjects::TXColor oceanAtPoles;
+    TZObjects::TXColor oceanAtEquator;
+    std::vector<Stroke> shore;     ///< Drawn along all coasts, one over the other, widest first.
+    TZObjects::TXColor noCategory; ///< Areas without a category.
+    std::vector<TZObjects::TXColor> categories;
     Stroke outline; ///< Around every area of land.
     Stroke border;
-    TXColor lake;
+    TZObjects::TXColor lake;
     Stroke lakeShore;
     Stroke river;
     Stroke graticule;
     std::vector<double> graticuleDashes; ///< Lengths of dash and gap, in multiples of the width.
-    TXColor placeFill;
+    TZObjects::TXColor placeFill;
     Stroke placeRing;
     double placeRadius = 0.0;
     LabelStyle labels;
@@ -68,7 +68,7 @@ struct Style
     ArrowStyle arrow;
 
     /// The colour of a category from `CategoryOf`.
-    const TXColor& Fill(int category) const
+    const TZObjects::TXColor& Fill(int category) const
     {
         return category < 1 || category > Categories() ? noCategory
                                                        : categories[static_cast<std::size_t>(category) - 1];
@@ -80,4 +80,4 @@ struct Style
 /// The look of an atlas page: muted areas, thin warm outlines, a pale sea.
 Style AtlasStyle();
 
-} // namespace TZObjects
+} // namespace txmap

@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace TZObjects
+namespace txmap
 {
 
 /// What the process answers to its caller.
@@ -29,4 +29,4 @@ private:
     ExitCode code;
 };
 
-} // namespace TZObjects
+} // namespace txmap

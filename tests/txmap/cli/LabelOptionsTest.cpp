@@ -8,7 +8,7 @@
 #include <txmap/cli/ParseLabels.h>
 #include <txmap/support/Failure.h>
 
-using namespace TZObjects;
+using namespace txmap;
 using ::testing::StartsWith;
 
 namespace

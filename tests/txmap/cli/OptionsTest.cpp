@@ -7,7 +7,7 @@
 #include <txmap/cli/Options.h>
 #include <txmap/support/Failure.h>
 
-using namespace TZObjects;
+using namespace txmap;
 using ::testing::HasSubstr;
 
 namespace

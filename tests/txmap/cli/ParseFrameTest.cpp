@@ -6,7 +6,7 @@
 #include <txmap/cli/ParseFrame.h>
 #include <txmap/support/Failure.h>
 
-using namespace TZObjects;
+using namespace txmap;
 using ::testing::StartsWith;
 
 namespace

@@ -5,7 +5,7 @@
 #include <txmap/cli/ParseNorthArrow.h>
 #include <txmap/support/Failure.h>
 
-using namespace TZObjects;
+using namespace txmap;
 using ::testing::StartsWith;
 
 TEST(NorthArrowOption, IsACornerAndAnAngle)

@@ -2,7 +2,7 @@
 #include <txmap/cli/ParseRaster.h>
 #include <txmap/support/Failure.h>
 
-using namespace TZObjects;
+using namespace txmap;
 
 TEST(RasterOpacityOption, IsFromZeroToOne)
 {

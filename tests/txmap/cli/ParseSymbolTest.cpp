@@ -7,7 +7,7 @@
 #include <txmap/cli/ParseSymbol.h>
 #include <txmap/support/Failure.h>
 
-using namespace TZObjects;
+using namespace txmap;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 

@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 #include <txmap/drawing/HaloCopies.h>
 
-using namespace TZObjects;
+using namespace txmap;
+using TZObjects::TXPoint;
 
 TEST(HaloCopies, AreNoneWithoutAHalo)
 {

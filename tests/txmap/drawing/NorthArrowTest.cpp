@@ -5,7 +5,8 @@
 #include <txmap/cli/ParseNorthArrow.h>
 #include <txmap/drawing/NorthArrow.h>
 
-using namespace TZObjects;
+using namespace txmap;
+using TZObjects::TXRect;
 
 namespace
 {

@@ -7,7 +7,8 @@
 #include <txmap/drawing/PlacePainter.h>
 #include <txmap/drawing/PlaceSymbol.h>
 
-using namespace TZObjects;
+using namespace txmap;
+using TZObjects::TXPoint;
 
 namespace
 {

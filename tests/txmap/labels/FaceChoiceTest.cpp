@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <txmap/labels/FaceChoice.h>
 
-using namespace TZObjects;
+using namespace txmap;
 using ::testing::HasSubstr;
 
 namespace

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <txmap/labels/FontCatalog.h>
 
-using namespace TZObjects;
+using namespace txmap;
 
 TEST(FontCatalog, KnowsTheFontsThatAreInstalled)
 {

@@ -11,7 +11,9 @@
 #include <txmap/sources/GeometryReader.h>
 #include <txmap/sources/VectorSource.h>
 
-using namespace TZObjects;
+using namespace txmap;
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
 
 namespace
 {

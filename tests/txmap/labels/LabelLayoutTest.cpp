@@ -13,9 +13,13 @@
 #include <txmap/sources/GeometryReader.h>
 #include <txmap/sources/VectorSource.h>
 
-using namespace TZObjects;
+using namespace txmap;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using TZObjects::TXColor;
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
+using TZObjects::TXString;
 
 namespace
 {

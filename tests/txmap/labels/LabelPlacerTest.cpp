@@ -5,7 +5,8 @@
 #include <gtest/gtest.h>
 #include <txmap/labels/LabelPlacer.h>
 
-using namespace TZObjects;
+using namespace txmap;
+using TZObjects::TXRect;
 
 namespace
 {

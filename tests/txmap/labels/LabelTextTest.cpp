@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <txmap/labels/LabelText.h>
 
-using namespace TZObjects;
+using namespace txmap;
 
 namespace
 {

@@ -7,7 +7,7 @@
 #include <txmap/map/DateLine.h>
 #include <txmap/sources/Gdal.h>
 
-using namespace TZObjects;
+using namespace txmap;
 
 namespace
 {

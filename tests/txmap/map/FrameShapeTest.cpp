@@ -7,7 +7,9 @@
 #include <txmap/map/FrameShape.h>
 #include <txmap/map/MapLayer.h>
 
-using namespace TZObjects;
+using namespace txmap;
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
 
 namespace
 {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <txmap/map/Graticule.h>
 
-using namespace TZObjects;
+using namespace txmap;
 
 namespace
 {

@@ -8,7 +8,9 @@
 #include <ogr_geometry.h>
 #include <txmap/map/MapLayerBuilder.h>
 
-using namespace TZObjects;
+using namespace txmap;
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
 
 namespace
 {

@@ -6,7 +6,8 @@
 #include <ogr_geometry.h>
 #include <txmap/map/PixelPath.h>
 
-using namespace TZObjects;
+using namespace txmap;
+using TZObjects::TXPoint;
 
 namespace
 {

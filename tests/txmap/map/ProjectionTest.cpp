@@ -4,7 +4,8 @@
 #include <gtest/gtest.h>
 #include <txmap/map/Projection.h>
 
-using namespace TZObjects;
+using namespace txmap;
+using TZObjects::TXPoint;
 
 TEST(Projection, IsFoundByItsNameInAnyCase)
 {

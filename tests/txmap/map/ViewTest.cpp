@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 #include <txmap/map/View.h>
 
-using namespace TZObjects;
+using namespace txmap;
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
 
 namespace
 {

@@ -9,7 +9,7 @@
 #include <txmap/output/OutputFile.h>
 #include <txmap/support/Failure.h>
 
-using namespace TZObjects;
+using namespace txmap;
 using ::testing::EndsWith;
 namespace fs = std::filesystem;
 

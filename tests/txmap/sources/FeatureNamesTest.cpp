@@ -8,7 +8,7 @@
 #include <txmap/sources/GeometryReader.h>
 #include <txmap/sources/VectorSource.h>
 
-using namespace TZObjects;
+using namespace txmap;
 using ::testing::HasSubstr;
 
 namespace

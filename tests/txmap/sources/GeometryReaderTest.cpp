@@ -9,7 +9,7 @@
 #include <txmap/sources/VectorSource.h>
 #include <txmap/support/Failure.h>
 
-using namespace TZObjects;
+using namespace txmap;
 using ::testing::HasSubstr;
 
 namespace

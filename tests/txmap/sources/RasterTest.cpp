@@ -13,10 +13,11 @@
 #include <txmap/sources/Raster.h>
 #include <txmap/support/Failure.h>
 
-using namespace TZObjects;
+using namespace txmap;
 using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
+using TZObjects::TXPoint;
 
 namespace
 {

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <txmap/style/CategoryTable.h>
 
-using TZObjects::CategoryTable;
+using txmap::CategoryTable;
 
 TEST(CategoryTable, TakesSmallNumbersAsTheyAre)
 {

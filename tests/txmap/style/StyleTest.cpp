@@ -4,7 +4,8 @@
 #include <gtest/gtest.h>
 #include <txmap/style/Style.h>
 
-using namespace TZObjects;
+using namespace txmap;
+using TZObjects::TXColor;
 
 namespace
 {

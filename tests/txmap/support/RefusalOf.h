@@ -7,13 +7,13 @@
 
 /// What an action says that refuses with @p code; "accepted" when it does not.
 template <class Action>
-std::string RefusalOf(TZObjects::ExitCode code, Action action)
+std::string RefusalOf(txmap::ExitCode code, Action action)
 {
     try
     {
         action();
     }
-    catch (const TZObjects::Failure& failure)
+    catch (const txmap::Failure& failure)
     {
         EXPECT_EQ(failure.Code(), code) << failure.what();
         return failure.what();
