@@ -1,114 +1,19 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
-#include <optional>
+#include <new>
 #include <string>
-#include <vector>
 
-#include <txmap/Failure.h>
-#include <txmap/FrameOptions.h>
-#include <txmap/GeometryReader.h>
-#include <txmap/Graticule.h>
-#include <txmap/MapLabels.h>
-#include <txmap/MapRenderer.h>
-#include <txmap/NorthArrow.h>
-#include <txmap/Options.h>
-#include <txmap/OutputFile.h>
-#include <txmap/PlacePainter.h>
-#include <txmap/PluginSession.h>
-#include <txmap/Raster.h>
-#include <txmap/Style.h>
-#include <txmap/VectorSource.h>
+#include <txmap/atlas/Atlas.h>
+#include <txmap/cli/MessageLine.h>
+#include <txmap/cli/Options.h>
+#include <txmap/drawing/PluginSession.h>
+#include <txmap/support/Failure.h>
 
-namespace TZObjects
+namespace txmap
 {
 namespace
 {
-
-/// Prints a message as one line.
-void Print(const std::string& message)
-{
-    std::string line = message;
-    for (char& letter : line)
-        if (letter == '\n' || letter == '\r')
-            letter = ' ';
-    std::cerr << "txmap: " << line << '\n';
-}
-
-std::vector<MapLayer> ReadLayers(const Options& options, const View& view, const Style& style)
-{
-    GeometryReader reader(view, options.colorBy, style.Categories(), options.labels);
-    std::vector<MapLayer> layers;
-    for (const LayerRequest& request : options.layers)
-        layers.push_back(reader.Read(VectorSource(request.source), request.role));
-    if (reader.Names().AreMissing())
-        throw Failure(ExitCode::Usage, MissingNames(options.labels));
-    return layers;
-}
-
-std::optional<Raster> ReadRasterOf(const Options& options, const View& view)
-{
-    if (!options.raster)
-        return std::nullopt;
-    Raster raster = ReadRaster(options.raster->file, view);
-    if (raster.IsBlank())
-        Print("warning: --raster " + options.raster->file + ": has nothing in the part of the world shown");
-    return raster;
-}
-
-/// What is wrong with the picture although it is there: warnings are printed, and what the command line asked for in
-/// vain ends the run.
-void ReportProblems(const PlacePainter& places, const std::optional<MapLabels>& labels)
-{
-    for (const std::string& problem : {places.CharacterProblem(), labels ? labels->CharacterProblem() : ""})
-        if (!problem.empty())
-            Print("warning: " + problem);
-    std::string problems = places.FontProblem();
-    if (labels && !labels->FontProblem().empty())
-        problems += (problems.empty() ? "" : "; ") + labels->FontProblem();
-    if (!problems.empty())
-        throw Failure(ExitCode::Usage, problems);
-}
-
-void Render(const Options& options)
-{
-    OutputFile output(options.output);
-    const View view(options.projection, options.box, options.size);
-    const Style style = AtlasStyle();
-
-    PrepareGdal();
-    std::vector<MapLayer> layers = ReadLayers(options, view, style);
-    std::optional<Raster> raster = ReadRasterOf(options, view);
-
-    const PluginSession plugin(options.plugin, options.labels.path);
-    MapRenderer renderer(plugin.Engine(), view, style);
-    std::optional<FrameShape> frame;
-    if (options.frame)
-        frame = MakeFrame(*options.frame, view, renderer.FrameWidth());
-    const FrameShape* const outline = frame ? &*frame : nullptr;
-    std::optional<NorthArrow> arrow;
-    if (options.arrow)
-        arrow.emplace(*options.arrow, view, outline, renderer.Unit());
-    const PlacePainter places(options.symbol, style, renderer.Unit(), options.labels.path);
-    std::optional<MapLabels> labels;
-    if (options.labels.wanted)
-        labels.emplace(plugin.Engine(), renderer, options.labels)
-            .LayOut(layers, {places.Reach(), outline, arrow ? std::vector{arrow->Box()} : std::vector<TXRect>()});
-
-    const std::vector<GraticuleLine> graticule = MakeGraticule(view, options.graticule.value_or(SuitableStep(view)));
-    renderer.Draw({layers, graticule, places, outline, raster ? &*raster : nullptr,
-                   options.raster ? options.raster->opacity : 1.0});
-    if (labels)
-        labels->Draw();
-    if (frame)
-        renderer.DrawFrame(*frame);
-    if (arrow)
-        arrow->Draw(plugin.Engine(), renderer.Surface(), style.arrow);
-    if (!renderer.Save(output.Begin()))
-        throw Failure(ExitCode::Drawing, "--output " + options.output + ": the picture cannot be written");
-    output.Commit();
-    ReportProblems(places, labels);
-}
 
 void Run(int argc, const char* const* argv)
 {
@@ -122,7 +27,7 @@ void Run(int argc, const char* const* argv)
         ListPlugins(std::cout);
         break;
     case Options::Action::Render:
-        Render(options);
+        DrawAtlas(options, [](const std::string& warning) { PrintMessage("warning: " + warning); });
         break;
     }
     if (!std::cout.flush())
@@ -131,16 +36,16 @@ void Run(int argc, const char* const* argv)
 
 int Report(const std::string& message, ExitCode code)
 {
-    Print(message);
+    PrintMessage(message);
     return static_cast<int>(code);
 }
 
 } // namespace
-} // namespace TZObjects
+} // namespace txmap
 
 int main(int argc, char** argv)
 {
-    using namespace TZObjects;
+    using namespace txmap;
     // Standard error is for our own messages; a backend's debugging output is shown to those who ask for it.
     setenv("QT_LOGGING_RULES", "*.debug=false", 0);
     try

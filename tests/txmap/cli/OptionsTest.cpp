@@ -1,0 +1,115 @@
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <tests/txmap/support/RefusalOf.h>
+#include <txmap/cli/Options.h>
+#include <txmap/support/Failure.h>
+
+using namespace txmap;
+using ::testing::HasSubstr;
+
+namespace
+{
+
+Options Parse(std::vector<const char*> arguments)
+{
+    arguments.insert(arguments.begin(), "txmap");
+    return ParseOptions(static_cast<int>(arguments.size()), arguments.data());
+}
+
+std::string Refusal(const std::vector<const char*>& arguments)
+{
+    return RefusalOf(ExitCode::Usage, [&] { Parse(arguments); });
+}
+
+} // namespace
+
+TEST(Options, HaveDefaults)
+{
+    const Options options = Parse({"world.gpkg"});
+    EXPECT_EQ(options.action, Options::Action::Render);
+    ASSERT_EQ(options.layers.size(), 1u);
+    EXPECT_EQ(options.layers[0].source, "world.gpkg");
+    EXPECT_EQ(options.layers[0].role, LayerRole::Any);
+    EXPECT_EQ(options.output, "map.png");
+    EXPECT_EQ(options.plugin, "txpluginqt");
+    EXPECT_FALSE(options.size);
+    EXPECT_FALSE(options.box);
+    EXPECT_FALSE(options.graticule);
+    EXPECT_EQ(options.projection.MaxLatitude(), 90.0);
+}
+
+TEST(Options, TakeSeveralLayersOfEachKind)
+{
+    const Options options =
+        Parse({"--countries", "a#b", "c", "--lines", "d", "--lines", "e", "--lakes", "f", "--borders", "g", "h"});
+    std::vector<std::pair<std::string, LayerRole>> layers;
+    for (const LayerRequest& layer : options.layers)
+        layers.emplace_back(layer.source, layer.role);
+    EXPECT_THAT(layers,
+                ::testing::UnorderedElementsAre(std::pair{"a#b", LayerRole::Countries}, std::pair{"c", LayerRole::Any},
+                                                std::pair{"d", LayerRole::Lines}, std::pair{"e", LayerRole::Lines},
+                                                std::pair{"f", LayerRole::Lakes}, std::pair{"g", LayerRole::Borders},
+                                                std::pair{"h", LayerRole::Any}));
+}
+
+TEST(Options, ReadEveryValue)
+{
+    const Options options = Parse({"in", "-o", "out.png", "--size", "300x200", "--crs", "EPSG:3857", "--bbox",
+                                   "-10.5,35,30,60", "--graticule", "7.5", "--color-by", "pop", "--plugin", "./p.so"});
+    EXPECT_EQ(options.output, "out.png");
+    EXPECT_EQ(options.size->width, 300);
+    EXPECT_EQ(options.size->height, 200);
+    EXPECT_LT(options.projection.MaxLatitude(), 86.0);
+    EXPECT_EQ(options.box->west, -10.5);
+    EXPECT_EQ(options.box->south, 35.0);
+    EXPECT_EQ(options.box->east, 30.0);
+    EXPECT_EQ(options.box->north, 60.0);
+    EXPECT_EQ(options.graticule, 7.5);
+    EXPECT_EQ(options.colorBy, "pop");
+    EXPECT_EQ(options.plugin, "./p.so");
+}
+
+TEST(Options, TakeABoxAcrossTheDateLineInBothForms)
+{
+    EXPECT_EQ(Parse({"in", "--bbox", "170,-20,190,-10"}).box->east, 190.0);
+    EXPECT_EQ(Parse({"in", "--bbox", "170,-20,-170,-10"}).box->east, 190.0);
+    EXPECT_EQ(Parse({"in", "--bbox=-180,-90,180,90"}).box->west, -180.0);
+}
+
+TEST(Options, RefuseBoxesThatShowNothingOrTooMuch)
+{
+    for (const char* const box : {"0,0,0,10", "0,0,10,0", "0,10,10,0", "-200,0,200,10", "0,0,400,10", "0,-91,10,0",
+                                  "inf,0,10,10", "0,0,10", "0,0,10,10,20", "0 0 10 10", "0,0,10,10x", "", ",,,"})
+        EXPECT_THAT(Refusal({"in", "--bbox", box}), HasSubstr("--bbox")) << box;
+}
+
+TEST(Options, RefuseSizesThatAreNone)
+{
+    for (const char* const size : {"0x100", "100x0", "100000x100", "100x100000", "100", "x", "100x", "100x100x100",
+                                   "1e3x100", "100.5x100", "-100x100", "+100x100", " 100x100", ""})
+        EXPECT_THAT(Refusal({"in", "--size", size}), HasSubstr("--size")) << size;
+    EXPECT_EQ(Parse({"in", "--size", "1x1"}).size->width, 1);
+    EXPECT_EQ(Parse({"in", "--size", "16384x16384"}).size->height, 16384);
+}
+
+TEST(Options, NameWhatTheyDoNotKnow)
+{
+    EXPECT_THAT(Refusal({"in", "--colour", "red"}), HasSubstr("--colour"));
+    EXPECT_THAT(Refusal({"in", "--crs", "EPSG:25832"}), HasSubstr("EPSG:25832"));
+    EXPECT_THAT(Refusal({"in", "--size"}), HasSubstr("--size"));
+    EXPECT_THAT(Refusal({}), HasSubstr("no input"));
+    EXPECT_THAT(Refusal({"in", "--plugin", ""}), HasSubstr("--plugin"));
+    EXPECT_THAT(Refusal({"in", "--output", ""}), HasSubstr("--output"));
+}
+
+TEST(Options, AnswerWithoutInput)
+{
+    EXPECT_EQ(Parse({"--list-plugins"}).action, Options::Action::ListPlugins);
+    EXPECT_EQ(Parse({"--version"}).action, Options::Action::ShowText);
+    const Options help = Parse({"--help"});
+    EXPECT_EQ(help.action, Options::Action::ShowText);
+    EXPECT_THAT(help.text, HasSubstr("--bbox"));
+}

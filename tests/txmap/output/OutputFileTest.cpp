@@ -1,0 +1,111 @@
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <tests/txmap/support/TemporaryFolder.h>
+#include <txmap/output/OutputFile.h>
+#include <txmap/support/Failure.h>
+
+using namespace txmap;
+using ::testing::EndsWith;
+namespace fs = std::filesystem;
+
+namespace
+{
+
+void Fill(const std::string& path, const std::string& content)
+{
+    std::FILE* const file = std::fopen(path.c_str(), "wb");
+    ASSERT_TRUE(file);
+    std::fwrite(content.data(), 1, content.size(), file);
+    std::fclose(file);
+}
+
+} // namespace
+
+TEST(OutputFile, AppearsAtTheCommit)
+{
+    const TemporaryFolder folder;
+    OutputFile output(folder / "map.png");
+    EXPECT_TRUE(folder.Names().empty());
+    const std::string temporary = output.Begin();
+    EXPECT_EQ(fs::path(temporary).parent_path(), folder.Path());
+    EXPECT_THAT(temporary, EndsWith(".png"));
+    Fill(temporary, "picture");
+    EXPECT_FALSE(fs::exists(folder / "map.png"));
+    output.Commit();
+    EXPECT_EQ(folder.Names(), std::set<std::string>{"map.png"});
+    EXPECT_EQ(ContentOf(folder / "map.png"), "picture");
+}
+
+TEST(OutputFile, KeepsTheOlderOneWithoutACommit)
+{
+    const TemporaryFolder folder;
+    folder.Write("map.png", "older");
+    {
+        OutputFile output(folder / "map.png");
+        Fill(output.Begin(), "half a pic");
+    }
+    EXPECT_EQ(folder.Names(), std::set<std::string>{"map.png"});
+    EXPECT_EQ(ContentOf(folder / "map.png"), "older");
+}
+
+TEST(OutputFile, IsNotReplacedByNothing)
+{
+    const TemporaryFolder folder;
+    folder.Write("map.png", "older");
+    {
+        OutputFile output(folder / "map.png");
+        output.Begin();
+        EXPECT_THROW(output.Commit(), Failure);
+    }
+    EXPECT_EQ(ContentOf(folder / "map.png"), "older");
+    EXPECT_EQ(folder.Names(), std::set<std::string>{"map.png"});
+}
+
+TEST(OutputFile, GetsThePermissionsOfNewFiles)
+{
+    const TemporaryFolder folder;
+    const mode_t before = umask(027);
+    OutputFile output(folder / "map.png");
+    Fill(output.Begin(), "picture");
+    output.Commit();
+    umask(before);
+    struct stat status = {};
+    ASSERT_EQ(stat((folder / "map.png").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777u, 0640u);
+}
+
+TEST(OutputFile, TakesAPathInTheCurrentFolder)
+{
+    const TemporaryFolder folder;
+    const fs::path before = fs::current_path();
+    fs::current_path(folder.Path());
+    {
+        OutputFile output("map.png");
+        Fill(output.Begin(), "picture");
+        output.Commit();
+    }
+    fs::current_path(before);
+    EXPECT_EQ(folder.Names(), std::set<std::string>{"map.png"});
+}
+
+TEST(OutputFile, RefusesWhatCannotBeAFile)
+{
+    const TemporaryFolder folder;
+    folder.Write("file", "content");
+    fs::create_directory(folder / "folder.png");
+    for (const std::string& path : {folder / "none/map.png", folder / "file/map.png", folder / "folder.png",
+                                    folder / "no-suffix", std::string("/dev/null.d/map.png")})
+        EXPECT_THROW(OutputFile output(path), Failure) << path;
+}
+
+TEST(OutputFile, RefusesADevice)
+{
+    const TemporaryFolder folder;
+    fs::create_symlink("/dev/null", folder / "null.png");
+    EXPECT_THROW(OutputFile output(folder / "null.png"), Failure);
+}

@@ -1,0 +1,104 @@
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <tests/txmap/support/TemporaryFolder.h>
+#include <txmap/sources/FeatureNames.h>
+#include <txmap/sources/Gdal.h>
+#include <txmap/sources/GeometryReader.h>
+#include <txmap/sources/VectorSource.h>
+
+using namespace txmap;
+using ::testing::HasSubstr;
+
+namespace
+{
+
+/// Reads features with names into a picture of the world in which a pixel is a degree.
+class NamesOf
+{
+public:
+    explicit NamesOf(const std::string& features, const std::string& field = "", LayerRole role = LayerRole::Any)
+    {
+        PrepareGdal();
+        const TemporaryFolder folder;
+        const std::string file =
+            folder.Write("in.geojson", R"({"type":"FeatureCollection","features":[)" + features + "]}");
+        NameRequest options;
+        options.wanted = true;
+        options.field = field;
+        GeometryReader reader(view, "", 7, options);
+        layer = reader.Read(VectorSource(file), role);
+        missing = reader.Names().AreMissing();
+    }
+
+    MapLayer layer;
+    bool missing = false;
+
+private:
+    const View view{Projection::PlateCarree(), {}, PixelSize{360, 180}};
+};
+
+std::string Point(const std::string& properties)
+{
+    return R"({"type":"Feature","properties":{)" + properties + R"(},"geometry":{"type":"Point","coordinates":[1,2]}})";
+}
+
+std::string Square(const std::string& properties)
+{
+    return R"({"type":"Feature","properties":{)" + properties +
+           R"(},"geometry":{"type":"Polygon","coordinates":[[[0,0],[9,0],[9,9],[0,9],[0,0]]]}})";
+}
+
+} // namespace
+
+TEST(FeatureNames, AreReadAsTheyAre)
+{
+    const NamesOf names(Point(R"("name":"A < B","adm0cap":1,"scalerank":3,"pop_max":500)") + "," +
+                        Point(R"("name":"")") + "," + Point(R"("name":null)") + "," + Square(R"("name":"C")"));
+    ASSERT_EQ(names.layer.placeNames.size(), 1u);
+    EXPECT_EQ(names.layer.placeNames[0].index, 0u);
+    EXPECT_EQ(names.layer.placeNames[0].name.text, "A < B");
+    EXPECT_TRUE(names.layer.placeNames[0].name.capital);
+    EXPECT_EQ(names.layer.placeNames[0].name.rank, 3.0);
+    EXPECT_EQ(names.layer.placeNames[0].name.population, 500.0);
+    ASSERT_EQ(names.layer.areaNames.size(), 1u);
+    EXPECT_EQ(names.layer.areaNames[0].name.text, "C");
+    EXPECT_EQ(names.layer.places.size(), 3u);
+}
+
+TEST(FeatureNames, ComeFromTheFieldThatIsAskedFor)
+{
+    EXPECT_EQ(NamesOf(Point(R"("name":"a","name_de":"b")"), "name_de").layer.placeNames[0].name.text, "b");
+    EXPECT_EQ(NamesOf(Point(R"("name":"a","size":42)"), "size").layer.placeNames[0].name.text, "42");
+    EXPECT_EQ(NamesOf(Point(R"("admin":"a")")).layer.placeNames[0].name.text, "a");
+}
+
+TEST(FeatureNames, AreMissingWhereNoLayerHasTheField)
+{
+    EXPECT_TRUE(NamesOf(Point(R"("name":"a")"), "flavour").missing);
+    EXPECT_TRUE(NamesOf(Point(R"("kind":"a")")).missing);
+    EXPECT_FALSE(NamesOf(Point(R"("name":"a")"), "NAME").missing);
+    EXPECT_FALSE(NamesOf("", "flavour").missing);
+}
+
+TEST(FeatureNames, AreNotThoseOfWater)
+{
+    EXPECT_TRUE(NamesOf(Square(R"("name":"Lake")"), "", LayerRole::Lakes).layer.areaNames.empty());
+}
+
+TEST(FeatureNames, AreWrittenAtOneOfSeveralPoints)
+{
+    const NamesOf names(R"({"type":"Feature","properties":{"name":"a"},"geometry":{"type":"MultiPoint",)"
+                        R"("coordinates":[[1,1],[2,2],[3,3]]}})");
+    EXPECT_EQ(names.layer.places.size(), 3u);
+    EXPECT_EQ(names.layer.placeNames.size(), 1u);
+}
+
+TEST(MissingNames, SayWhatToDo)
+{
+    NameRequest options;
+    EXPECT_THAT(MissingNames(options), HasSubstr("--label-field"));
+    options.field = "flavour";
+    EXPECT_THAT(MissingNames(options), HasSubstr("--label-field flavour"));
+}

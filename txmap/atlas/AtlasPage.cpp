@@ -1,0 +1,93 @@
+#include <txmap/atlas/AtlasPage.h>
+
+#include <txmap/atlas/AtlasOptions.h>
+#include <txmap/atlas/MapFrame.h>
+#include <txmap/drawing/AreaPainter.h>
+#include <txmap/drawing/FramePainter.h>
+#include <txmap/drawing/GraticulePainter.h>
+#include <txmap/drawing/LinePainter.h>
+#include <txmap/drawing/RasterPainter.h>
+#include <txmap/drawing/SeaPainter.h>
+#include <txmap/drawing/ShorePainter.h>
+#include <txmap/map/Graticule.h>
+#include <txmap/map/MapLayer.h>
+#include <txmap/map/View.h>
+#include <txmap/style/Style.h>
+#include <txmap/support/Failure.h>
+
+namespace txmap
+{
+
+using TZObjects::TXGraphicsEngine;
+
+AtlasPage::AtlasPage(TXGraphicsEngine& engine, const AtlasOptions& options, const View& view, const Style& style)
+    : options(options), view(view), style(style), canvas(engine, view),
+      places(options.symbol, style, canvas.Unit(), options.labels.path)
+{
+    if (options.frame)
+        frame = MakeFrame(*options.frame, view, FramePainter(canvas, style).Width());
+    if (options.arrow)
+        arrow.emplace(*options.arrow, view, Outline(), canvas.Unit());
+}
+
+void AtlasPage::LayOutLabels(std::vector<MapLayer>& layers)
+{
+    if (!options.labels.wanted)
+        return;
+    labels.emplace(canvas.Engine(), view, style.labels, canvas.Unit(), options.labels);
+    labelPainter.emplace(canvas, labels->Fonts());
+    LabelSurroundings surroundings{places.Reach(), Outline(), {}};
+    if (arrow)
+        surroundings.taken.push_back(arrow->Box());
+    labels->LayOut(layers, surroundings);
+}
+
+void AtlasPage::Draw(const std::vector<MapLayer>& layers, Raster* raster)
+{
+    FramePainter framePainter(canvas, style);
+    if (frame)
+        framePainter.Clip(*frame);
+    DrawMap(layers, raster);
+    framePainter.DrawMargins(view);
+    if (labels)
+        labelPainter->Draw(labels->Labels());
+    if (frame)
+        framePainter.Draw(*frame);
+    if (arrow)
+        arrow->Draw(canvas, style.arrow);
+}
+
+void AtlasPage::DrawMap(const std::vector<MapLayer>& layers, Raster* raster)
+{
+    AreaPainter areas(canvas, style);
+    LinePainter lines(canvas, style);
+    SeaPainter(canvas, style).Draw(view);
+    ShorePainter(canvas, style).Draw(layers);
+    for (const MapLayer& layer : layers)
+        areas.Draw(layer);
+    if (raster)
+    {
+        RasterPainter(canvas).Draw(*raster, options.raster->opacity);
+        for (const MapLayer& layer : layers)
+            areas.DrawOutlines(layer);
+    }
+    GraticulePainter(canvas, style).Draw(MakeGraticule(view, options.graticule.value_or(SuitableStep(view))));
+    for (const MapLayer& layer : layers)
+        lines.Draw(layer);
+    for (const MapLayer& layer : layers)
+        places.Draw(canvas, layer.places);
+}
+
+void AtlasPage::ReportProblems(const std::function<void(const std::string&)>& warn) const
+{
+    for (const std::string& problem : {places.CharacterProblem(), labels ? labels->CharacterProblem() : ""})
+        if (!problem.empty())
+            warn(problem);
+    std::string problems = places.FontProblem();
+    if (labels && !labels->FontProblem().empty())
+        problems += (problems.empty() ? "" : "; ") + labels->FontProblem();
+    if (!problems.empty())
+        throw Failure(ExitCode::Usage, problems);
+}
+
+} // namespace txmap

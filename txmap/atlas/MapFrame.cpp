@@ -1,0 +1,59 @@
+#include <txmap/atlas/MapFrame.h>
+
+#include <algorithm>
+
+#include <txmap/sources/GeometryReader.h>
+#include <txmap/sources/VectorSource.h>
+#include <txmap/support/Failure.h>
+
+namespace txmap
+{
+
+using TZObjects::TXRect;
+
+namespace
+{
+
+// As a part of the shorter side of the map.
+constexpr double kUsualRadius = 0.06;
+
+MapLayer ReadAreas(const std::string& source, const View& view)
+{
+    try
+    {
+        // Of a layer of lakes, neither a colour nor a name is asked for.
+        return GeometryReader(view, "", 1).Read(VectorSource(source), LayerRole::Lakes);
+    }
+    catch (const Failure& failure)
+    {
+        throw Failure(failure.Code(), std::string("--frame ") + failure.what());
+    }
+}
+
+} // namespace
+
+FrameShape MakeFrame(const FrameRequest& request, const View& view, double lineWidth)
+{
+    const TXRect& map = view.Frame();
+    if (request.kind == FrameRequest::Kind::Rounded)
+    {
+        const double side = std::min(map.Width(), map.Height());
+        // In the tiniest picture there is something in the frame.
+        const double inset = std::min(lineWidth / 2.0, side / 4.0);
+        return FrameShape::RoundedRectangle({map.left + inset, map.right - inset, map.top + inset, map.bottom - inset},
+                                            request.radius < 0.0 ? kUsualRadius * side : request.radius);
+    }
+    if (request.kind == FrameRequest::Kind::Polygon)
+    {
+        FrameShape shape = FrameShape::Polygon(request.corners);
+        if (shape.Misses(map))
+            throw Failure(ExitCode::Usage, "--frame: there is nothing of the map between its corners");
+        return shape;
+    }
+    FrameShape shape = FrameShape::Areas(ReadAreas(request.source, view));
+    if (shape.Misses(map))
+        throw Failure(ExitCode::Data, "--frame " + request.source + ": has no area in the part of the world shown");
+    return shape;
+}
+
+} // namespace txmap

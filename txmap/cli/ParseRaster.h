@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace txmap
+{
+
+/// Reads the value of --raster-opacity. @throw Failure with `ExitCode::Usage`.
+double ParseRasterOpacity(const std::string& text);
+
+} // namespace txmap

@@ -1,0 +1,30 @@
+#include <txmap/map/PixelGeometry.h>
+
+#include <algorithm>
+
+namespace txmap
+{
+
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
+
+TXRect BoundsOf(const std::vector<TXPoint>& points)
+{
+    TXRect bounds(points[0].x, points[0].x, points[0].y, points[0].y);
+    for (const TXPoint& point : points)
+        bounds = {std::min(bounds.left, point.x), std::max(bounds.right, point.x), std::min(bounds.top, point.y),
+                  std::max(bounds.bottom, point.y)};
+    return bounds;
+}
+
+TXRect United(const TXRect& a, const TXRect& b)
+{
+    return {std::min(a.left, b.left), std::max(a.right, b.right), std::min(a.top, b.top), std::max(a.bottom, b.bottom)};
+}
+
+TXRect Common(const TXRect& a, const TXRect& b)
+{
+    return {std::max(a.left, b.left), std::min(a.right, b.right), std::max(a.top, b.top), std::min(a.bottom, b.bottom)};
+}
+
+} // namespace txmap

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <vector>
+
+#include <txbase/TXPoint.h>
+#include <txbase/TXRect.h>
+
+namespace txmap
+{
+
+/// The smallest rectangle around points, of which there is at least one.
+TZObjects::TXRect BoundsOf(const std::vector<TZObjects::TXPoint>& points);
+
+/// The smallest rectangle around two.
+TZObjects::TXRect United(const TZObjects::TXRect& a, const TZObjects::TXRect& b);
+
+/// What two rectangles share; its right lies left of its left, or its bottom above its top, when they share nothing.
+TZObjects::TXRect Common(const TZObjects::TXRect& a, const TZObjects::TXRect& b);
+
+/// Whether a ray from the point to the right crosses the edge.
+inline bool Crosses(const TZObjects::TXPoint& point, const TZObjects::TXPoint& from, const TZObjects::TXPoint& to)
+{
+    return (from.y > point.y) != (to.y > point.y) &&
+           point.x < from.x + (point.y - from.y) / (to.y - from.y) * (to.x - from.x);
+}
+
+} // namespace txmap

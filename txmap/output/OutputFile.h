@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+
+namespace txmap
+{
+
+/// A file that appears under its name all at once or not at all: it is written under a temporary name in the same
+/// folder, and renamed when it is complete. What was there before is kept until then.
+class OutputFile
+{
+public:
+    /// @param path where the file is to be, below a folder that exists. A symbolic link is followed.
+    /// @throw Failure with `ExitCode::Drawing` when no file can be there.
+    explicit OutputFile(const std::string& path);
+    /// Removes what was not committed.
+    ~OutputFile();
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    /// Makes the empty temporary file and returns its path, which has the suffix of the final one.
+    /// @throw Failure with `ExitCode::Drawing` when that fails.
+    const std::string& Begin();
+    /// Gives the temporary file its final name. @throw Failure with `ExitCode::Drawing` when that fails.
+    void Commit();
+
+private:
+    [[noreturn]] void Fail(const std::string& reason) const;
+
+    std::string name;      ///< The path as it was given.
+    std::string target;    ///< The path with links followed.
+    std::string temporary; ///< The temporary file, as long as there is one.
+};
+
+} // namespace txmap

@@ -1,0 +1,34 @@
+#include <txmap/sources/Gdal.h>
+
+#include <cpl_error.h>
+#include <cpl_vsi.h>
+#include <gdal_priv.h>
+
+namespace txmap
+{
+
+void PrepareGdal()
+{
+    CPLSetErrorHandler(CPLQuietErrorHandler);
+    GDALAllRegister();
+}
+
+std::string LastGdalComplaint()
+{
+    const std::string text = CPLGetLastErrorType() >= CE_Failure ? CPLGetLastErrorMsg() : "";
+    return text.empty() ? text : " (" + text + ")";
+}
+
+std::string FileProblem(const std::string& path)
+{
+    VSIStatBufL status;
+    if (VSIStatL(path.c_str(), &status) != 0)
+        return "no such file";
+    if (VSI_ISDIR(status.st_mode))
+        return "is a directory, where a file is wanted";
+    if (status.st_size == 0 && VSI_ISREG(status.st_mode))
+        return "is an empty file";
+    return {};
+}
+
+} // namespace txmap

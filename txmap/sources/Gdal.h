@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace txmap
+{
+
+/// Makes GDAL ready for use, and silent: what it has to say goes into our own messages.
+void PrepareGdal();
+
+/// What GDAL complained about last, in brackets, to be put behind a message; empty for nothing.
+std::string LastGdalComplaint();
+
+/// Why a file cannot hold data of any kind, as when there is none; empty when it may.
+std::string FileProblem(const std::string& path);
+
+} // namespace txmap
