@@ -1,6 +1,5 @@
-# Qt's private headers: the polygon operations hand a host's own array of points to Qt's paint engine, and kept outlines
-# depend on the state of a font's faces, which only the private interface shows. Nothing but
-# txpluginqt/graphics/VectorOutline.cpp and txpluginqt/support/GlyphShift.cpp includes them.
+# Qt's private headers. They hand a host's own array of points to Qt's paint engine, and show the state of a font's
+# faces, which cached outlines depend on. Nothing outside txpluginqt/raster includes them.
 find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui)
 
 add_library(tx_qt5_private INTERFACE)

@@ -15,8 +15,9 @@ QString FailureName()
 
 void Keep(const QImage& actual, const QImage& expected)
 {
-    QDir().mkpath("test-failures");
-    const QString base = "test-failures/" + FailureName();
+    const QDir folder(TX_TEST_FAILURES);
+    folder.mkpath(".");
+    const QString base = folder.filePath(FailureName());
     QImage difference(expected.size(), QImage::Format_RGB32);
     for (int y = 0; y < expected.height(); ++y)
         for (int x = 0; x < expected.width(); ++x)

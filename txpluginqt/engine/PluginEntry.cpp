@@ -4,14 +4,14 @@
 #include <txbase/TXRefPtr.h>
 #include <txpluginqt/engine/QtApplication.h>
 #include <txpluginqt/engine/TXGraphicsEngineQT.h>
-#include <txpluginqt/support/Guards.h>
+#include <txpluginqt/support/Failures.h>
 
 namespace
 {
 
 struct LoadNotice
 {
-    LoadNotice() { AnnounceEngine(); }
+    LoadNotice() { txqt::AnnounceEngine(); }
 };
 
 const LoadNotice loadNotice;
@@ -20,7 +20,7 @@ const LoadNotice loadNotice;
 
 TZObjects::TXRefPtr<TZObjects::TXPlugin> MakeGraphicsEngine()
 {
-    return TZObjects::TXRefPtr<TZObjects::TXPlugin>(NewOrNull<TZObjects::TXGraphicsEngineQT>());
+    return TZObjects::TXRefPtr<TZObjects::TXPlugin>(txqt::NewOrNull<TZObjects::TXGraphicsEngineQT>());
 }
 
 BOOST_DLL_ALIAS(MakeGraphicsEngine, GetTZPlugIn)

@@ -14,6 +14,8 @@
 #include <QGuiApplication>
 #include <QThread>
 
+namespace txqt
+{
 namespace
 {
 
@@ -143,3 +145,5 @@ void EnsureApplication()
     static const bool made = MakeProcessApplication();
     Q_UNUSED(made)
 }
+
+} // namespace txqt

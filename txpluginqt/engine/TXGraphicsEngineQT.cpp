@@ -8,7 +8,9 @@
 #include <txpluginqt/resources/TXLinearGradientQT.h>
 #include <txpluginqt/resources/TXPenQT.h>
 #include <txpluginqt/resources/TXRadialGradientQT.h>
-#include <txpluginqt/support/Guards.h>
+#include <txpluginqt/support/Failures.h>
+
+using namespace txqt;
 
 namespace TZObjects
 {

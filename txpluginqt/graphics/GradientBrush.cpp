@@ -12,6 +12,8 @@
 
 using namespace TZObjects;
 
+namespace txqt
+{
 namespace
 {
 
@@ -122,3 +124,5 @@ bool ApplyGradientBrush(QPainter& painter, const QRectF& bounds, const TXGraphic
     painter.setBrush(*brush);
     return true;
 }
+
+} // namespace txqt

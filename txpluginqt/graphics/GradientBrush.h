@@ -10,6 +10,9 @@
 
 class QPainter;
 
+namespace txqt
+{
+
 /// The line along which a linear gradient runs over a rectangle, from position 0 to position 1.
 ///
 /// @param angle the direction in degrees, clockwise from the x axis. Exactly 0, 90, 180, 270 and 360 run between the
@@ -26,3 +29,5 @@ std::optional<QBrush> GradientBrush(const QRectF& bounds, const TZObjects::TXGra
 /// @return false, nothing changed, when the gradient cannot be computed.
 bool ApplyGradientBrush(QPainter& painter, const QRectF& bounds,
                         const TZObjects::TXGraphics::stGradientParams& gradient);
+
+} // namespace txqt

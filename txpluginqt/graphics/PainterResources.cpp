@@ -11,6 +11,8 @@
 
 using namespace TZObjects;
 
+namespace txqt
+{
 namespace
 {
 
@@ -68,3 +70,5 @@ bool IsDrawable(const QGradient& gradient)
         return false;
     }
 }
+
+} // namespace txqt

@@ -8,13 +8,14 @@
 
 #include <txgraphics/TXGraphicsEngineManager.h>
 #include <txpluginqt/graphics/PainterResources.h>
-#include <txpluginqt/graphics/SavedStates.h>
+#include <txpluginqt/raster/SavedStates.h>
 #include <txpluginqt/resources/TXBrushQT.h>
 #include <txpluginqt/resources/TXFontQT.h>
 #include <txpluginqt/resources/TXPenQT.h>
 #include <txpluginqt/support/Images.h>
 
 using namespace TZObjects;
+using namespace txqt;
 
 namespace
 {
@@ -125,13 +126,8 @@ bool TXGraphicsQT::CreateCompatibleGraphics(int width, int height)
     if (!image)
         image = NewImage();
     // The pixels under the old context go now; the objects themselves last as long as the surface.
-    const bool kept = Succeeds(
-        [&]
-        {
-            if (cairoContext)
-                replacedCairoObjects.emplace_back(std::move(cairoSurface), std::move(cairoContext));
-        });
-    if (!painter || !image || !kept)
+    const bool isRetired = Succeeds([&] { cairo.Retire(); });
+    if (!painter || !image || !isRetired)
         return false;
     {
         // Other surfaces on the image look for its new pixels only when this one paints there.
@@ -145,7 +141,7 @@ bool TXGraphicsQT::CreateCompatibleGraphics(int width, int height)
     if (painter->isActive() && AntialiasingByDefault())
         painter->setRenderHints(kAntialiased | QPainter::SmoothPixmapTransform, true);
     if (cairoEnabled)
-        CreateCairoObjects();
+        cairo.Create(image.get());
     if (painter->isActive())
         ApplySelection(*painter);
     return true;
@@ -165,8 +161,8 @@ TXRefPtr<TXImage> TXGraphicsQT::SelectImage(TXRefPtr<TXImage> newImage)
     TXRefPtr<TXImage> oldImage = std::exchange(image, newImage);
     if (cairoEnabled)
     {
-        DestroyCairoObjects();
-        CreateCairoObjects();
+        cairo.Destroy();
+        cairo.Create(image.get());
     }
     if (own->isActive())
         ApplySelection(*own);
@@ -182,8 +178,10 @@ void TXGraphicsQT::ApplySelection(QPainter& newlyBegun)
                 ApplyBrush(newlyBegun, *brush);
             if (pen)
                 ApplyPen(newlyBegun, *pen);
-            if (font)
-                ApplyFont(newlyBegun);
+            if (!font)
+                return;
+            ApplyQFont(newlyBegun, *font);
+            cairo.SelectFont(font.get());
         });
 }
 
@@ -193,14 +191,14 @@ void TXGraphicsQT::PixelsGoing()
     if (own && own->isActive())
         hintsBeforeChange = own->renderHints();
     EndPainting();
-    DestroyCairoObjects();
+    cairo.Destroy();
 }
 
 void TXGraphicsQT::PixelsChanged()
 {
     // First, so that the font reaches the new context as well.
     if (cairoEnabled)
-        CreateCairoObjects();
+        cairo.Create(image.get());
     QPainter* const own = OwnPainter();
     if (own && Begin(PixelsOf(target)) && own->isActive())
     {

@@ -2,18 +2,22 @@
 
 #include <memory>
 #include <optional>
-#include <vector>
 
 #include <QPainter>
 #include <QPainterPath>
 
 #include <txbase/TXLock.h>
 #include <txgraphics/TXGraphics.h>
+#include <txpluginqt/cairo/CairoTarget.h>
 #include <txpluginqt/resources/TXImageQT.h>
-#include <txpluginqt/support/CairoHandles.h>
-#include <txpluginqt/support/Guards.h>
+#include <txpluginqt/support/Failures.h>
 
+namespace txqt
+{
+struct CairoLabel;
 struct CairoTextStyle;
+struct QtLabel;
+} // namespace txqt
 
 /// A surface over a `QPainter`, which paints into the `QImage` of the target image, and a cairo context on the same
 /// pixels for labels.
@@ -168,29 +172,21 @@ private:
     void EndPainting();
     /// Puts the selected brush, pen and font into a painter that has just begun.
     void ApplySelection(QPainter& target);
-    void ApplyFont(QPainter& target);
-    /// Makes the cairo surface and context over the selected image's pixels; both stay null where that is impossible.
-    void CreateCairoObjects();
-    void DestroyCairoObjects();
-    /// Makes them again after an error, set up as they were.
-    void RemakeCairoObjects();
-    void ApplyCairoFontOptions();
-    void SelectCairoFont();
-    /// The context, made again when it has fallen into an error; null when there is none.
-    cairo_t* ReadyCairoContext();
+    /// The cairo context, while labels are drawn with cairo and there is one.
+    cairo_t* ReadyCairoContext() { return cairoEnabled ? cairo.Ready(image.get(), font.get()) : nullptr; }
 
     /// "False without a painter, else true", where that is the whole contract. An inactive painter draws nothing.
     template <class Draw>
     bool Paint(Draw draw)
     {
-        return painter && (!painter->isActive() || Succeeds([&] { draw(*painter); }));
+        return painter && (!painter->isActive() || txqt::Succeeds([&] { draw(*painter); }));
     }
 
     /// Changes the current path, which is made on first use.
     template <class Build>
     bool BuildPath(Build build)
     {
-        Succeeds(
+        txqt::Succeeds(
             [&]
             {
                 if (!path)
@@ -202,49 +198,11 @@ private:
 
     template <class WithCr, class WithQt>
     bool OnTextPath(WithCr withCr, WithQt withQt);
-    /// Draws a label with the selected font, antialiased, and puts the painter's state back.
-    template <class Draw>
-    bool PaintLabel(Draw draw);
-
-    bool DrawStringWithQt(double ox, double oy, double left, double right, double top, double bottom,
-                          TXTextVertAlign vAlign, TXTextHorizAlign hAlign, const TXString& text, double angle,
-                          const double& scale);
-    bool DrawStringWithQt(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign, const TXString& text,
-                          double angle, double lineSpacing, const double& scale);
-    bool DrawStringWithQt(double x, double y, double dx, double dy, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
-                          const TXString& text, double angle, const double& scale);
-    bool DrawOutlineStringWithQt(double ox, double oy, double left, double top, TXTextVertAlign vAlign,
-                                 TXTextHorizAlign hAlign, const TXString& text, const TXColor& fill, double angle,
-                                 double lineSpacing, const double& scale);
-    bool DrawOutlineStringWithQt(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
-                                 const TXString& text, const TXColor& fill, double angle, double lineSpacing,
-                                 const double& scale);
-    bool DrawVerticalStringWithQt(double ox, double oy, double left, double top, TXTextVertAlign vAlign,
-                                  TXTextHorizAlign hAlign, const TXString& text, const TXColor& fill, double angle,
-                                  double columnSpacing, double charSpacing, bool halo, const double& scale);
-    bool DrawVerticalStringWithQt(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
-                                  const TXString& text, const TXColor& fill, double angle, double columnSpacing,
-                                  double charSpacing, bool halo, const double& scale);
-
-    bool DrawStringWithCr(double ox, double oy, double left, double right, double top, double bottom,
-                          TXTextVertAlign vAlign, TXTextHorizAlign hAlign, const TXString& text, double angle,
-                          const double& scale);
-    bool DrawStringWithCr(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign, const TXString& text,
-                          double angle, double lineSpacing, const double& scale);
-    bool DrawStringWithCr(double x, double y, double dx, double dy, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
-                          const TXString& text, double angle, const double& scale);
-    bool DrawOutlineStringWithCr(double ox, double oy, double left, double top, TXTextVertAlign vAlign,
-                                 TXTextHorizAlign hAlign, const TXString& text, const TXColor& fill, double angle,
-                                 double lineSpacing, const double& scale);
-    bool DrawOutlineStringWithCr(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
-                                 const TXString& text, const TXColor& fill, double angle, double lineSpacing,
-                                 const double& scale);
-    bool DrawVerticalStringWithCr(double ox, double oy, double left, double top, TXTextVertAlign vAlign,
-                                  TXTextHorizAlign hAlign, const TXString& text, const TXColor& fill, double angle,
-                                  double columnSpacing, double charSpacing, bool halo, const double& scale);
-    bool DrawVerticalStringWithCr(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
-                                  const TXString& text, const TXColor& fill, double angle, double columnSpacing,
-                                  double charSpacing, bool halo, const double& scale);
+    /// Draws a label with the selected font. @return false when there is none, or no painter, or a number is refused.
+    bool DrawStringWithQt(const txqt::QtLabel& label);
+    bool DrawStringWithCr(const txqt::CairoLabel& label, const txqt::CairoTextStyle& style, TXTextHorizAlign hAlign);
+    bool DrawVerticalStringWithCr(const txqt::CairoLabel& label, const txqt::CairoTextStyle& style,
+                                  TXTextVertAlign vAlign);
 
     /// Clips the cairo context as well, where labels are drawn with one.
     void ClipCairo(const TXPoint* points, const int* counts, int parts);
@@ -260,14 +218,6 @@ private:
     template <class DrawInPlace, class DrawPlaced>
     bool PaintImage(const ImageRequest& request, DrawInPlace drawInPlace, DrawPlaced drawPlaced);
 
-    struct CairoLabel;
-    template <class LayOut>
-    bool PaintCairoLabel(const CairoLabel& label, const CairoTextStyle& style, LayOut layOut);
-    bool PaintCairoLines(const CairoLabel& label, const CairoTextStyle& style, TXTextHorizAlign hAlign);
-    bool PaintCairoColumns(const CairoLabel& label, const TXColor& fill, TXTextVertAlign vAlign, bool wantsHalo);
-    CairoTextStyle OrdinaryCairoStyle() const;
-    CairoTextStyle OutlineCairoStyle(const TXColor& fill) const;
-
     QPainter* painter = nullptr;
     TXRefPtr<TXPen> pen;
     TXRefPtr<TXBrush> brush;
@@ -277,16 +227,11 @@ private:
     QPainter* ownPainter = nullptr;
     std::unique_ptr<QPainterPath> path;
     bool cairoEnabled = false;
-    CairoSurface cairoSurface;
-    CairoContext cairoContext;
+    txqt::CairoTarget cairo;
     std::unique_ptr<TZObjects::TXLock> cairoLock;
 
     // The image whose changes the surface follows: the selected one, or the one it was constructed on.
     TZObjects::TXImageQT* target = nullptr;
     // What the own painter painted with when the target's pixels went; empty while it has not lost any.
     std::optional<QPainter::RenderHints> hintsBeforeChange;
-    // Only a context that the switch has made draws with its own font options.
-    bool cairoFontOptionsSet = false;
-    // Cairo objects that CreateCompatibleGraphics has replaced; they end with the surface.
-    std::vector<std::pair<CairoSurface, CairoContext>> replacedCairoObjects;
 };

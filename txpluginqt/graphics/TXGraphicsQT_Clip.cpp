@@ -1,29 +1,16 @@
 // Clipping to polygons. Setting a clip paints it as well.
 #include <txpluginqt/graphics/TXGraphicsQT.h>
 
+#include <txpluginqt/cairo/CairoScopes.h>
 #include <txpluginqt/graphics/GradientBrush.h>
-#include <txpluginqt/graphics/RingShape.h>
+#include <txpluginqt/raster/RingShape.h>
 #include <txpluginqt/support/Conversions.h>
+#include <txpluginqt/support/ScopeGuards.h>
+
+using namespace txqt;
 
 namespace
 {
-
-/// Sets a context's fill rule and puts its own back at the end of the scope.
-class FillRuleScope
-{
-public:
-    FillRuleScope(cairo_t* context, cairo_fill_rule_t rule) : context(context), old(cairo_get_fill_rule(context))
-    {
-        cairo_set_fill_rule(context, rule);
-    }
-    ~FillRuleScope() { cairo_set_fill_rule(context, old); }
-    FillRuleScope(const FillRuleScope&) = delete;
-    FillRuleScope& operator=(const FillRuleScope&) = delete;
-
-private:
-    cairo_t* context;
-    cairo_fill_rule_t old;
-};
 
 /// The region as a path for Qt; empty for none that can clip.
 std::optional<QPainterPath> ClipPath(const TZObjects::TXPoint* points, const int* counts, int parts)
@@ -86,7 +73,7 @@ void TXGraphicsQT::SetClipRegion(const TXPoint* points, const int* counts, int p
 
 void TXGraphicsQT::ClipCairo(const TXPoint* points, const int* counts, int parts)
 {
-    cairo_t* const context = cairoEnabled ? ReadyCairoContext() : nullptr;
+    cairo_t* const context = ReadyCairoContext();
     if (!context)
         return;
     const FillRuleScope fillRule(context, CAIRO_FILL_RULE_EVEN_ODD);
@@ -106,6 +93,6 @@ void TXGraphicsQT::RestoreClipRegion()
     if (!painter)
         return;
     Paint([](QPainter& p) { p.setClipping(false); });
-    if (cairo_t* const context = cairoEnabled ? ReadyCairoContext() : nullptr)
+    if (cairo_t* const context = ReadyCairoContext())
         cairo_reset_clip(context);
 }

@@ -3,12 +3,14 @@
 
 #include <QImage>
 
-#include <txpluginqt/graphics/ImageClip.h>
-#include <txpluginqt/graphics/ScaledImage.h>
+#include <txpluginqt/graphics/ImagePlacement.h>
+#include <txpluginqt/raster/ScaledImage.h>
 #include <txpluginqt/support/Conversions.h>
 #include <txpluginqt/support/Images.h>
+#include <txpluginqt/support/ScopeGuards.h>
 
 using namespace TZObjects;
+using namespace txqt;
 
 namespace
 {
@@ -22,30 +24,6 @@ bool HasRoomFor(const QRect& crop, const QImage& source)
 {
     return source.rect().contains(crop) || crop.isEmpty() || qint64(crop.width()) * crop.height() <= kLargestCrop;
 }
-
-/// Paints with another opacity, and puts the painter's own back unless told to keep the other.
-class OpacityScope
-{
-public:
-    OpacityScope(QPainter& painter, double opacity) : painter(painter), old(painter.opacity())
-    {
-        painter.setOpacity(opacity);
-    }
-    ~OpacityScope()
-    {
-        if (!kept)
-            painter.setOpacity(old);
-    }
-    OpacityScope(const OpacityScope&) = delete;
-    OpacityScope& operator=(const OpacityScope&) = delete;
-
-    void Keep() { kept = true; }
-
-private:
-    QPainter& painter;
-    double old;
-    bool kept = false;
-};
 
 /// Turns the painter about a point.
 void RotateAbout(QPainter& painter, const QPointF& centre, double angle)

@@ -6,14 +6,17 @@
 
 #include <QVarLengthArray>
 
+#include <txpluginqt/cairo/CairoColor.h>
+#include <txpluginqt/cairo/CairoFont.h>
+#include <txpluginqt/cairo/CairoScopes.h>
 #include <txpluginqt/graphics/PainterResources.h>
-#include <txpluginqt/graphics/text/GlyphRun.h>
-#include <txpluginqt/support/CairoColor.h>
-#include <txpluginqt/support/CairoFont.h>
 #include <txpluginqt/support/Conversions.h>
-#include <txpluginqt/support/QtFonts.h>
+#include <txpluginqt/support/ScopeGuards.h>
+#include <txpluginqt/text/GlyphRun.h>
+#include <txpluginqt/text/QtFonts.h>
 
 using namespace TZObjects;
+using namespace txqt;
 
 namespace
 {

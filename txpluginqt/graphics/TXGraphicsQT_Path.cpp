@@ -3,6 +3,8 @@
 
 #include <txpluginqt/support/Numbers.h>
 
+using namespace txqt;
+
 bool TXGraphicsQT::MoveTo(double x, double y)
 {
     return !IsDrawable(x, y) || BuildPath([&](QPainterPath& p) { p.moveTo(x, y); });

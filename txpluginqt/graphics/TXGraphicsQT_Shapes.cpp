@@ -9,10 +9,12 @@
 #include <txbase/TXMathUtil.h>
 #include <txpluginqt/graphics/GradientBrush.h>
 #include <txpluginqt/graphics/PainterResources.h>
-#include <txpluginqt/graphics/RingShape.h>
+#include <txpluginqt/raster/RingShape.h>
 #include <txpluginqt/support/Conversions.h>
+#include <txpluginqt/support/ScopeGuards.h>
 
 using namespace TZObjects;
+using namespace txqt;
 
 namespace
 {

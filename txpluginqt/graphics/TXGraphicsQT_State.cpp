@@ -9,8 +9,10 @@
 #include <txpluginqt/support/Conversions.h>
 #include <txpluginqt/support/ImageFile.h>
 #include <txpluginqt/support/Images.h>
+#include <txpluginqt/support/ScopeGuards.h>
 
 using namespace TZObjects;
+using namespace txqt;
 
 void TXGraphicsQT::SelectPen(TXPen::PenStyle style)
 {
@@ -40,7 +42,7 @@ TXRefPtr<TXFont> TXGraphicsQT::SelectFont(TXRefPtr<TXFont> newFont)
     Paint([&](QPainter& p) { ApplyQFont(p, *newFont); });
     TXRefPtr<TXFont> oldFont = std::exchange(font, newFont);
     if (cairoEnabled)
-        SelectCairoFont();
+        cairo.SelectFont(font.get());
     return oldFont;
 }
 

@@ -1,5 +1,11 @@
-// The public label operations: each chooses its text path, and nothing else.
+// The label operations: each chooses its text path and says what the label is there.
 #include <txpluginqt/graphics/TXGraphicsQT.h>
+
+#include <txpluginqt/text/CairoLabel.h>
+#include <txpluginqt/text/QtFonts.h>
+#include <txpluginqt/text/QtLabel.h>
+
+using namespace txqt;
 
 /// The choice of text path, written once. The overload without an angle stays outside it: it re-enters a public one.
 template <class WithCr, class WithQt>
@@ -11,27 +17,78 @@ bool TXGraphicsQT::OnTextPath(WithCr withCr, WithQt withQt)
     return withCr();
 }
 
-bool TXGraphicsQT::DrawString(double ox, double oy, double left, double right, double top, double bottom,
-                              TXTextVertAlign vAlign, TXTextHorizAlign hAlign, const TXString& text, double angle,
-                              const double& scale)
+bool TXGraphicsQT::DrawStringWithQt(const QtLabel& label)
+{
+    if (!font || !font->GetInternalObject() || !QtTextIsAvailable() || !IsDrawable(label))
+        return false;
+    bool isDrawable = true;
+    const bool isPainted = Paint([&](QPainter& p) { isDrawable = DrawQtLabel(p, *font, label); });
+    return isPainted && isDrawable;
+}
+
+bool TXGraphicsQT::DrawStringWithCr(const CairoLabel& label, const CairoTextStyle& style, TXTextHorizAlign hAlign)
+{
+    cairo_t* const context = ReadyCairoContext();
+    return context && ResultOr(false, [&] { return DrawCairoLines(context, font.get(), label, style, hAlign); });
+}
+
+bool TXGraphicsQT::DrawVerticalStringWithCr(const CairoLabel& label, const CairoTextStyle& style,
+                                            TXTextVertAlign vAlign)
+{
+    cairo_t* const context = ReadyCairoContext();
+    return context && ResultOr(false, [&] { return DrawCairoColumns(context, font.get(), label, style, vAlign); });
+}
+
+bool TXGraphicsQT::DrawString(double ox, double oy, double left, double right, double top, double, TXTextVertAlign,
+                              TXTextHorizAlign hAlign, const TXString& text, double angle, const double& scale)
 {
     return OnTextPath(
-        [&] { return DrawStringWithCr(ox, oy, left, right, top, bottom, vAlign, hAlign, text, angle, scale); },
-        [&] { return DrawStringWithQt(ox, oy, left, right, top, bottom, vAlign, hAlign, text, angle, scale); });
+        [&]
+        {
+            return DrawStringWithCr({TurnedAbout(ox, oy, left, top, angle, scale), text, angle, 0.0, scale},
+                                    OrdinaryCairoStyle(font.get(), pen.get()), hAlign);
+        },
+        [&]
+        {
+            QtLabel label{QtLabelForm::StringInBox, text, {ox, oy}, hAlign, angle, scale};
+            label.corner = {left, top};
+            label.right = right;
+            return DrawStringWithQt(label);
+        });
 }
 
-bool TXGraphicsQT::DrawString(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign, const TXString& text,
+bool TXGraphicsQT::DrawString(double x, double y, TXTextVertAlign, TXTextHorizAlign hAlign, const TXString& text,
                               double angle, double lineSpacing, const double& scale)
 {
-    return OnTextPath([&] { return DrawStringWithCr(x, y, vAlign, hAlign, text, angle, lineSpacing, scale); },
-                      [&] { return DrawStringWithQt(x, y, vAlign, hAlign, text, angle, lineSpacing, scale); });
+    return OnTextPath(
+        [&]
+        {
+            return DrawStringWithCr({TXPoint(x, y), text, angle, lineSpacing, scale},
+                                    OrdinaryCairoStyle(font.get(), pen.get()), hAlign);
+        },
+        [&]
+        {
+            QtLabel label{QtLabelForm::StringAt, text, {x, y}, hAlign, angle, scale};
+            label.spacing = lineSpacing;
+            return DrawStringWithQt(label);
+        });
 }
 
-bool TXGraphicsQT::DrawString(double x, double y, double dx, double dy, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
+bool TXGraphicsQT::DrawString(double x, double y, double dx, double dy, TXTextVertAlign, TXTextHorizAlign hAlign,
                               const TXString& text, double angle, const double& scale)
 {
-    return OnTextPath([&] { return DrawStringWithCr(x, y, dx, dy, vAlign, hAlign, text, angle, scale); },
-                      [&] { return DrawStringWithQt(x, y, dx, dy, vAlign, hAlign, text, angle, scale); });
+    return OnTextPath(
+        [&]
+        {
+            return DrawStringWithCr({TXPoint(x + dx, y + dy), text, angle, 0.0, scale},
+                                    OrdinaryCairoStyle(font.get(), pen.get()), hAlign);
+        },
+        [&]
+        {
+            QtLabel label{QtLabelForm::StringMoved, text, {x, y}, hAlign, angle, scale};
+            label.offset = {dx, dy};
+            return DrawStringWithQt(label);
+        });
 }
 
 bool TXGraphicsQT::DrawString(double x, double y, double dx, double dy, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
@@ -43,24 +100,42 @@ bool TXGraphicsQT::DrawString(double x, double y, double dx, double dy, TXTextVe
     return DrawString(x, y, dx, dy, vAlign, hAlign, text, angle, scale);
 }
 
-bool TXGraphicsQT::DrawOutlineString(double ox, double oy, double left, double top, TXTextVertAlign vAlign,
+bool TXGraphicsQT::DrawOutlineString(double ox, double oy, double left, double top, TXTextVertAlign,
                                      TXTextHorizAlign hAlign, const TXString& text, const TXColor& fill, double angle,
                                      double lineSpacing, const double& scale)
 {
     return OnTextPath(
         [&]
-        { return DrawOutlineStringWithCr(ox, oy, left, top, vAlign, hAlign, text, fill, angle, lineSpacing, scale); },
+        {
+            return DrawStringWithCr({TurnedAbout(ox, oy, left, top, angle, scale), text, angle, lineSpacing, scale},
+                                    OutlineCairoStyle(font.get(), fill), hAlign);
+        },
         [&]
-        { return DrawOutlineStringWithQt(ox, oy, left, top, vAlign, hAlign, text, fill, angle, lineSpacing, scale); });
+        {
+            QtLabel label{QtLabelForm::OutlineAbout, text, {ox, oy}, hAlign, angle, scale};
+            label.corner = {left, top};
+            label.spacing = lineSpacing;
+            label.fill = fill;
+            return DrawStringWithQt(label);
+        });
 }
 
-bool TXGraphicsQT::DrawOutlineString(double x, double y, TXTextVertAlign vAlign, TXTextHorizAlign hAlign,
-                                     const TXString& text, const TXColor& fill, double angle, double lineSpacing,
-                                     const double& scale)
+bool TXGraphicsQT::DrawOutlineString(double x, double y, TXTextVertAlign, TXTextHorizAlign hAlign, const TXString& text,
+                                     const TXColor& fill, double angle, double lineSpacing, const double& scale)
 {
     return OnTextPath(
-        [&] { return DrawOutlineStringWithCr(x, y, vAlign, hAlign, text, fill, angle, lineSpacing, scale); },
-        [&] { return DrawOutlineStringWithQt(x, y, vAlign, hAlign, text, fill, angle, lineSpacing, scale); });
+        [&]
+        {
+            return DrawStringWithCr({TXPoint(x, y), text, angle, lineSpacing, scale},
+                                    OutlineCairoStyle(font.get(), fill), hAlign);
+        },
+        [&]
+        {
+            QtLabel label{QtLabelForm::OutlineAt, text, {x, y}, hAlign, angle, scale};
+            label.spacing = lineSpacing;
+            label.fill = fill;
+            return DrawStringWithQt(label);
+        });
 }
 
 bool TXGraphicsQT::DrawVerticalString(double ox, double oy, double left, double top, TXTextVertAlign vAlign,
@@ -70,13 +145,19 @@ bool TXGraphicsQT::DrawVerticalString(double ox, double oy, double left, double 
     return OnTextPath(
         [&]
         {
-            return DrawVerticalStringWithCr(ox, oy, left, top, vAlign, hAlign, text, fill, angle, columnSpacing,
-                                            charSpacing, halo, scale);
+            return DrawVerticalStringWithCr(
+                {TurnedAbout(ox, oy, left, top, angle, scale), text, angle, columnSpacing, scale},
+                ColumnsCairoStyle(font.get(), fill, halo), vAlign);
         },
         [&]
         {
-            return DrawVerticalStringWithQt(ox, oy, left, top, vAlign, hAlign, text, fill, angle, columnSpacing,
-                                            charSpacing, halo, scale);
+            QtLabel label{QtLabelForm::ColumnsAbout, text, {ox, oy}, hAlign, angle, scale};
+            label.corner = {left, top};
+            label.spacing = columnSpacing;
+            label.charSpacing = charSpacing;
+            label.fill = fill;
+            label.halo = halo;
+            return DrawStringWithQt(label);
         });
 }
 
@@ -85,12 +166,18 @@ bool TXGraphicsQT::DrawVerticalString(double x, double y, TXTextVertAlign vAlign
                                       double charSpacing, bool halo, const double& scale)
 {
     return OnTextPath(
-        [&] {
-            return DrawVerticalStringWithCr(x, y, vAlign, hAlign, text, fill, angle, columnSpacing, charSpacing, halo,
-                                            scale);
+        [&]
+        {
+            return DrawVerticalStringWithCr({TXPoint(x, y), text, angle, columnSpacing, scale},
+                                            ColumnsCairoStyle(font.get(), fill, halo), vAlign);
         },
-        [&] {
-            return DrawVerticalStringWithQt(x, y, vAlign, hAlign, text, fill, angle, columnSpacing, charSpacing, halo,
-                                            scale);
+        [&]
+        {
+            QtLabel label{QtLabelForm::ColumnsAt, text, {x, y}, hAlign, angle, scale};
+            label.spacing = columnSpacing;
+            label.charSpacing = charSpacing;
+            label.fill = fill;
+            label.halo = halo;
+            return DrawStringWithQt(label);
         });
 }

@@ -5,8 +5,10 @@
 
 #include <txpluginqt/support/Conversions.h>
 #include <txpluginqt/support/EnumTable.h>
-#include <txpluginqt/support/Guards.h>
+#include <txpluginqt/support/Failures.h>
 #include <txpluginqt/support/Images.h>
+
+using namespace txqt;
 
 namespace TZObjects
 {

@@ -6,10 +6,12 @@
 #include <QFont>
 
 #include <txgraphics/TXGraphicsEngineManager.h>
-#include <txpluginqt/support/CairoFont.h>
+#include <txpluginqt/cairo/CairoFont.h>
 #include <txpluginqt/support/Conversions.h>
+#include <txpluginqt/support/Failures.h>
 #include <txpluginqt/support/Fonts.h>
-#include <txpluginqt/support/Guards.h>
+
+using namespace txqt;
 
 namespace TZObjects
 {

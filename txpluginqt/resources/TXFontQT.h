@@ -5,7 +5,7 @@
 #include <QString>
 
 #include <txgraphics/TXFont.h>
-#include <txpluginqt/support/CairoHandles.h>
+#include <txpluginqt/cairo/CairoHandles.h>
 
 class QFont;
 
@@ -66,9 +66,9 @@ public:
     double GetMaxCharWidthOfText(const TXString& text, bool useQt) const override;
 
 private:
-    struct KeptMetrics;
+    struct CachedMetrics;
     /// Height, ascent and descent as Qt has them, computed anew when the font or the fonts of the process have changed.
-    const KeptMetrics& Metrics() const;
+    const CachedMetrics& Metrics() const;
     QFont* Font() const;
     bool CanMeasureWithQt() const;
 
@@ -81,8 +81,8 @@ private:
     TXString name;
     QString nameInFont; ///< The face that `name` stands for.
     TXColor haloColor;
-    CairoContext measureContext;
-    mutable std::shared_ptr<const KeptMetrics> keptMetrics;
+    txqt::CairoContext measureContext;
+    mutable std::shared_ptr<const CachedMetrics> cachedMetrics;
 };
 
 } // namespace TZObjects

@@ -10,15 +10,17 @@
 #include <QFontMetricsF>
 #include <QStringList>
 
-#include <txpluginqt/graphics/text/RichTextTags.h>
-#include <txpluginqt/support/CairoFont.h>
-#include <txpluginqt/support/CairoFontLock.h>
+#include <txpluginqt/cairo/CairoFont.h>
+#include <txpluginqt/cairo/CairoFontLock.h>
+#include <txpluginqt/raster/FontState.h>
 #include <txpluginqt/support/Conversions.h>
-#include <txpluginqt/support/FontState.h>
-#include <txpluginqt/support/Guards.h>
-#include <txpluginqt/support/LabelCache.h>
-#include <txpluginqt/support/QtFonts.h>
-#include <txpluginqt/support/RichTextDocument.h>
+#include <txpluginqt/support/Failures.h>
+#include <txpluginqt/text/LabelCache.h>
+#include <txpluginqt/text/QtFonts.h>
+#include <txpluginqt/text/RichTextDocument.h>
+#include <txpluginqt/text/RichTextTags.h>
+
+using namespace txqt;
 
 namespace TZObjects
 {
@@ -28,13 +30,23 @@ namespace
 QSizeF RichExtent(const QString& html, const QFont& font) { return RichTextDocument(html, font).size(); }
 
 /// What the two variants of each operation measure with Qt.
-enum class Measured : qint64
+enum class Measured
 {
     Line,
     LineInWholeUnits,
     Block,
     BlockInWholeUnits,
     WidestCharacter,
+};
+
+/// What an extent depends on besides the font and the text.
+struct MeasureDetail
+{
+    Measured what;
+
+    bool operator==(const MeasureDetail& other) const { return what == other.what; }
+    std::size_t Hash() const { return static_cast<std::size_t>(what); }
+    static std::size_t Bytes() { return 0; }
 };
 
 /// Whatever was measured.
@@ -48,17 +60,17 @@ struct Extent
     static std::size_t Bytes() { return sizeof(Extent); }
 };
 
-/// Measures a label that has not been converted to HTML yet, unless the same was measured before: a host measures its
-/// labels to place them, frame after frame.
+/// Measures a label that has not been converted to HTML yet, or finds what the same measured before: a host measures
+/// its labels to place them, frame after frame.
 template <class Measure>
-Extent Kept(const QFont& font, const TXString& text, Measured what, Measure measure)
+Extent Cached(const QFont& font, const TXString& text, Measured what, Measure measure)
 {
     QString label = ToQString(text);
     LabelCache& cache = LabelCache::OfThread();
-    // Measuring is nearly as cheap as keeping, and hosts measure many names that they do not draw.
-    if (!cache.WasSeen(font, label, static_cast<int>(what)))
+    // Measuring is nearly as cheap as caching, and hosts measure many names that they do not draw.
+    if (!cache.SeenBefore(font, label, static_cast<int>(what)))
         return measure(std::move(label));
-    return *cache.Get<Extent>(font, label, {static_cast<qint64>(what)}, [&] { return measure(label); });
+    return *cache.Get<Extent>(font, label, MeasureDetail{what}, [&] { return measure(label); });
 }
 
 /// Half up, the way whole units are asked for; sizes are not negative.
@@ -134,9 +146,9 @@ Extent QtBlockExtentInWholeUnits(QString label, const QFont& font)
 
 } // namespace
 
-struct TXFontQT::KeptMetrics
+struct TXFontQT::CachedMetrics
 {
-    KeptMetrics(const QFont& measured, unsigned generation)
+    CachedMetrics(const QFont& measured, unsigned generation)
         : font(measured), dotsPerInch(DotsPerInch(measured)), generation(generation)
     {
         const QFontMetricsF metrics(font);
@@ -166,19 +178,19 @@ bool TXFontQT::GetTextExtent(const TXString& text, double& textWidth, double& te
                 return;
             }
             const Extent extent =
-                Kept(*Font(), text, Measured::Line,
-                     [&](QString label)
-                     {
-                         ConvertRichTextTags(label);
-                         if (IsRichText(label))
-                         {
-                             const QSizeF size = RichExtent(label, *Font());
-                             return Extent{size.width(), size.height()};
-                         }
-                         const QFontMetricsF metrics(*Font());
-                         const QRectF bounds = metrics.boundingRect(label);
-                         return Extent{std::max(metrics.horizontalAdvance(label), bounds.width()), bounds.height()};
-                     });
+                Cached(*Font(), text, Measured::Line,
+                       [&](QString label)
+                       {
+                           ConvertRichTextTags(label);
+                           if (IsRichText(label))
+                           {
+                               const QSizeF size = RichExtent(label, *Font());
+                               return Extent{size.width(), size.height()};
+                           }
+                           const QFontMetricsF metrics(*Font());
+                           const QRectF bounds = metrics.boundingRect(label);
+                           return Extent{std::max(metrics.horizontalAdvance(label), bounds.width()), bounds.height()};
+                       });
             textWidth = extent.width;
             textHeight = extent.height;
         });
@@ -198,20 +210,20 @@ bool TXFontQT::GetTextExtent(const TXString& text, int& textWidth, int& textHeig
                 return;
             }
             const Extent extent =
-                Kept(*Font(), text, Measured::LineInWholeUnits,
-                     [&](QString label)
-                     {
-                         ConvertRichTextTags(label);
-                         if (IsRichText(label))
-                         {
-                             const QSizeF size = RichExtent(label, *Font());
-                             return Extent{double(Rounded(size.width())), double(Rounded(size.height()))};
-                         }
-                         // The advance alone: unlike in the other variant the bounds do not widen it.
-                         const QFontMetrics metrics(*Font());
-                         return Extent{double(metrics.horizontalAdvance(label)),
-                                       double(metrics.boundingRect(label).height())};
-                     });
+                Cached(*Font(), text, Measured::LineInWholeUnits,
+                       [&](QString label)
+                       {
+                           ConvertRichTextTags(label);
+                           if (IsRichText(label))
+                           {
+                               const QSizeF size = RichExtent(label, *Font());
+                               return Extent{double(Rounded(size.width())), double(Rounded(size.height()))};
+                           }
+                           // The advance alone: unlike in the other variant the bounds do not widen it.
+                           const QFontMetrics metrics(*Font());
+                           return Extent{double(metrics.horizontalAdvance(label)),
+                                         double(metrics.boundingRect(label).height())};
+                       });
             textWidth = static_cast<int>(extent.width);
             textHeight = static_cast<int>(extent.height);
         });
@@ -226,8 +238,8 @@ bool TXFontQT::GetMultiTextExtent(const TXString& text, double& textWidth, doubl
     return Succeeds(
         [&]
         {
-            const Extent block = useQt ? Kept(*Font(), text, Measured::Block,
-                                              [&](QString label) { return QtBlockExtent(std::move(label), *Font()); })
+            const Extent block = useQt ? Cached(*Font(), text, Measured::Block,
+                                                [&](QString label) { return QtBlockExtent(std::move(label), *Font()); })
                                        : CairoBlockExtent(measureContext.get(), text, GetWordSpacing());
             textWidth = block.width;
             textHeight = block.height;
@@ -244,8 +256,8 @@ bool TXFontQT::GetMultiTextExtent(const TXString& text, int& textWidth, int& tex
         [&]
         {
             const Extent block =
-                useQt ? Kept(*Font(), text, Measured::BlockInWholeUnits,
-                             [&](QString label) { return QtBlockExtentInWholeUnits(std::move(label), *Font()); })
+                useQt ? Cached(*Font(), text, Measured::BlockInWholeUnits,
+                               [&](QString label) { return QtBlockExtentInWholeUnits(std::move(label), *Font()); })
                       : CairoBlockExtent(measureContext.get(), text, GetWordSpacing());
             textWidth = Truncated(block.width);
             textHeight = Truncated(block.height);
@@ -266,7 +278,7 @@ void TXFontQT::GetFontMetricsInfo(double& height, double& ascent, double& descen
         Succeeds(
             [&]
             {
-                const KeptMetrics& metrics = Metrics();
+                const CachedMetrics& metrics = Metrics();
                 height = metrics.exact.height;
                 ascent = metrics.exact.ascent;
                 descent = metrics.exact.descent;
@@ -288,7 +300,7 @@ void TXFontQT::GetFontMetricsInfo(int& height, int& ascent, int& descent, bool u
         Succeeds(
             [&]
             {
-                const KeptMetrics& metrics = Metrics();
+                const CachedMetrics& metrics = Metrics();
                 height = static_cast<int>(metrics.whole.height);
                 ascent = static_cast<int>(metrics.whole.ascent);
                 descent = static_cast<int>(metrics.whole.descent);
@@ -308,28 +320,29 @@ double TXFontQT::GetMaxCharWidthOfText(const TXString& text, bool useQt) const
                         // An average, where Qt's path answers with the widest character.
                         if (!useQt)
                             return TextWidth(measureContext.get(), text) / text.length();
-                        return Kept(*Font(), text, Measured::WidestCharacter,
-                                    [&](const QString& label)
-                                    {
-                                        const QFontMetricsF metrics(*Font());
-                                        Extent widest;
-                                        for (const QChar character : label)
-                                            widest.width = std::max(widest.width, metrics.horizontalAdvance(character));
-                                        return widest;
-                                    })
+                        return Cached(*Font(), text, Measured::WidestCharacter,
+                                      [&](const QString& label)
+                                      {
+                                          const QFontMetricsF metrics(*Font());
+                                          Extent widest;
+                                          for (const QChar character : label)
+                                              widest.width =
+                                                  std::max(widest.width, metrics.horizontalAdvance(character));
+                                          return widest;
+                                      })
                             .width;
                     });
 }
 
-const TXFontQT::KeptMetrics& TXFontQT::Metrics() const
+const TXFontQT::CachedMetrics& TXFontQT::Metrics() const
 {
     const unsigned generation = LabelCache::FontGeneration();
     // While the font is there, Qt does not look at substitutes again.
-    const bool isKept = keptMetrics && keptMetrics->generation == generation &&
-                        keptMetrics->dotsPerInch == DotsPerInch(*Font()) && keptMetrics->font == *Font();
-    if (!isKept)
-        keptMetrics = std::make_shared<const KeptMetrics>(*Font(), generation);
-    return *keptMetrics;
+    const bool isCurrent = cachedMetrics && cachedMetrics->generation == generation &&
+                           cachedMetrics->dotsPerInch == DotsPerInch(*Font()) && cachedMetrics->font == *Font();
+    if (!isCurrent)
+        cachedMetrics = std::make_shared<const CachedMetrics>(*Font(), generation);
+    return *cachedMetrics;
 }
 
 bool TXFontQT::CanMeasureWithQt() const { return Font() && QtTextIsAvailable(); }

@@ -11,13 +11,15 @@
 
 #include <txgraphics/TXGraphicsEngineManager.h>
 #include <txpluginqt/support/Conversions.h>
-#include <txpluginqt/support/Guards.h>
+#include <txpluginqt/support/Failures.h>
 #include <txpluginqt/support/ImageFile.h>
 #include <txpluginqt/support/Images.h>
 
 // Present in programs that look for leaks, absent in all others.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the name is the leak checker's own.
 extern "C" void __lsan_ignore_object(const void* object) __attribute__((weak));
+
+using namespace txqt;
 
 namespace TZObjects
 {
@@ -109,10 +111,10 @@ bool TXImageQT::CreateCompatibleImage(const char* path)
         return true;
     }
     // The empty image of a failed attempt is not freed; it has always been so, and it holds no pixels.
-    const QImage* const kept = loaded.release();
+    const QImage* const lost = loaded.release();
     if (__lsan_ignore_object)
-        __lsan_ignore_object(kept);
-    return false;
+        __lsan_ignore_object(lost);
+    return false; // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 }
 
 bool TXImageQT::CreateCompatibleImage(TXGraphics*, const int& width, const int& height)

@@ -8,7 +8,9 @@
 
 #include <txpluginqt/support/Conversions.h>
 #include <txpluginqt/support/EnumTable.h>
-#include <txpluginqt/support/Guards.h>
+#include <txpluginqt/support/Failures.h>
+
+using namespace txqt;
 
 namespace TZObjects
 {

@@ -5,6 +5,8 @@
 #include <txpluginqt/resources/GradientStops.h>
 #include <txpluginqt/support/Conversions.h>
 
+using namespace txqt;
+
 namespace TZObjects
 {
 

@@ -13,6 +13,9 @@
 #include <txbase/TXString.h>
 #include <txpluginqt/support/Numbers.h>
 
+namespace txqt
+{
+
 /// By channels, alpha kept.
 inline QColor ToQColor(const TZObjects::TXColor& color)
 {
@@ -51,3 +54,5 @@ static_assert(sizeof(TZObjects::TXPoint) == sizeof(QPointF) && std::is_standard_
 
 /// The host's own array, for Qt to read.
 inline const QPointF* AsQPoints(const TZObjects::TXPoint* points) { return reinterpret_cast<const QPointF*>(points); }
+
+} // namespace txqt

@@ -2,6 +2,9 @@
 
 #include <cstddef>
 
+namespace txqt
+{
+
 /// One line of a table that translates between an enumeration of the interface and one of the backend.
 template <class Host, class Backend>
 struct EnumRow
@@ -29,3 +32,5 @@ constexpr Host ToHost(const EnumRow<Host, Backend> (&table)[N], Backend backend,
             return row.host;
     return fallback;
 }
+
+} // namespace txqt

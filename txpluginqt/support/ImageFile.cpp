@@ -5,6 +5,9 @@
 #include <QImageWriter>
 #include <QSaveFile>
 
+namespace txqt
+{
+
 bool WriteImageFile(const QImage& image, const QString& path)
 {
     const QFileInfo info(path);
@@ -25,3 +28,5 @@ bool WriteImageFile(const QImage& image, const QString& path)
         file.cancelWriting();
     return file.commit();
 }
+
+} // namespace txqt

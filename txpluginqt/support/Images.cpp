@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace txqt
+{
 namespace
 {
 
@@ -68,3 +70,5 @@ QImage PartOf(const QImage& image, const QRect& part)
         image.constScanLine(part.y()) + static_cast<std::ptrdiff_t>(part.x()) * (image.depth() / 8);
     return QImage(first, part.width(), part.height(), image.bytesPerLine(), image.format());
 }
+
+} // namespace txqt

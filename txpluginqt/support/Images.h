@@ -5,6 +5,9 @@
 
 #include <txgraphics/TXImage.h>
 
+namespace txqt
+{
+
 /// An image's object of Qt; null for no image and for one without pixels.
 inline QImage* PixelsOf(const TZObjects::TXImage* image)
 {
@@ -45,3 +48,5 @@ private:
 
 /// What `QImage::copy` gives for @p part, on the same pixels where possible. The image must outlive the result.
 QImage PartOf(const QImage& image, const QRect& part);
+
+} // namespace txqt

@@ -8,6 +8,9 @@
 
 #include <txbase/TXPoint.h>
 
+namespace txqt
+{
+
 /// The farthest from 0 that an integer handed to Qt may lie: Qt adds a position and a size, or doubles a radius, in
 /// int.
 constexpr int kLargestInt = (1 << 30) - 1;
@@ -65,3 +68,5 @@ inline bool AreDrawable(const TZObjects::TXPoint* points, long long count)
         signs |= (largest - (BitsOf(points[i].x) & magnitude)) | (largest - (BitsOf(points[i].y) & magnitude));
     return signs >= 0;
 }
+
+} // namespace txqt

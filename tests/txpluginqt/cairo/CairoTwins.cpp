@@ -2,8 +2,8 @@
 
 #include <cstring>
 
-#include "../../support/ImageCompare.h"
-#include "../../support/Twins.h"
+#include <tests/support/ImageCompare.h>
+#include <tests/support/Twins.h>
 
 using namespace TZObjects;
 

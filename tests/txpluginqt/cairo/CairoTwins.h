@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 #include <txgraphics/txgraphics.h>
 
-#include "../../support/TestEngine.h"
+#include <tests/support/TestEngine.h>
 
 /// A test that fails when Qt prints anything, and that leaves the engine manager as it was.
 class SilentTest : public ::testing::Test

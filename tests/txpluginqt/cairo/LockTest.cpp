@@ -1,7 +1,7 @@
 // One label at a time on a surface while it draws through cairo, and no lock at all while it does not.
-#include "Entries.h"
 #include "FontDouble.h"
 #include "OtherThread.h"
+#include <tests/txpluginqt/text/cairo/Entries.h>
 
 using namespace TZObjects;
 

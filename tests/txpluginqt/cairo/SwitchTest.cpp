@@ -1,6 +1,6 @@
 // Switching cairo drawing on and off, and what the cairo context takes over from the surface.
-#include "../../support/ImageCompare.h"
-#include "Entries.h"
+#include <tests/support/ImageCompare.h>
+#include <tests/txpluginqt/text/cairo/Entries.h>
 
 using namespace TZObjects;
 

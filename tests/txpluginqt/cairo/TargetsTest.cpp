@@ -4,8 +4,8 @@
 
 #include <QBuffer>
 
-#include "../../support/ImageCompare.h"
-#include "Entries.h"
+#include <tests/support/ImageCompare.h>
+#include <tests/txpluginqt/text/cairo/Entries.h>
 
 using namespace TZObjects;
 

@@ -2,6 +2,8 @@
 
 #include <txpluginqt/support/EnumTable.h>
 
+using namespace txqt;
+
 namespace
 {
 

@@ -10,6 +10,8 @@
 
 using TZObjects::TXPoint;
 
+using namespace txqt;
+
 namespace
 {
 

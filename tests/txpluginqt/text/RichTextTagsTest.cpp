@@ -4,10 +4,12 @@
 #include <QString>
 
 #include <gtest/gtest.h>
-#include <txpluginqt/graphics/text/RichTextTags.h>
+#include <txpluginqt/text/RichTextTags.h>
 
 #include "NaiveTags.h"
 #include <tests/support/AllocationCount.h>
+
+using namespace txqt;
 
 namespace
 {

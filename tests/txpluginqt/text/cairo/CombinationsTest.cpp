@@ -1,0 +1,164 @@
+// Every label operation over many combinations of its arguments with fonts, pens and image formats.
+#include <random>
+
+#include "Entries.h"
+#include <tests/support/ImageCompare.h>
+#include <tests/support/PainterState.h>
+
+using namespace TZObjects;
+
+namespace
+{
+
+constexpr int kCombinations = 1000;
+
+/// Picks the same values in every run, on every platform.
+class Picker
+{
+public:
+    explicit Picker(unsigned seed) : engine(seed) {}
+
+    int Below(int limit) { return static_cast<int>(engine() % static_cast<unsigned>(limit)); }
+    bool Coin() { return Below(2) == 1; }
+    /// In steps of a sixteenth.
+    double Between(int low, int high) { return low + Below((high - low) * 16) / 16.0; }
+
+    template <class T, std::size_t count>
+    const T& From(const T (&values)[count])
+    {
+        return values[Below(static_cast<int>(count))];
+    }
+
+    TXColor Color()
+    {
+        const int alpha[] = {255, 255, 128, 40, 0};
+        return TXColor(Below(256), Below(256), Below(256), From(alpha));
+    }
+
+private:
+    std::mt19937 engine;
+};
+
+std::wstring LongText(bool several)
+{
+    std::wstring text;
+    for (int i = 0; i < 2000; ++i)
+        text += several && i % 90 == 89 ? L'\n' : static_cast<wchar_t>(L'!' + i % 90);
+    return text;
+}
+
+TXString Text(Picker& picker)
+{
+    static const std::wstring texts[] = {
+        L"Hamburg",
+        L"Ab\nlonger line\nc",
+        L"Ajgy\nW\nil",
+        L"",
+        L"a\n\nb",
+        L"end\n",
+        L"\nstart",
+        L"\n",
+        L"<BOL>Main</BOL> <und>St</und>",
+        L"<ITA>x\ny</ITA>",
+        L"\u6771\u4eac\u90fd\n\u5927\u962a",
+        L"\u5317\u4eac",
+        L"\u0645\u0631\u062d\u0628\u0627",
+        L"\U0001F600 ok",
+        L"f\U0001F3E1\nh",
+        std::wstring{L'x', wchar_t(0xD800), L'y'},
+        std::wstring{wchar_t(0xDC00), L'\n', L'z'},
+        std::wstring(L"a\0b", 3),
+        L"e\u0301a\u0308",
+        L"a b  c",
+        L"tab\there\r\nthere",
+        L".",
+    };
+    const int choice = picker.Below(40);
+    if (choice == 0)
+        return LongText(false);
+    if (choice == 1)
+        return LongText(true);
+    return picker.From(texts);
+}
+
+Look PickLook(Picker& picker)
+{
+    const char* const families[] = {"DejaVu Sans", "DejaVu Sans", "DejaVu Serif", "WenQuanYi Micro Hei"};
+    const int heights[] = {9, 14, 20, 27};
+    const double spacings[] = {0.0, 0.0, 3.5, 1.0, -1.25, -40.0};
+    const int haloWidths[] = {1, 2, 5, 0};
+    const int angles[] = {0, 30, 90, -45, 359};
+    Look look;
+    look.family = picker.From(families);
+    look.height = picker.From(heights);
+    look.bold = picker.Coin();
+    look.italics = static_cast<TXFont::TXItalicMode>(picker.Below(3));
+    look.underline = picker.Coin();
+    look.strikeOut = picker.Coin();
+    look.halo = picker.Coin();
+    look.haloWidth = picker.From(haloWidths);
+    look.haloColor = picker.Color();
+    look.spacing = picker.From(spacings);
+    look.angle = picker.From(angles);
+    look.pen = picker.Color();
+    return look;
+}
+
+LabelCall PickCall(Picker& picker)
+{
+    const int aligns[] = {1, 2, 3, 0};
+    const double angles[] = {0.0, 30.0, 90.0, -45.0, 359.5};
+    const double lineSpacings[] = {0.0, 4.0, -3.0};
+    const double scales[] = {1.0, 1.0, 0.5, 2.0, 0.001};
+    LabelCall call;
+    call.ox = picker.Between(10, 110);
+    call.oy = picker.Between(5, 80);
+    call.left = picker.Between(-5, 60);
+    call.top = picker.Between(-5, 60);
+    call.vAlign = static_cast<TXGraphics::TXTextVertAlign>(1 + picker.Below(3));
+    call.hAlign = static_cast<TXGraphics::TXTextHorizAlign>(picker.From(aligns));
+    call.text = Text(picker);
+    call.fill = picker.Color();
+    call.angle = picker.From(angles);
+    call.lineSpacing = picker.From(lineSpacings);
+    call.unusedSpacing = picker.Between(0, 20);
+    call.halo = picker.Coin();
+    call.scale = picker.From(scales);
+    return call;
+}
+
+class Combinations : public SilentTest, public ::testing::WithParamInterface<int>
+{
+};
+
+TEST_P(Combinations, AreDrawnAsDirectly)
+{
+    const Entry& entry = kEntries[GetParam()];
+    CairoTwins premultiplied(Look(), TXImage::Format_ARGB32_Premultiplied);
+    CairoTwins plain(Look(), TXImage::Format_ARGB32);
+    int inked = 0;
+    for (int i = 0; i < kCombinations && !HasFailure(); ++i)
+    {
+        Picker picker(static_cast<unsigned>(GetParam() * 10000 + i));
+        CairoTwins& twins = i % 2 ? plain : premultiplied;
+        const Look look = PickLook(picker);
+        const LabelCall call = PickCall(picker);
+        twins.Select(look);
+        twins.Wipe();
+        const PainterState before(twins.SurfacePainter());
+
+        EXPECT_TRUE(entry.draw(twins.Surface(), call));
+
+        inked += !twins.Untouched();
+        entry.expect(twins.Direct(), call, look);
+        EXPECT_TRUE(twins.Same()) << "combination " << i << ", " << entry << ": " << call << "; " << look;
+        EXPECT_TRUE(SameState(PainterState(twins.SurfacePainter()), before));
+    }
+    // Otherwise the comparison would have compared backgrounds.
+    EXPECT_GT(inked, kCombinations / 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Entries, Combinations, ::testing::Range(0, 8),
+                         [](const ::testing::TestParamInfo<int>& entry) { return kEntries[entry.param].name; });
+
+} // namespace
