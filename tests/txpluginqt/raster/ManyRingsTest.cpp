@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <tests/support/Drawn.h>
 #include <tests/support/ImageCompare.h>
+#include <tests/support/Twins.h>
 #include <txpluginqt/raster/InkReach.h>
 #include <txpluginqt/raster/RingGroups.h>
 #include <txpluginqt/raster/RingShape.h>

@@ -6,6 +6,7 @@
 #include <tests/support/ChildProcess.h>
 
 #include "CacheSize.h"
+#include "NumbersDetail.h"
 
 using namespace txqt;
 
@@ -22,7 +23,7 @@ bool Hits()
     bool made = false;
     QFont font("DejaVu Sans");
     font.setPixelSize(20);
-    LabelCache::OfThread().Get<Value>(font, "text", {},
+    LabelCache::OfThread().Get<Value>(font, "text", NumbersDetail(),
                                       [&]
                                       {
                                           made = true;

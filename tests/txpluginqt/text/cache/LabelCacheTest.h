@@ -1,13 +1,12 @@
 #pragma once
 
-#include <vector>
-
 #include <QFont>
 
 #include <tests/support/QuietTest.h>
 #include <txpluginqt/text/LabelCache.h>
 
 #include "CacheSize.h"
+#include "NumbersDetail.h"
 
 /// A value that says of itself how large it is.
 struct Sized
@@ -23,22 +22,6 @@ struct OtherKind
     int number = 0;
 
     static std::size_t Bytes() { return 8; }
-};
-
-/// Numbers that a value depends on.
-struct NumbersDetail
-{
-    std::vector<qint64> numbers;
-
-    bool operator==(const NumbersDetail& other) const { return numbers == other.numbers; }
-    std::size_t Hash() const
-    {
-        std::size_t hash = 0;
-        for (const qint64 number : numbers)
-            txqt::CombineHash(hash, static_cast<std::size_t>(number));
-        return hash;
-    }
-    std::size_t Bytes() const { return numbers.capacity() * sizeof(qint64); }
 };
 
 /// What no entry without a text takes more of beside its value.
