@@ -60,7 +60,7 @@ protected:
         else if (kind <= 65)
             twins.Flood();
         else
-            twins.Label(SomeLabel(random), kEntries[random.Int(0, 7)]);
+            twins.Label(SomeLabel(random), random.OneOf(kEntries));
     }
 
     /// What a label looks like on white, with a clip or without.
@@ -88,7 +88,7 @@ TEST_F(CairoClipTest, LabelsAreClippedAsDirectCairoDoes)
             const Rings region = SomeRegion(random);
             twins.Clip(region);
             ASSERT_TRUE(twins.Untouched());
-            twins.Label(SomeLabel(random), kEntries[random.Int(0, 7)]);
+            twins.Label(SomeLabel(random), random.OneOf(kEntries));
             ASSERT_TRUE(twins.Same()) << "format " << format << ", case " << i;
             inked += !twins.Untouched();
         }

@@ -75,7 +75,7 @@ TEST_F(CairoMarkersAndLabelsTest, InAnyOrderAreDrawnAsCairoDrawsThem)
         symbol.y = random.Real(10.0, 130.0);
         symbol.angle = call.angle = random.Real(-90.0, 90.0);
         symbol.height = random.Real(7.0, 30.0);
-        symbol.fontName = families[random.Int(0, 3)];
+        symbol.fontName = random.OneOf(families);
         symbol.character = static_cast<short>(random.Chance(10) ? 0xD800 : random.Int(0x25A0, 0x25CF));
         call.ox = random.Real(10.0, 150.0);
         if (random.Chance(10))
@@ -85,7 +85,7 @@ TEST_F(CairoMarkersAndLabelsTest, InAnyOrderAreDrawnAsCairoDrawsThem)
             twins.Select(look);
         }
         if (random.Chance(40))
-            DrawLabel(kEntries[random.Int(0, 7)]);
+            DrawLabel(random.OneOf(kEntries));
         else
             EXPECT_TRUE(twins.Draw(symbol, look)) << symbol;
         ASSERT_TRUE(twins.Same()) << "step " << i;

@@ -122,7 +122,7 @@ TEST_F(CachedOutlinesTest, WhatLabelsShareIsWhatQtWouldDrawForEach)
         font.setUnderline(random.Chance(10));
         font.setOverline(random.Chance(5));
         font.setStrikeOut(random.Chance(5));
-        const QString text = texts[random.Int(0, 4)];
+        const QString text = random.OneOf(texts);
         // Two places in the same 64th, or about its border.
         const double part = random.Int(-5 * 64, 60 * 64) / 64.0;
         const auto near = [&]() -> double

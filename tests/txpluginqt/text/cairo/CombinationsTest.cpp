@@ -1,9 +1,8 @@
 // Every label operation over many combinations of its arguments with fonts, pens and image formats.
-#include <random>
-
 #include "Entries.h"
 #include <tests/support/ImageCompare.h>
 #include <tests/support/PainterState.h>
+#include <tests/support/RandomSource.h>
 
 using namespace TZObjects;
 
@@ -12,31 +11,21 @@ namespace
 
 constexpr int kCombinations = 1000;
 
-/// Picks the same values in every run, on every platform.
-class Picker
+/// Picks parts of a label.
+class Picker : public RandomSource
 {
 public:
-    explicit Picker(unsigned seed) : engine(seed) {}
+    using RandomSource::RandomSource;
 
-    int Below(int limit) { return static_cast<int>(engine() % static_cast<unsigned>(limit)); }
     bool Coin() { return Below(2) == 1; }
     /// In steps of a sixteenth.
     double Between(int low, int high) { return low + Below((high - low) * 16) / 16.0; }
 
-    template <class T, std::size_t count>
-    const T& From(const T (&values)[count])
-    {
-        return values[Below(static_cast<int>(count))];
-    }
-
     TXColor Color()
     {
         const int alpha[] = {255, 255, 128, 40, 0};
-        return TXColor(Below(256), Below(256), Below(256), From(alpha));
+        return TXColor(Below(256), Below(256), Below(256), OneOf(alpha));
     }
-
-private:
-    std::mt19937 engine;
 };
 
 std::wstring LongText(bool several)
@@ -78,7 +67,7 @@ TXString Text(Picker& picker)
         return LongText(false);
     if (choice == 1)
         return LongText(true);
-    return picker.From(texts);
+    return picker.OneOf(texts);
 }
 
 Look PickLook(Picker& picker)
@@ -89,17 +78,17 @@ Look PickLook(Picker& picker)
     const int haloWidths[] = {1, 2, 5, 0};
     const int angles[] = {0, 30, 90, -45, 359};
     Look look;
-    look.family = picker.From(families);
-    look.height = picker.From(heights);
+    look.family = picker.OneOf(families);
+    look.height = picker.OneOf(heights);
     look.bold = picker.Coin();
     look.italics = static_cast<TXFont::TXItalicMode>(picker.Below(3));
     look.underline = picker.Coin();
     look.strikeOut = picker.Coin();
     look.halo = picker.Coin();
-    look.haloWidth = picker.From(haloWidths);
+    look.haloWidth = picker.OneOf(haloWidths);
     look.haloColor = picker.Color();
-    look.spacing = picker.From(spacings);
-    look.angle = picker.From(angles);
+    look.spacing = picker.OneOf(spacings);
+    look.angle = picker.OneOf(angles);
     look.pen = picker.Color();
     return look;
 }
@@ -116,14 +105,14 @@ LabelCall PickCall(Picker& picker)
     call.left = picker.Between(-5, 60);
     call.top = picker.Between(-5, 60);
     call.vAlign = static_cast<TXGraphics::TXTextVertAlign>(1 + picker.Below(3));
-    call.hAlign = static_cast<TXGraphics::TXTextHorizAlign>(picker.From(aligns));
+    call.hAlign = static_cast<TXGraphics::TXTextHorizAlign>(picker.OneOf(aligns));
     call.text = Text(picker);
     call.fill = picker.Color();
-    call.angle = picker.From(angles);
-    call.lineSpacing = picker.From(lineSpacings);
+    call.angle = picker.OneOf(angles);
+    call.lineSpacing = picker.OneOf(lineSpacings);
     call.unusedSpacing = picker.Between(0, 20);
     call.halo = picker.Coin();
-    call.scale = picker.From(scales);
+    call.scale = picker.OneOf(scales);
     return call;
 }
 
