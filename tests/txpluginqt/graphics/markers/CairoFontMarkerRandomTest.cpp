@@ -39,8 +39,8 @@ short SomeCharacter(Random& random)
     return static_cast<short>(random.OneOf(units));
 }
 
-constexpr const char* kFamilies[] = {"DejaVu Sans", "DejaVu Sans Mono", "DejaVu Serif", "WenQuanYi Micro Hei",
-                                     "No Such Face"};
+constexpr const wchar_t* kFamilies[] = {L"DejaVu Sans", L"DejaVu Sans Mono", L"DejaVu Serif", L"WenQuanYi Micro Hei",
+                                        L"No Such Face"};
 
 Look SomeLook(Random& random)
 {
@@ -48,10 +48,10 @@ Look SomeLook(Random& random)
     look.family = random.OneOf(kFamilies);
     look.height = random.Int(5, 40);
     look.bold = random.Chance(40);
-    look.italics = static_cast<TXFont::TXItalicMode>(random.Int(0, 2));
+    look.italic = static_cast<TXFont::TXItalicMode>(random.Int(0, 2));
     look.underline = random.Chance(20);
     look.halo = random.Chance(20);
-    look.spacing = random.Chance(20) ? 3.5 : 0.0;
+    look.letterSpacing = random.Chance(20) ? 3.5 : 0.0;
     look.pen = random.Color();
     return look;
 }
@@ -64,12 +64,12 @@ CharacterSymbol SomeSymbol(Random& random)
     symbol.width = random.Real(-5.0, 50.0);
     symbol.height = SomeHeight(random);
     symbol.angle = SomeAngle(random);
-    symbol.fontName = random.Chance(5) ? L"" : QString(random.OneOf(kFamilies)).toStdWString();
+    symbol.fontName = random.Chance(5) ? L"" : random.OneOf(kFamilies);
     symbol.character = SomeCharacter(random);
     return symbol;
 }
 
-class CairoFontMarkerRandomTest : public SilentTest
+class CairoFontMarkerRandomTest : public QuietTest
 {
 };
 
