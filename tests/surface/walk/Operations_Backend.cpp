@@ -11,7 +11,7 @@ namespace
 /// A join with mitres, and how far they may reach; a negative limit is none that Qt ever sets by itself.
 std::tuple<Qt::PenJoinStyle, double> SomeMiter(Random& r)
 {
-    const Qt::PenJoinStyle join = OneOf(r, {Qt::MiterJoin, Qt::MiterJoin, Qt::SvgMiterJoin});
+    const Qt::PenJoinStyle join = r.OneOf({Qt::MiterJoin, Qt::MiterJoin, Qt::SvgMiterJoin});
     return {join, r.Chance(50) ? r.Real(-6.0, 0.0) : r.Real(0.0, 8.0)};
 }
 

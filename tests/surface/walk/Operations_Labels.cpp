@@ -14,7 +14,7 @@ int Count(const std::vector<TXPoint>& points) { return static_cast<int>(points.s
 
 double SomeAngle(Random& r)
 {
-    return r.Chance(50) ? OneOf(r, {0.0, 1e-9, 0.5, 1.0, -30.0, 90.0, 359.5}) : r.Real(-400.0, 400.0);
+    return r.Chance(50) ? r.OneOf({0.0, 1e-9, 0.5, 1.0, -30.0, 90.0, 359.5}) : r.Real(-400.0, 400.0);
 }
 
 /// What `VectorMarker` takes beside scales and places.

@@ -129,12 +129,7 @@ TEST_F(SelectImageTest, HintsAreThoseOfAFreshPainterWhereTheManagerDoesNotAntial
 TEST_F(SelectImageTest, AppliesTheSelectionAgainAndStartsTheRestAnew)
 {
     const TXRefPtr<TXGraphics> surface = NewPaintingSurface();
-    const TXRefPtr<TXPen> pen = NewPen(TXColor(9, 8, 7, 200), 3.5);
-    const TXRefPtr<TXBrush> brush = NewBrush(TXColor(70, 80, 90, 100));
-    const TXRefPtr<TXFont> font = NewFont(23);
-    surface->SelectPen(pen);
-    surface->SelectBrush(brush);
-    surface->SelectFont(font);
+    const auto [pen, brush, font] = SelectResources(*surface);
     // These are not selected resources and go with the old image.
     surface->SelectPen(TXPen::DotLine);
     const TXRefPtr<TXLinearGradient> gradient = TestEngine().NewLinearGradient(0, 0, 9, 9);

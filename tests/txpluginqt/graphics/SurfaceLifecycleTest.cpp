@@ -202,12 +202,7 @@ TEST_F(SurfaceLifecycleTest, CreateCompatibleGraphicsSetsHintsWhereTheManagerAnt
 TEST_F(SurfaceLifecycleTest, CreateCompatibleGraphicsAppliesTheSelectionAgainAndStartsTheRestAnew)
 {
     const TXRefPtr<TXGraphics> surface = NewPaintingSurface();
-    const TXRefPtr<TXPen> pen = NewPen(TXColor(9, 8, 7, 200), 3.5);
-    const TXRefPtr<TXBrush> brush = NewBrush(TXColor(70, 80, 90, 100));
-    const TXRefPtr<TXFont> font = NewFont(23);
-    surface->SelectPen(pen);
-    surface->SelectBrush(brush);
-    surface->SelectFont(font);
+    const auto [pen, brush, font] = SelectResources(*surface);
     surface->SetOpacity(0.5);
     surface->SetWindowOrg(3, 4);
     surface->SetCompositionMode(TXGraphics::CompositionMode_Xor);

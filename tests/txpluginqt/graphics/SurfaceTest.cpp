@@ -41,6 +41,15 @@ TXRefPtr<TXFont> SurfaceTest::NewFont(int height)
     return font;
 }
 
+SurfaceTest::Resources SurfaceTest::SelectResources(TXGraphics& surface)
+{
+    Resources resources{NewPen(TXColor(9, 8, 7, 200), 3.5), NewBrush(TXColor(70, 80, 90, 100)), NewFont(23)};
+    surface.SelectPen(resources.pen);
+    surface.SelectBrush(resources.brush);
+    surface.SelectFont(resources.font);
+    return resources;
+}
+
 QPainter& SurfaceTest::PainterOf(TXGraphics& surface) { return *static_cast<QPainter*>(surface.GetInteralObject()); }
 
 QImage& SurfaceTest::PixelsOf(TXImage& image) { return *static_cast<QImage*>(image.GetInternalObject()); }

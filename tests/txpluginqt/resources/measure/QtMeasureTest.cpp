@@ -3,7 +3,6 @@
 
 #include <QFontMetrics>
 #include <QFontMetricsF>
-#include <QTextDocument>
 
 #include <tests/txpluginqt/text/NaiveTags.h>
 
@@ -13,14 +12,6 @@ using namespace TZObjects;
 
 namespace
 {
-
-QSizeF DocumentSize(const QString& html, const QFont& font)
-{
-    QTextDocument document;
-    document.setHtml(html);
-    document.setDefaultFont(font);
-    return document.size();
-}
 
 /// What has to be measured, from Qt itself.
 Measures MeasuredDirectly(const TXFont& font, const QFont& qfont, const std::wstring& label)
