@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include <QFontMetricsF>
+#include <QTextDocument>
 
 #include <tests/txpluginqt/text/Measures.h>
 #include <tests/txpluginqt/text/NaiveTags.h>

@@ -52,7 +52,7 @@ std::pair<bool, std::string> SavedFile(Surface& surface, const std::string& name
 
 std::tuple<std::string> SomeFileName(Random& random)
 {
-    return {OneOf<const char*>(random, {"a.png", "a.bmp", "a.bmp", "a.nothing", "no folder/a.bmp"})};
+    return {random.OneOf<const char*>({"a.png", "a.bmp", "a.bmp", "a.nothing", "no folder/a.bmp"})};
 }
 
 } // namespace

@@ -50,6 +50,21 @@ SurfaceTest::Resources SurfaceTest::SelectResources(TXGraphics& surface)
     return resources;
 }
 
+void SurfaceTest::ExpectOnly(const Resources& resources, TXGraphics& surface)
+{
+    const QPainter& painter = PainterOf(surface);
+    EXPECT_EQ(painter.pen(), PenOf(*resources.pen));
+    EXPECT_EQ(painter.brush(), BrushOf(*resources.brush));
+    EXPECT_EQ(painter.font(), FontOf(*resources.font));
+    EXPECT_EQ(painter.opacity(), 1.0);
+    EXPECT_TRUE(painter.transform().isIdentity());
+    EXPECT_EQ(painter.compositionMode(), QPainter::CompositionMode_SourceOver);
+    EXPECT_FALSE(painter.hasClipping());
+    EXPECT_EQ(surface.GetPen(), resources.pen);
+    EXPECT_EQ(surface.GetBrush(), resources.brush);
+    EXPECT_EQ(surface.GetFont(), resources.font);
+}
+
 QPainter& SurfaceTest::PainterOf(TXGraphics& surface) { return *static_cast<QPainter*>(surface.GetInteralObject()); }
 
 QImage& SurfaceTest::PixelsOf(TXImage& image) { return *static_cast<QImage*>(image.GetInternalObject()); }

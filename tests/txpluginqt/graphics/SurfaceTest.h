@@ -34,6 +34,8 @@ protected:
     };
     /// Selects new resources that no default is like.
     static Resources SelectResources(TZObjects::TXGraphics& surface);
+    /// The surface has these selected, and its painter holds them and is otherwise as one that has just begun.
+    static void ExpectOnly(const Resources& resources, TZObjects::TXGraphics& surface);
 
     /// The painter that a surface draws with now.
     static QPainter& PainterOf(TZObjects::TXGraphics& surface);

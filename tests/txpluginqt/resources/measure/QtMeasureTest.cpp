@@ -3,6 +3,7 @@
 
 #include <QFontMetrics>
 #include <QFontMetricsF>
+#include <QTextDocument>
 
 #include <tests/txpluginqt/text/NaiveTags.h>
 
