@@ -7,6 +7,7 @@
 
 #include "CacheSize.h"
 #include "NumbersDetail.h"
+#include <tests/support/PixelFont.h>
 
 using namespace txqt;
 
@@ -21,8 +22,7 @@ struct Value
 bool Hits()
 {
     bool made = false;
-    QFont font("DejaVu Sans");
-    font.setPixelSize(20);
+    const QFont font = PixelFont(20);
     LabelCache::OfThread().Get<Value>(font, "text", NumbersDetail(),
                                       [&]
                                       {

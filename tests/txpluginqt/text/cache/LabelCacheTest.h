@@ -7,6 +7,7 @@
 
 #include "CacheSize.h"
 #include "NumbersDetail.h"
+#include <tests/support/PixelFont.h>
 
 /// A value that says of itself how large it is.
 struct Sized
@@ -38,13 +39,7 @@ protected:
     /// As a host that sets the size to 0 and back.
     static void Empty() { const CacheSize current(TZObjects::TXGraphicsEngineManager::instance("")->LabelCacheSize()); }
 
-    /// A font of a size in pixels, as labels have.
-    static QFont Font(int pixels = 20)
-    {
-        QFont font("DejaVu Sans");
-        font.setPixelSize(pixels);
-        return font;
-    }
+    static QFont Font(int pixels = 20) { return PixelFont(pixels); }
 
     /// True when the value was cached before.
     static bool Hits(const QString& text, std::size_t bytes = 100, const QFont& font = Font(),
