@@ -11,7 +11,9 @@
 #include <private/qvectorpath_p.h>
 
 #include <txpluginqt/raster/Eligibility.h>
+#include <txpluginqt/raster/FlatOutline.h>
 #include <txpluginqt/raster/OutlineEngine.h>
+#include <txpluginqt/raster/SelfCheck.h>
 
 namespace txqt
 {
@@ -46,6 +48,23 @@ QVectorPath VectorPath(const OutlineView& outline)
 }
 
 } // namespace
+
+Outline Flattened(const OutlineView& outline)
+{
+    FlatOutline flat;
+    flat.Flatten(reinterpret_cast<const QPointF*>(outline.points), outline.kinds, outline.count,
+                 FlatOutline::kFlatness);
+    return {flat.Points(), flat.Kinds(), outline.fillRule, false};
+}
+
+std::optional<Outline> StrokeOutlineOf(const OutlineView& outline, const QPen& pen)
+{
+    if (!RasterizerIsOn())
+        return std::nullopt;
+    Stroker stroker;
+    stroker.Stroke(VectorPath(outline), pen);
+    return Outline{stroker.Points(), stroker.Kinds(), Qt::WindingFill, stroker.HasCurves()};
+}
 
 void DrawPolygon(QPainter& painter, const QPointF* points, int count, Qt::FillRule rule)
 {

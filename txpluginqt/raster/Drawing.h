@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <vector>
+
 #include <QBrush>
 #include <QPainterPath>
 #include <QPen>
@@ -19,6 +22,28 @@ struct OutlineView
     Qt::FillRule fillRule;
     bool isCurved; ///< False when there are no curves.
 };
+
+/// An outline that has arrays of its own.
+struct Outline
+{
+    std::vector<QPointF> points;
+    std::vector<QPainterPath::ElementType> kinds;
+    Qt::FillRule fillRule = Qt::OddEvenFill;
+    bool isCurved = false;
+
+    OutlineView View() const
+    {
+        return {reinterpret_cast<const double*>(points.data()), kinds.data(), static_cast<int>(points.size()), fillRule,
+                isCurved};
+    }
+};
+
+/// The same outline with lines in place of curves, as Qt fills it where nothing is scaled.
+Outline Flattened(const OutlineView& outline);
+
+/// What a solid stroke covers, as Qt fills it.
+/// @param pen not cosmetic. @return an outline to be filled by the winding rule; nothing when the rasteriser is off.
+std::optional<Outline> StrokeOutlineOf(const OutlineView& outline, const QPen& pen);
 
 /// These draw as QPainter's operations of the same names: the same pixels, several times as fast where the rasteriser
 /// applies, and through QPainter elsewhere.

@@ -6,6 +6,7 @@
 #include <private/qpainter_p.h>
 
 #include <txpluginqt/raster/SelfCheck.h>
+#include <txpluginqt/raster/ThreadEnd.h>
 
 namespace txqt
 {
@@ -22,6 +23,8 @@ Refusal WhyNotRasterized(QPainter& painter)
 {
     if (!RasterizerIsOn())
         return Refusal::SwitchedOff;
+    if (rasterBuffersAreGone)
+        return Refusal::ThreadEnds;
     QPaintEngine* const engine = painter.paintEngine();
     if (!engine || engine->type() != QPaintEngine::Raster || !painter.device() ||
         painter.device()->devType() != QInternal::Image)

@@ -13,6 +13,7 @@ enum class Refusal
 {
     None,           ///< It does not.
     SwitchedOff,    ///< By the engine manager, or because its self-check failed.
+    ThreadEnds,     ///< What the thread kept is gone already.
     NotAnImage,     ///< The painter paints on something else, such as a printer or a picture.
     Emulated,       ///< Qt draws through a painter of its own, as with gradients relative to a shape.
     NotAntialiased, ///< Qt rasterises in another way then.

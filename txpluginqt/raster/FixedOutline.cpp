@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 namespace txqt
 {
 namespace
@@ -15,80 +19,130 @@ constexpr double kRounded = 64.0;
 constexpr int kFinerThanRounded = 4;
 constexpr int kPixel = 256;
 
-bool IsInRange(const QPointF& point)
-{
-    // Both are false for what is not a number.
-    return std::abs(point.x()) <= kLimit && std::abs(point.y()) <= kLimit;
-}
-
 FixedPoint Fixed(const QPointF& point)
 {
     return {qRound(point.x() * kRounded) * kFinerThanRounded, qRound(point.y() * kRounded) * kFinerThanRounded};
 }
 
-} // namespace
-
-void FixedOutline::EndContour(int last)
+/// The same for points that are known to have no negative coordinates.
+FixedPoint FixedFromPositive(const QPointF& point)
 {
-    if (contours.empty())
-        return;
-    FixedContour& contour = contours.back();
-    contour.count = last - contour.first;
-    int least = points[static_cast<std::size_t>(contour.first)].y;
-    int greatest = least;
-    for (int i = contour.first; i < last; ++i)
-    {
-        const int y = points[static_cast<std::size_t>(i)].y;
-        least = std::min(least, y);
-        greatest = std::max(greatest, y);
-    }
-    contour.top = least;
-    contour.bottom = greatest;
+#if defined(__SSE2__)
+    const __m128d scaled = _mm_mul_pd(_mm_loadu_pd(reinterpret_cast<const double*>(&point)), _mm_set1_pd(kRounded));
+    const __m128i rounded = _mm_slli_epi32(_mm_cvttpd_epi32(_mm_add_pd(scaled, _mm_set1_pd(0.5))), 2);
+    FixedPoint fixed;
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(&fixed), rounded);
+    return fixed;
+#else
+    return {static_cast<int>(point.x() * kRounded + 0.5) * kFinerThanRounded,
+            static_cast<int>(point.y() * kRounded + 0.5) * kFinerThanRounded};
+#endif
 }
 
-template <class Map>
-bool FixedOutline::Fill(const QPointF* source, const QPainterPath::ElementType* kinds, int count, Map map)
+/// The least and the greatest coordinates of points.
+struct Extent
 {
-    // Qt ignores a move that nothing follows.
-    if (kinds && count > 0 && kinds[count - 1] == QPainterPath::MoveToElement)
-        --count;
-    contours.clear();
-    points.resize(static_cast<std::size_t>(count));
-    if (count < 1)
-        return true;
-    const QPointF first = map(source[0]);
-    double leastX = first.x();
-    double leastY = first.y();
-    double greatestX = leastX;
-    double greatestY = leastY;
-    FixedPoint* const fixed = points.data();
-    for (int i = 0; i < count; ++i)
+    QPointF least;
+    QPointF greatest;
+    bool isNumber; ///< False when a coordinate is not a number.
+};
+
+Extent ExtentOf(const QPointF* points, std::size_t count)
+{
+    Extent extent{points[0], points[0], true};
+#if defined(__SSE2__)
+    const auto* const numbers = reinterpret_cast<const double*>(points);
+    __m128d least = _mm_loadu_pd(numbers);
+    __m128d greatest = least;
+    __m128d unordered = _mm_setzero_pd();
+    for (std::size_t i = 0; i < count; ++i)
     {
-        const QPointF point = map(source[i]);
-        if (!IsInRange(point))
-            return false;
-        leastX = std::min(leastX, point.x());
-        leastY = std::min(leastY, point.y());
-        greatestX = std::max(greatestX, point.x());
-        greatestY = std::max(greatestY, point.y());
-        if (i == 0 || (kinds && kinds[i] == QPainterPath::MoveToElement))
-        {
-            EndContour(i);
-            contours.push_back({i, 0, 0, 0});
-        }
-        fixed[i] = Fixed(point);
+        const __m128d point = _mm_loadu_pd(numbers + 2 * i);
+        least = _mm_min_pd(point, least);
+        greatest = _mm_max_pd(point, greatest);
+        unordered = _mm_or_pd(unordered, _mm_cmpunord_pd(point, point));
     }
-    EndContour(count);
-    left = leastX;
-    top = leastY;
-    right = greatestX;
-    bottom = greatestY;
-    return right - left <= kLimit && bottom - top <= kLimit;
+    _mm_storeu_pd(reinterpret_cast<double*>(&extent.least), least);
+    _mm_storeu_pd(reinterpret_cast<double*>(&extent.greatest), greatest);
+    extent.isNumber = _mm_movemask_pd(unordered) == 0;
+#else
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        const QPointF& point = points[i];
+        extent.least = QPointF(std::min(extent.least.x(), point.x()), std::min(extent.least.y(), point.y()));
+        extent.greatest = QPointF(std::max(extent.greatest.x(), point.x()), std::max(extent.greatest.y(), point.y()));
+        extent.isNumber = extent.isNumber && !std::isnan(point.x()) && !std::isnan(point.y());
+    }
+#endif
+    return extent;
+}
+
+} // namespace
+
+template <class Map>
+void FixedOutline::MapPoints(const QPointF* source, std::size_t count, Map map)
+{
+    mapped.resize(count);
+    for (std::size_t i = 0; i < count; ++i)
+        mapped[i] = map(source[i]);
+}
+
+bool FixedOutline::FindBounds(const QPointF* source, std::size_t count)
+{
+    const Extent extent = ExtentOf(source, count);
+    left = extent.least.x();
+    top = extent.least.y();
+    right = extent.greatest.x();
+    bottom = extent.greatest.y();
+    return extent.isNumber && left >= -kLimit && top >= -kLimit && right <= kLimit && bottom <= kLimit &&
+           right - left <= kLimit && bottom - top <= kLimit;
+}
+
+template <class Round>
+void FixedOutline::RoundPoints(const QPointF* source, std::size_t first, std::size_t last, Round round)
+{
+    int least = round(source[first]).y;
+    int greatest = least;
+    for (std::size_t i = first; i < last; ++i)
+    {
+        const FixedPoint point = round(source[i]);
+        points[i] = point;
+        least = std::min(least, point.y);
+        greatest = std::max(greatest, point.y);
+    }
+    contours.push_back({static_cast<int>(first), static_cast<int>(last - first), least, greatest});
+}
+
+bool FixedOutline::SetMapped(const QPointF* source, const QPainterPath::ElementType* kinds, std::size_t count)
+{
+    if (!FindBounds(source, count))
+        return false;
+    points.resize(count);
+    const bool isPositive = left >= 0.0 && top >= 0.0;
+    for (std::size_t first = 0; first < count;)
+    {
+        std::size_t next = kinds ? first + 1 : count;
+        while (next < count && kinds[next] != QPainterPath::MoveToElement)
+            ++next;
+        if (isPositive)
+            RoundPoints(source, first, next, FixedFromPositive);
+        else
+            RoundPoints(source, first, next, Fixed);
+        first = next;
+    }
+    return true;
 }
 
 bool FixedOutline::Set(const QPointF* source, const QPainterPath::ElementType* kinds, int count,
                        const QTransform& transform)
 {
+    // Qt ignores a move that nothing follows.
+    if (kinds && count > 0 && kinds[count - 1] == QPainterPath::MoveToElement)
+        --count;
+    contours.clear();
+    if (count < 1)
+        return true;
+    const auto size = static_cast<std::size_t>(count);
     // The same operations as `QTransform::map`, without its choice for each point.
     const double m11 = transform.m11();
     const double m12 = transform.m12();
@@ -99,17 +153,20 @@ bool FixedOutline::Set(const QPointF* source, const QPainterPath::ElementType* k
     switch (transform.type())
     {
     case QTransform::TxNone:
-        return Fill(source, kinds, count, [](const QPointF& p) { return p; });
+        return SetMapped(source, kinds, size);
     case QTransform::TxTranslate:
-        return Fill(source, kinds, count, [=](const QPointF& p) { return QPointF(p.x() + dx, p.y() + dy); });
+        MapPoints(source, size, [=](const QPointF& p) { return QPointF(p.x() + dx, p.y() + dy); });
+        break;
     case QTransform::TxScale:
-        return Fill(source, kinds, count,
-                    [=](const QPointF& p) { return QPointF(m11 * p.x() + dx, m22 * p.y() + dy); });
+        MapPoints(source, size, [=](const QPointF& p) { return QPointF(m11 * p.x() + dx, m22 * p.y() + dy); });
+        break;
     default:
-        return Fill(source, kinds, count,
-                    [=](const QPointF& p)
-                    { return QPointF(m11 * p.x() + m21 * p.y() + dx, m12 * p.x() + m22 * p.y() + dy); });
+        MapPoints(source, size,
+                  [=](const QPointF& p)
+                  { return QPointF(m11 * p.x() + m21 * p.y() + dx, m12 * p.x() + m22 * p.y() + dy); });
+        break;
     }
+    return SetMapped(mapped.data(), kinds, size);
 }
 
 QRect FixedOutline::Pixels() const
@@ -125,11 +182,13 @@ QRect FixedOutline::Pixels() const
 
 std::size_t FixedOutline::Bytes() const
 {
-    return points.capacity() * sizeof(FixedPoint) + contours.capacity() * sizeof(FixedContour);
+    return mapped.capacity() * sizeof(QPointF) + points.capacity() * sizeof(FixedPoint) +
+           contours.capacity() * sizeof(FixedContour);
 }
 
 void FixedOutline::Release()
 {
+    std::vector<QPointF>().swap(mapped);
     std::vector<FixedPoint>().swap(points);
     std::vector<FixedContour>().swap(contours);
 }

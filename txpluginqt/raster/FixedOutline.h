@@ -49,9 +49,13 @@ public:
 
 private:
     template <class Map>
-    bool Fill(const QPointF* source, const QPainterPath::ElementType* kinds, int count, Map map);
-    void EndContour(int last);
+    void MapPoints(const QPointF* source, std::size_t count, Map map);
+    bool SetMapped(const QPointF* source, const QPainterPath::ElementType* kinds, std::size_t count);
+    bool FindBounds(const QPointF* source, std::size_t count);
+    template <class Round>
+    void RoundPoints(const QPointF* source, std::size_t first, std::size_t last, Round round);
 
+    std::vector<QPointF> mapped;
     std::vector<FixedPoint> points;
     std::vector<FixedContour> contours;
     double left = 0.0;

@@ -2,17 +2,12 @@
 
 #include <QScopedValueRollback>
 
-#include <private/qbezier_p.h>
 #include <private/qpainter_p.h>
 
 #include <txpluginqt/raster/Hairline.h>
 #include <txpluginqt/raster/OutlineFill.h>
 #include <txpluginqt/raster/SolidPixels.h>
 #include <txpluginqt/raster/SpanBatch.h>
-
-QT_BEGIN_NAMESPACE
-Q_GUI_EXPORT extern bool qt_scaleForTransform(const QTransform& transform, qreal* scale);
-QT_END_NAMESPACE
 
 namespace txqt
 {
@@ -21,8 +16,6 @@ namespace
 
 /// Qt splits polygons of more points in two.
 constexpr int kMostPolygonPoints = 65535;
-/// In pixels.
-constexpr double kFlatness = 0.25;
 /// More than maps need is given back.
 constexpr std::size_t kKeptBytes = std::size_t(8) << 20;
 
@@ -33,17 +26,9 @@ QPaintEngineExPrivate& PrivateOf(QPaintEngine& engine)
     return static_cast<QPaintEngineExPrivate&>(*QPaintEnginePrivate::get(&engine));
 }
 
-/// How far a curve may be from its lines, in the units of the path.
-double FlatnessFor(const QTransform& transform)
-{
-    qreal scale = 1.0;
-    qt_scaleForTransform(transform, &scale);
-    return scale == 0.0 ? kFlatness : kFlatness / scale;
-}
-
 } // namespace
 
-OutlineEngine::OutlineEngine() : flatPoints(0), flatKinds(0) {}
+OutlineEngine::OutlineEngine() = default;
 
 OutlineEngine::~OutlineEngine() = default;
 
@@ -75,13 +60,10 @@ void OutlineEngine::fill(const QVectorPath& path, const QBrush& brush)
 
 bool OutlineEngine::FillWith(QSpanData& data, const QVectorPath& path)
 {
-    const RasterTarget target(*raster);
-    const QRectF bounds = state()->matrix.mapRect(path.controlPointRect());
-    if (!bounds.intersects(QRectF(target.Device())))
-        return true;
     if (!SetOutline(path))
         return false;
-    FillCells(data, bounds, FillRuleOf(path));
+    // The bounds of the control points, which a solid colour does not need.
+    FillCells(data, FillRuleOf(path), [&] { return state()->matrix.mapRect(path.controlPointRect()); });
     return true;
 }
 
@@ -89,18 +71,19 @@ bool OutlineEngine::FillPolygon(QSpanData& data, const QPointF* points, int coun
 {
     if (count > kMostPolygonPoints || !outline.Set(points, nullptr, count, state()->matrix))
         return false;
-    FillCells(data, outline.Bounds(), rule);
+    FillCells(data, rule, [&] { return outline.Bounds(); });
     return true;
 }
 
-void OutlineEngine::FillCells(QSpanData& data, const QRectF& bounds, Qt::FillRule rule)
+template <class Bounds>
+void OutlineEngine::FillCells(QSpanData& data, Qt::FillRule rule, Bounds bounds)
 {
     const RasterTarget target(*raster);
     if (std::optional<SolidPixels> solid = SolidPixels::For(target, data))
         FillOutlineCells(outline, solid->Area(), rule, *solid);
     else
     {
-        SpanBatch spans(target.BlendOf(data, bounds), &data);
+        SpanBatch spans(target.BlendOf(data, bounds()), &data);
         FillOutlineCells(outline, target.Device(), rule, spans);
     }
     ReleaseLarge();
@@ -111,38 +94,9 @@ bool OutlineEngine::SetOutline(const QVectorPath& path)
     const auto* const points = reinterpret_cast<const QPointF*>(path.points());
     if (!path.isCurved() || !path.elements())
         return outline.Set(points, path.elements(), path.elementCount(), state()->matrix);
-    Flatten(path);
-    return outline.Set(flatPoints.data(), flatKinds.data(), flatPoints.size(), state()->matrix);
-}
-
-void OutlineEngine::Flatten(const QVectorPath& path)
-{
-    const auto* const points = reinterpret_cast<const QPointF*>(path.points());
-    const QPainterPath::ElementType* const kinds = path.elements();
-    const QTransform& transform = state()->matrix;
-    const double flatness = FlatnessFor(transform);
-    const QRectF device(RasterTarget(*raster).Device());
-    flatPoints.reset();
-    flatKinds.reset();
-    for (int i = 0; i < path.elementCount(); ++i)
-    {
-        if (kinds[i] != QPainterPath::CurveToElement)
-        {
-            flatPoints.add(points[i]);
-            flatKinds.add(kinds[i]);
-            continue;
-        }
-        const QPointF& end = points[i + 2];
-        const QBezier curve = QBezier::fromPoints(flatPoints.last(), points[i], points[i + 1], end);
-        // Qt draws a straight line where nobody sees the curve.
-        if (device.contains(transform.map(end)) || transform.mapRect(curve.bounds()).intersects(device))
-            curve.addToPolygon(flatPoints, flatness);
-        else
-            flatPoints.add(end);
-        while (flatKinds.size() < flatPoints.size())
-            flatKinds.add(QPainterPath::LineToElement);
-        i += 2;
-    }
+    flat.Flatten(points, path.elements(), path.elementCount(), FlatOutline::FlatnessFor(state()->matrix));
+    return outline.Set(flat.Points().data(), flat.Kinds().data(), static_cast<int>(flat.Points().size()),
+                       state()->matrix);
 }
 
 void OutlineEngine::stroke(const QVectorPath& path, const QPen& pen)
@@ -232,11 +186,8 @@ void OutlineEngine::ReleaseLarge()
         outline.Release();
     if (stroker.Bytes() > kKeptBytes)
         stroker.Release();
-    if (static_cast<std::size_t>(flatPoints.size()) * sizeof(QPointF) > kKeptBytes)
-    {
-        flatPoints.shrink(0);
-        flatKinds.shrink(0);
-    }
+    if (flat.Bytes() > kKeptBytes)
+        flat.Release();
 }
 
 } // namespace txqt

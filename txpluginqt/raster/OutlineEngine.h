@@ -1,12 +1,13 @@
 #pragma once
 
-#include <private/qdatabuffer_p.h>
 #include <private/qpaintengineex_p.h>
 #include <private/qvectorpath_p.h>
 
 #include <txpluginqt/raster/FixedOutline.h>
+#include <txpluginqt/raster/FlatOutline.h>
 #include <txpluginqt/raster/RasterTarget.h>
 #include <txpluginqt/raster/Stroker.h>
+#include <txpluginqt/raster/ThreadEnd.h>
 
 namespace txqt
 {
@@ -47,20 +48,20 @@ private:
     /// Fills with Qt's blending functions. @return false when Qt would clip the outline first; nothing is drawn then.
     bool FillWith(QSpanData& data, const QVectorPath& path);
     bool FillPolygon(QSpanData& data, const QPointF* points, int count, Qt::FillRule rule);
-    void FillCells(QSpanData& data, const QRectF& bounds, Qt::FillRule rule);
+    template <class Bounds>
+    void FillCells(QSpanData& data, Qt::FillRule rule, Bounds bounds);
     bool SetOutline(const QVectorPath& path);
-    void Flatten(const QVectorPath& path);
     void StrokeHairline(const QVectorPath& path, const QPen& pen);
     void StrokeOutline(const QVectorPath& path, const QPen& pen);
     void StrokeByQt(const QVectorPath& path, const QPen& pen);
     void ReleaseLarge();
 
+    ThreadEndMark threadEnd;
     QRasterPaintEngine* raster = nullptr;
     QSpanData* strokeData = nullptr; ///< What the outline of a stroke is filled with, if not with its brush.
     FixedOutline outline;
     Stroker stroker;
-    QDataBuffer<QPointF> flatPoints;
-    QDataBuffer<QPainterPath::ElementType> flatKinds;
+    FlatOutline flat;
 };
 
 } // namespace txqt

@@ -6,6 +6,7 @@
 #include <txpluginqt/raster/CellGrid.h>
 #include <txpluginqt/raster/SolidPixels.h>
 #include <txpluginqt/raster/SpanBatch.h>
+#include <txpluginqt/raster/ThreadEnd.h>
 
 namespace txqt
 {
@@ -43,8 +44,13 @@ struct OddEvenCoverage
 template <class Area>
 CellGrid<Area>& GridOfThread()
 {
-    thread_local CellGrid<Area> grid;
-    return grid;
+    struct Grid
+    {
+        ThreadEndMark threadEnd;
+        CellGrid<Area> cells;
+    };
+    thread_local Grid grid;
+    return grid.cells;
 }
 
 /// @return false when the cells could not hold an area.
@@ -54,6 +60,7 @@ bool AddContours(CellGrid<Area>& grid, const FixedOutline& outline, const Band& 
     const int top = band.top * kPixel;
     const int bottom = (band.top + band.height) * kPixel;
     grid.Begin(band);
+    const std::size_t before = grid.Visits();
     for (const FixedContour& contour : outline.Contours())
     {
         if (contour.bottom <= top || contour.top >= bottom)
@@ -67,7 +74,9 @@ bool AddContours(CellGrid<Area>& grid, const FixedOutline& outline, const Band& 
         }
         lastWork.edges += static_cast<std::size_t>(contour.count);
     }
-    return grid.End();
+    const bool isExact = grid.End();
+    lastWork.cells += grid.Visits() - before;
+    return isExact;
 }
 
 template <class Coverage, class Area, class Spans>

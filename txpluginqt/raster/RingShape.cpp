@@ -29,10 +29,15 @@ bool RingShape::IsDrawable() const
 bool RingShape::DrawInPlace(QPainter& painter) const
 {
     QVarLengthArray<QPainterPath::ElementType, 256> kinds;
-    kinds.reserve(static_cast<int>(total));
+    kinds.resize(static_cast<int>(total));
+    std::fill(kinds.begin(), kinds.end(), QPainterPath::LineToElement);
+    int first = 0;
     for (int i = 0; i < rings; ++i)
-        for (int k = 0; k < counts[i]; ++k)
-            kinds.append(k == 0 ? QPainterPath::MoveToElement : QPainterPath::LineToElement);
+        if (counts[i] > 0)
+        {
+            kinds[first] = QPainterPath::MoveToElement;
+            first += counts[i];
+        }
     const OutlineView outline{reinterpret_cast<const qreal*>(points), kinds.constData(), kinds.size(), Qt::OddEvenFill,
                               false};
     return DrawOutline(painter, outline);

@@ -1,9 +1,11 @@
 #include <txpluginqt/text/InkOutline.h>
 
-#include <algorithm>
+#include <optional>
+#include <utility>
 
 #include <QByteArray>
 #include <QDataStream>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPathStroker>
 
@@ -12,43 +14,47 @@
 namespace txqt
 {
 
-InkOutline::InkOutline(const QPainterPath& path) : fillRule(path.fillRule())
+InkOutline::InkOutline(const QPainterPath& path)
 {
+    outline.fillRule = path.fillRule();
     const int count = path.elementCount();
-    points.reserve(static_cast<std::size_t>(count));
-    kinds.reserve(static_cast<std::size_t>(count));
+    outline.points.reserve(static_cast<std::size_t>(count));
+    outline.kinds.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
     {
         const QPainterPath::Element element = path.elementAt(i);
-        points.emplace_back(element.x, element.y);
-        kinds.push_back(element.type);
+        outline.points.emplace_back(element.x, element.y);
+        outline.kinds.push_back(element.type);
+        outline.isCurved = outline.isCurved || element.type == QPainterPath::CurveToElement;
     }
-    isCurved = std::find(kinds.begin(), kinds.end(), QPainterPath::CurveToElement) != kinds.end();
+    Flatten();
 }
 
-OutlineView InkOutline::View() const
+InkOutline::InkOutline(Outline newOutline) : outline(std::move(newOutline)) { Flatten(); }
+
+void InkOutline::Flatten()
 {
-    return {reinterpret_cast<const qreal*>(points.data()), kinds.data(), static_cast<int>(points.size()), fillRule,
-            isCurved};
+    if (outline.isCurved)
+        flat = Flattened(outline.View());
 }
 
 QPainterPath InkOutline::ToPath() const
 {
     QPainterPath path;
-    if (points.empty())
+    if (outline.points.empty())
         return path;
     // Built up by its operations, a path would leave out moves that a move follows and lines without length.
     QByteArray bytes;
     QDataStream writer(&bytes, QIODevice::WriteOnly);
-    writer << static_cast<int>(points.size());
+    writer << static_cast<int>(outline.points.size());
     int lastMove = 0;
-    for (std::size_t i = 0; i < points.size(); ++i)
+    for (std::size_t i = 0; i < outline.points.size(); ++i)
     {
-        writer << static_cast<int>(kinds[i]) << points[i].x() << points[i].y();
-        if (kinds[i] == QPainterPath::MoveToElement)
+        writer << static_cast<int>(outline.kinds[i]) << outline.points[i].x() << outline.points[i].y();
+        if (outline.kinds[i] == QPainterPath::MoveToElement)
             lastMove = static_cast<int>(i);
     }
-    writer << lastMove << static_cast<int>(fillRule);
+    writer << lastMove << static_cast<int>(outline.fillRule);
     QDataStream reader(bytes);
     reader >> path;
     return path;
@@ -56,24 +62,32 @@ QPainterPath InkOutline::ToPath() const
 
 void InkOutline::Fill(QPainter& painter, const QBrush& brush) const
 {
-    if (!points.empty() && !FillOutline(painter, View(), brush))
+    const QPaintEngine* const engine = painter.paintEngine();
+    const bool isFlat = outline.isCurved && engine && engine->type() == QPaintEngine::Raster &&
+                        painter.deviceTransform().type() <= QTransform::TxTranslate;
+    if (!outline.points.empty() && !FillOutline(painter, (isFlat ? flat : outline).View(), brush))
         painter.fillPath(ToPath(), brush);
 }
 
 void InkOutline::Stroke(QPainter& painter, const QPen& pen) const
 {
-    if (!points.empty() && !StrokeOutline(painter, View(), pen))
+    if (!outline.points.empty() && !StrokeOutline(painter, outline.View(), pen))
         painter.strokePath(ToPath(), pen);
 }
 
 InkOutline InkOutline::Stroked(const QPen& pen) const
 {
+    if (std::optional<Outline> stroke = StrokeOutlineOf(outline.View(), pen))
+        return InkOutline(std::move(*stroke));
     return InkOutline(QPainterPathStroker(pen).createStroke(ToPath()));
 }
 
 std::size_t InkOutline::Bytes() const
 {
-    return sizeof(*this) + points.capacity() * sizeof(QPointF) + kinds.capacity() * sizeof(kinds[0]);
+    std::size_t bytes = sizeof(*this);
+    for (const Outline* const part : {&outline, &flat})
+        bytes += part->points.capacity() * sizeof(QPointF) + part->kinds.capacity() * sizeof(part->kinds[0]);
+    return bytes;
 }
 
 } // namespace txqt

@@ -1,18 +1,17 @@
 #pragma once
 
 #include <cstddef>
-#include <vector>
 
 #include <QBrush>
 #include <QPainterPath>
 #include <QPen>
 
+#include <txpluginqt/raster/Drawing.h>
+
 class QPainter;
 
 namespace txqt
 {
-
-struct OutlineView;
 
 /// The outlines of a label's ink, for drawing many times.
 class InkOutline
@@ -31,13 +30,12 @@ public:
     std::size_t Bytes() const;
 
 private:
-    OutlineView View() const;
+    explicit InkOutline(Outline outline);
     QPainterPath ToPath() const;
+    void Flatten();
 
-    std::vector<QPointF> points;
-    std::vector<QPainterPath::ElementType> kinds;
-    Qt::FillRule fillRule;
-    bool isCurved = false;
+    Outline outline;
+    Outline flat; ///< Without curves, for filling where nothing is scaled; empty when there are none anyway.
 };
 
 } // namespace txqt

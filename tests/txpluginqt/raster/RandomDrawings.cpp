@@ -35,6 +35,8 @@ constexpr QImage::Format kFormats[] = {
     QImage::Format_RGB30,
     QImage::Format_Grayscale8,
     QImage::Format_Alpha8,
+    QImage::Format_Mono,
+    QImage::Format_MonoLSB,
     QImage::Format_RGBA64_Premultiplied,
 };
 /// The end of what Qt rasterises without clipping.
