@@ -123,7 +123,7 @@ Json ZoomAndPropertyFunction(const Json& function, const PropertySpec& spec, con
         while (found != byZoom.end() && found->first != zoom)
             ++found;
         if (found == byZoom.end())
-            found = byZoom.insert(found, {zoom, {}});
+            found = byZoom.emplace(found, zoom, std::vector<Json>());
         found->second.push_back(Json::array({Member(stop[0], "value"), stop[1]}));
     }
     Json inner = function;
