@@ -10,6 +10,8 @@ Json Undefined() { return Json(Json::value_t::discarded); }
 // A member, or what stands for none.
 Json Member(const Json& object, const char* name)
 {
+    if (!object.is_object())
+        return Undefined();
     const auto found = object.find(name);
     return found == object.end() ? Undefined() : *found;
 }
@@ -204,7 +206,7 @@ Json ConvertLegacyFunction(const Json& function, const PropertySpec& spec)
     std::vector<Json> stops = ReadStops(function["stops"]);
     if (stops.empty())
         return Undefined();
-    const bool byBoth = stops.front()[0].is_object();
+    const bool byBoth = stops.front()[0].is_structured();
     const bool byProperty = byBoth || function.contains("property");
     for (Json& stop : stops)
     {

@@ -22,13 +22,16 @@ NodePtr CheckArgumentCount(const Json& arguments, ParsingContext& context, bool&
     return nullptr;
 }
 
+// The name in messages, which is the same for all color spaces.
+std::string CurveName(const Json& arguments) { return arguments[0] == "step" ? "step" : "interpolate"; }
+
 // Reads a stop and its output, which stands behind it. The first output decides about the type of the others.
 bool AddStop(const Json& arguments, std::size_t index, double input, CurveStops& stops,
              std::optional<ExpressionType>& type, ParsingContext& context)
 {
     if (!stops.inputs.empty() && !(stops.inputs.back() < input))
     {
-        context.Error("Input/output pairs for \"" + arguments[0].get<std::string>() +
+        context.Error("Input/output pairs for \"" + CurveName(arguments) +
                           "\" expressions must be arranged with input values in strictly ascending order.",
                       index);
         return false;
@@ -49,7 +52,7 @@ bool AddStops(const Json& arguments, std::size_t first, CurveStops& stops, std::
     {
         if (!arguments[i].is_number())
         {
-            context.Error("Input/output pairs for \"" + arguments[0].get<std::string>() +
+            context.Error("Input/output pairs for \"" + CurveName(arguments) +
                               "\" expressions must be defined using literal numeric values (not computed expressions) "
                               "for the input values.",
                           i);

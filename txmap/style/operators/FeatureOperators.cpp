@@ -1,3 +1,5 @@
+#include <limits>
+
 #include <txmap/style/operators/OperatorTable.h>
 #include <txmap/style/operators/OverloadedOperator.h>
 
@@ -21,18 +23,24 @@ const Value* Property(const Node& node, const Context& context)
 Value Get(const Node& node, const Context& context) { return Copy(Property(node, context)); }
 Value Has(const Node& node, const Context& context) { return Property(node, context) != nullptr; }
 
+// The member of the object that is the second argument. The name is asked for first.
+const Value* Member(const Node& node, const Context& context, Value& object)
+{
+    Value scratch;
+    const Value& name = node.Argument(0, context, scratch);
+    return node.Argument(1, context, object).Member(name.String());
+}
+
 Value GetMember(const Node& node, const Context& context)
 {
-    Value name;
     Value object;
-    return Copy(node.Argument(1, context, object).Member(node.Argument(0, context, name).String()));
+    return Copy(Member(node, context, object));
 }
 
 Value HasMember(const Node& node, const Context& context)
 {
-    Value name;
     Value object;
-    return node.Argument(1, context, object).Member(node.Argument(0, context, name).String()) != nullptr;
+    return Member(node, context, object) != nullptr;
 }
 
 Value FeatureState(const Node& node, const Context& context)
@@ -54,7 +62,10 @@ Value GeometryType(const Node&, const Context& context)
 
 Value Id(const Node&, const Context& context) { return context.feature ? context.feature->Id() : Value(); }
 
-Value Zoom(const Node&, const Context& context) { return context.zoom.value_or(0.0); }
+Value Zoom(const Node&, const Context& context)
+{
+    return context.zoom.value_or(std::numeric_limits<double>::quiet_NaN());
+}
 Value HeatmapDensity(const Node&, const Context& context) { return context.heatmapDensity.value_or(0.0); }
 Value LineProgress(const Node&, const Context& context) { return context.lineProgress.value_or(0.0); }
 Value Elevation(const Node&, const Context& context) { return context.elevation.value_or(0.0); }

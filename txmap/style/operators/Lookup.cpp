@@ -107,8 +107,8 @@ public:
         Value haystackScratch;
         const Value& needle = parts[0]->Refer(context, needleScratch);
         const Value& haystack = parts[1]->Refer(context, haystackScratch);
-        Check(needle, haystack);
         double from = parts.size() > 2 ? std::trunc(NumberOf(*parts[2], context)) : 0.0;
+        Check(needle, haystack);
         if (std::isnan(from))
             from = 0.0;
         if (haystack.Is(Value::Kind::String))

@@ -3,7 +3,9 @@
 #include <set>
 
 #include <unicode/coll.h>
+#include <unicode/localpointer.h>
 #include <unicode/locid.h>
+#include <unicode/uenum.h>
 #include <unicode/uloc.h>
 #include <unicode/unistr.h>
 
@@ -12,16 +14,18 @@ namespace txmap
 namespace
 {
 
+// Every language tag that has data, "zh-TW" for "zh-Hant-TW", too.
 std::set<std::string> AvailableTags()
 {
     std::set<std::string> tags;
-    int32_t count = 0;
-    const icu::Locale* const locales = icu::Locale::getAvailableLocales(count);
-    for (int32_t i = 0; i < count; ++i)
+    UErrorCode status = U_ZERO_ERROR;
+    UEnumeration* const names = uloc_openAvailableByType(ULOC_AVAILABLE_WITH_LEGACY_ALIASES, &status);
+    const icu::LocalUEnumerationPointer owner(names);
+    while (const char* name = U_SUCCESS(status) ? uenum_next(names, nullptr, &status) : nullptr)
     {
-        UErrorCode status = U_ZERO_ERROR;
-        const std::string tag = locales[i].toLanguageTag<std::string>(status);
-        if (U_SUCCESS(status))
+        UErrorCode tagStatus = U_ZERO_ERROR;
+        const std::string tag = icu::Locale(name).toLanguageTag<std::string>(tagStatus);
+        if (U_SUCCESS(tagStatus))
             tags.insert(tag);
     }
     return tags;

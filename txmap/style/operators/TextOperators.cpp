@@ -41,12 +41,7 @@ Value TypeOf(const Node& node, const Context& context)
 }
 
 // Labels are laid out by a full text engine, which knows every script.
-Value IsSupportedScript(const Node& node, const Context& context)
-{
-    Value scratch;
-    node.Argument(0, context, scratch);
-    return true;
-}
+Value IsSupportedScript(const Node&, const Context&) { return true; }
 
 Value ResolvedLocale(const Node& node, const Context& context)
 {
@@ -56,27 +51,25 @@ Value ResolvedLocale(const Node& node, const Context& context)
 
 Value SplitText(const Node& node, const Context& context)
 {
-    Value text;
-    Value separator;
+    Value textScratch;
+    Value separatorScratch;
+    const std::string& text = node.Argument(0, context, textScratch).String();
+    const std::string& separator = node.Argument(1, context, separatorScratch).String();
     ValueArray parts;
-    for (std::string& part :
-         Split(node.Argument(0, context, text).String(), node.Argument(1, context, separator).String()))
+    for (std::string& part : Split(text, separator))
         parts.emplace_back(std::move(part));
     return parts;
 }
 
 Value Join(const Node& node, const Context& context)
 {
-    Value items;
-    Value separator;
-    const std::string& between = node.Argument(1, context, separator).String();
+    Value itemsScratch;
+    Value separatorScratch;
+    const ValueArray& items = node.Argument(0, context, itemsScratch).Array();
+    const std::string& separator = node.Argument(1, context, separatorScratch).String();
     std::string text;
-    bool first = true;
-    for (const Value& item : node.Argument(0, context, items).Array())
-    {
-        text += (first ? "" : between) + item.ToString();
-        first = false;
-    }
+    for (std::size_t i = 0; i < items.size(); ++i)
+        text += (i == 0 ? "" : separator) + items[i].ToString();
     return text;
 }
 

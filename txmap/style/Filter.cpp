@@ -1,0 +1,120 @@
+#include <txmap/style/Filter.h>
+
+namespace txmap
+{
+namespace
+{
+
+// Deeper filters are left as they are, and then fail to compile.
+constexpr int kMaximumDepth = 256;
+
+bool IsComparison(const std::string& name)
+{
+    return name == "==" || name == "!=" || name == "<" || name == ">" || name == "<=" || name == ">=";
+}
+
+bool IsExpression(const Json& filter, int depth)
+{
+    if (filter.is_boolean())
+        return true;
+    if (!filter.is_array() || filter.empty() || depth > kMaximumDepth)
+        return false;
+    if (!filter[0].is_string())
+        return true;
+    const std::string name = filter[0];
+    if (name == "has")
+        return filter.size() >= 2 && filter[1] != "$id" && filter[1] != "$type";
+    if (name == "in")
+        return filter.size() >= 3 && (!filter[1].is_string() || filter[2].is_array());
+    if (name == "!in" || name == "!has" || name == "none")
+        return false;
+    if (IsComparison(name))
+        return filter.size() != 3 || filter[1].is_array() || filter[2].is_array();
+    if (name == "any" || name == "all")
+        for (std::size_t i = 1; i < filter.size(); ++i)
+            if (!filter[i].is_boolean() && !IsExpression(filter[i], depth + 1))
+                return false;
+    return true;
+}
+
+Json Not(const Json& filter) { return Json::array({"!", filter}); }
+
+Json Element(const Json& filter, std::size_t index) { return index < filter.size() ? filter[index] : Json(); }
+
+Json Literal(const Json& value) { return value.is_structured() ? Json::array({"literal", value}) : value; }
+
+// "filter-", "filter-id-" or "filter-type-" with the operator, and what it works on.
+Json OnSubject(const Json& subject, const std::string& name, const Json& operand)
+{
+    if (subject == "$type" || subject == "$id")
+    {
+        Json filter = Json::array({(subject == "$type" ? "filter-type-" : "filter-id-") + name});
+        filter.push_back(operand);
+        return filter;
+    }
+    return Json::array({"filter-" + name, subject, operand});
+}
+
+Json ConvertHas(const Json& subject)
+{
+    if (subject == "$type")
+        return true;
+    if (subject == "$id")
+        return Json::array({"filter-has-id"});
+    return Json::array({"filter-has", subject});
+}
+
+Json ConvertIn(const Json& filter)
+{
+    if (filter.size() < 3)
+        return false;
+    Json values = Json::array();
+    for (std::size_t i = 2; i < filter.size(); ++i)
+        values.push_back(filter[i]);
+    return OnSubject(filter[1], "in", Json::array({"literal", values}));
+}
+
+Json Convert(const Json& filter, int depth)
+{
+    if (!filter.is_array() || filter.empty() || !filter[0].is_string() || depth > kMaximumDepth)
+        return filter.is_null() ? Json(true) : filter;
+    const std::string name = filter[0];
+    if (filter.size() == 1)
+        return name != "any";
+    if (name == "any" || name == "all" || name == "none")
+    {
+        Json parts = Json::array({name == "any" ? "any" : "all"});
+        for (std::size_t i = 1; i < filter.size(); ++i)
+        {
+            const Json part = IsExpression(filter[i], depth + 1) ? filter[i] : Convert(filter[i], depth + 1);
+            parts.push_back(name == "none" ? Not(part) : part);
+        }
+        return parts;
+    }
+    if (name == "!=")
+        return Not(OnSubject(filter[1], "==", Literal(Element(filter, 2))));
+    if (IsComparison(name))
+        return OnSubject(filter[1], name, Literal(Element(filter, 2)));
+    if (name == "in")
+        return ConvertIn(filter);
+    if (name == "!in")
+        return Not(ConvertIn(filter));
+    if (name == "has")
+        return ConvertHas(filter[1]);
+    if (name == "!has")
+        return Not(ConvertHas(filter[1]));
+    return name == "within" ? filter : Json(true);
+}
+
+} // namespace
+
+bool IsExpressionFilter(const Json& filter) { return IsExpression(filter, 0); }
+
+Json ConvertLegacyFilter(const Json& filter) { return Convert(filter, 0); }
+
+CompiledExpression CompileFilter(const Json& filter)
+{
+    return CompileExpression(IsExpressionFilter(filter) ? filter : ConvertLegacyFilter(filter), PropertySpec::Filter());
+}
+
+} // namespace txmap
