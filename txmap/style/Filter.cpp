@@ -13,28 +13,50 @@ bool IsComparison(const std::string& name)
     return name == "==" || name == "!=" || name == "<" || name == ">" || name == "<=" || name == ">=";
 }
 
-bool IsExpression(const Json& filter, int depth)
+// What a filter shows of its kind. Some are the same in both.
+enum class Nature
 {
+    Legacy,
+    Either,
+    Expression
+};
+
+Nature NatureOf(const Json& filter, int depth);
+
+// One part that can only be an expression makes the whole one; otherwise one of the old kind makes the whole old.
+Nature NatureOfParts(const Json& filter, int depth)
+{
+    Nature nature = Nature::Either;
+    for (std::size_t i = 1; i < filter.size(); ++i)
+    {
+        const Nature part = NatureOf(filter[i], depth + 1);
+        if (part == Nature::Expression)
+            return part;
+        nature = part == Nature::Legacy ? part : nature;
+    }
+    return nature;
+}
+
+Nature NatureOf(const Json& filter, int depth)
+{
+    const auto decided = [](bool expression) { return expression ? Nature::Expression : Nature::Legacy; };
     if (filter.is_boolean())
-        return true;
+        return Nature::Either;
     if (!filter.is_array() || filter.empty() || depth > kMaximumDepth)
-        return false;
+        return Nature::Legacy;
     if (!filter[0].is_string())
-        return true;
+        return Nature::Expression;
     const std::string name = filter[0];
     if (name == "has")
-        return filter.size() >= 2 && filter[1] != "$id" && filter[1] != "$type";
+        return filter.size() == 2 && filter[1] != "$id" && filter[1] != "$type" ? Nature::Either
+                                                                                : decided(filter.size() > 2);
     if (name == "in")
-        return filter.size() >= 3 && (!filter[1].is_string() || filter[2].is_array());
+        return decided(filter.size() >= 3 && (!filter[1].is_string() || filter[2].is_array()));
     if (name == "!in" || name == "!has" || name == "none")
-        return false;
+        return Nature::Legacy;
     if (IsComparison(name))
-        return filter.size() != 3 || filter[1].is_array() || filter[2].is_array();
-    if (name == "any" || name == "all")
-        for (std::size_t i = 1; i < filter.size(); ++i)
-            if (!filter[i].is_boolean() && !IsExpression(filter[i], depth + 1))
-                return false;
-    return true;
+        return decided(filter.size() != 3 || filter[1].is_array() || filter[2].is_array());
+    return name == "any" || name == "all" ? NatureOfParts(filter, depth) : Nature::Expression;
 }
 
 Json Not(const Json& filter) { return Json::array({"!", filter}); }
@@ -76,8 +98,10 @@ Json ConvertIn(const Json& filter)
 
 Json Convert(const Json& filter, int depth)
 {
-    if (!filter.is_array() || filter.empty() || !filter[0].is_string() || depth > kMaximumDepth)
-        return filter.is_null() ? Json(true) : filter;
+    if (filter.is_null() || (filter.is_array() && filter.empty()))
+        return true;
+    if (!filter.is_array() || !filter[0].is_string() || depth > kMaximumDepth)
+        return filter;
     const std::string name = filter[0];
     if (filter.size() == 1)
         return name != "any";
@@ -86,7 +110,7 @@ Json Convert(const Json& filter, int depth)
         Json parts = Json::array({name == "any" ? "any" : "all"});
         for (std::size_t i = 1; i < filter.size(); ++i)
         {
-            const Json part = IsExpression(filter[i], depth + 1) ? filter[i] : Convert(filter[i], depth + 1);
+            const Json part = Convert(filter[i], depth + 1);
             parts.push_back(name == "none" ? Not(part) : part);
         }
         return parts;
@@ -108,7 +132,7 @@ Json Convert(const Json& filter, int depth)
 
 } // namespace
 
-bool IsExpressionFilter(const Json& filter) { return IsExpression(filter, 0); }
+bool IsExpressionFilter(const Json& filter) { return NatureOf(filter, 0) != Nature::Legacy; }
 
 Json ConvertLegacyFilter(const Json& filter) { return Convert(filter, 0); }
 
