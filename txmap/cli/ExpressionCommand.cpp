@@ -31,10 +31,11 @@ std::optional<double> Number(const Json& json, const char* name)
     return found != json.end() && found->is_number() ? std::optional<double>(found->get<double>()) : std::nullopt;
 }
 
-Json Object(const Json& json, const char* name)
+const Json& Object(const Json& json, const char* name)
 {
+    static const Json empty = Json::object();
     const auto found = json.find(name);
-    return found != json.end() && found->is_object() ? *found : Json::object();
+    return found != json.end() && found->is_object() ? *found : empty;
 }
 
 // Where a place lies after it has been stored in a tile of this zoom, which is 8192 units wide.
@@ -56,7 +57,7 @@ public:
     {
         if (const auto found = json.find("id"); found != json.end())
             id = Value::FromJson(*found);
-        const Json geometryJson = Object(json, "geometry");
+        const Json& geometryJson = Object(json, "geometry");
         if (const auto name = geometryJson.find("type"); name != geometryJson.end() && name->is_string())
             type = name->get<std::string>();
         geometry = ReadGeoJsonGeometry(geometryJson);
@@ -180,8 +181,10 @@ std::string EvaluateExpressionText(const std::string& text)
     {
         const Value globalState = Value::FromJson(Object(json, "globalState"));
         std::string outputs;
-        for (const Json& input : json.value("inputs", Json::array()))
-            outputs += (outputs.empty() ? "" : ",") + Evaluate(*expression, input, globalState);
+        const auto inputs = json.find("inputs");
+        if (inputs != json.end() && inputs->is_array())
+            for (const Json& input : *inputs)
+                outputs += (outputs.empty() ? "" : ",") + Evaluate(*expression, input, globalState);
         result += ",\"outputs\":[" + outputs + "]";
     }
     return result + "}\n";

@@ -89,6 +89,8 @@ Value DefaultValue(const PropertySpec& spec)
     return ConvertTo(type->GetKind(), value, problem).value_or(value);
 }
 
+constexpr const char* kTooDeep = "Expressions must not be nested deeper than 256 levels.";
+
 std::vector<ParsingError> WholeError(const std::string& message) { return {{std::string(), message}}; }
 
 } // namespace
@@ -151,6 +153,8 @@ UsedProperties Expression::Properties() const
 
 CompiledExpression CompileExpression(const Json& json, const PropertySpec& spec)
 {
+    if (IsNestedTooDeep(json))
+        return WholeError(kTooDeep);
     std::vector<ParsingError> errors;
     ParsingContext context(errors, spec.ExpectedType());
     // Properties that are texts take anything for one.
@@ -162,8 +166,10 @@ CompiledExpression CompileExpression(const Json& json, const PropertySpec& spec)
 
 CompiledExpression CompileProperty(const Json& json, const PropertySpec& spec)
 {
-    CompiledExpression compiled =
-        CompileExpression(IsLegacyFunction(json) ? ConvertLegacyFunction(json, spec) : json, spec);
+    // Nothing that deep may be copied, because that would end the stack.
+    const bool converted = IsLegacyFunction(json) && !IsNestedTooDeep(json);
+    const CompiledExpression compiled =
+        converted ? CompileExpression(ConvertLegacyFunction(json, spec), spec) : CompileExpression(json, spec);
     const auto* expression = std::get_if<Expression>(&compiled);
     if (!expression)
         return compiled;

@@ -5,9 +5,6 @@ namespace txmap
 namespace
 {
 
-// Deeper filters are left as they are, and then fail to compile.
-constexpr int kMaximumDepth = 256;
-
 bool IsComparison(const std::string& name)
 {
     return name == "==" || name == "!=" || name == "<" || name == ">" || name == "<=" || name == ">=";
@@ -42,7 +39,7 @@ Nature NatureOf(const Json& filter, int depth)
     const auto decided = [](bool expression) { return expression ? Nature::Expression : Nature::Legacy; };
     if (filter.is_boolean())
         return Nature::Either;
-    if (!filter.is_array() || filter.empty() || depth > kMaximumDepth)
+    if (!filter.is_array() || filter.empty() || depth > kMaximumNesting)
         return Nature::Legacy;
     if (!filter[0].is_string())
         return Nature::Expression;
@@ -100,7 +97,7 @@ Json Convert(const Json& filter, int depth)
 {
     if (filter.is_null() || (filter.is_array() && filter.empty()))
         return true;
-    if (!filter.is_array() || !filter[0].is_string() || depth > kMaximumDepth)
+    if (!filter.is_array() || !filter[0].is_string() || depth > kMaximumNesting)
         return filter;
     const std::string name = filter[0];
     if (filter.size() == 1)
@@ -138,7 +135,9 @@ Json ConvertLegacyFilter(const Json& filter) { return Convert(filter, 0); }
 
 CompiledExpression CompileFilter(const Json& filter)
 {
-    return CompileExpression(IsExpressionFilter(filter) ? filter : ConvertLegacyFilter(filter), PropertySpec::Filter());
+    if (IsExpressionFilter(filter) || IsNestedTooDeep(filter))
+        return CompileExpression(filter, PropertySpec::Filter());
+    return CompileExpression(ConvertLegacyFilter(filter), PropertySpec::Filter());
 }
 
 } // namespace txmap

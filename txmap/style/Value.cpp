@@ -65,7 +65,20 @@ std::string NumbersText(const Numbers& numbers)
     return "[" + Joined(numbers, [](double number) { return Value(number).ToJsonText(); }) + "]";
 }
 
+bool IsDeeper(const Json& json, int levels)
+{
+    if (levels < 0)
+        return true;
+    if (json.is_structured())
+        for (const Json& item : json)
+            if (IsDeeper(item, levels - 1))
+                return true;
+    return false;
+}
+
 } // namespace
+
+bool IsNestedTooDeep(const Json& json) { return IsDeeper(json, kMaximumNesting); }
 
 std::string Formatted::ToString() const
 {
@@ -194,8 +207,10 @@ bool operator==(const Value& a, const Value& b)
         a.content);
 }
 
-Value Value::FromJson(const Json& json)
+Value Value::FromJson(const Json& json, int depth)
 {
+    if (depth > kMaximumNesting)
+        return nullptr;
     if (json.is_boolean())
         return json.get<bool>();
     if (json.is_number())
@@ -207,7 +222,7 @@ Value Value::FromJson(const Json& json)
         ValueArray items;
         items.reserve(json.size());
         for (const Json& item : json)
-            items.push_back(FromJson(item));
+            items.push_back(FromJson(item, depth + 1));
         return items;
     }
     if (json.is_object())
@@ -215,7 +230,7 @@ Value Value::FromJson(const Json& json)
         ValueObject members;
         members.reserve(json.size());
         for (const auto& member : json.items())
-            members.emplace_back(member.key(), FromJson(member.value()));
+            members.emplace_back(member.key(), FromJson(member.value(), depth + 1));
         return members;
     }
     return nullptr;

@@ -22,6 +22,11 @@ class Value;
 /// JSON whose objects keep the order of their members, as the texts of objects do.
 using Json = nlohmann::ordered_json;
 
+/// How deep arrays and objects of styles may be nested: deeper than anyone writes them, and far from the end of the
+/// stack.
+constexpr int kMaximumNesting = 256;
+bool IsNestedTooDeep(const Json& json);
+
 using ValueArray = std::vector<Value>;
 /// The members in the order in which they were written.
 using ValueObject = std::vector<std::pair<std::string, Value>>;
@@ -168,9 +173,12 @@ public:
     friend bool operator==(const Value& a, const Value& b);
     friend bool operator!=(const Value& a, const Value& b) { return !(a == b); }
 
-    static Value FromJson(const Json& json);
+    /// What is nested deeper than `kMaximumNesting` becomes null.
+    static Value FromJson(const Json& json) { return FromJson(json, 0); }
 
 private:
+    static Value FromJson(const Json& json, int depth);
+
     template <class T>
     using Shared = std::shared_ptr<const T>;
     using Content =

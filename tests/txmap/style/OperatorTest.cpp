@@ -231,9 +231,10 @@ TEST(Operators, say_what_is_wrong_and_where)
         {R"(["coalesce", ["step", ["zoom"], 1, 2, 3], ["step", ["zoom"], 1, 2, 3]])",
          " Only one zoom-based \"step\" or \"interpolate\" subexpression may be used in an expression."},
     });
-    std::string deep = "1";
+    std::string deep;
     for (int i = 0; i < 100000; ++i)
-        deep = "[\"-\"," + deep + "]";
+        deep += "[\"-\",";
+    deep += "1" + std::string(100000, ']');
     EXPECT_NE(Compiled(deep).find("Expressions must not be nested deeper than 256 levels."), std::string::npos);
 }
 

@@ -13,9 +13,6 @@ namespace
 
 using Kind = ExpressionType::Kind;
 
-// Deeper than any style, and far from the end of the stack.
-constexpr int kMaximumDepth = 256;
-
 bool IsOneOf(Kind kind, std::initializer_list<Kind> kinds)
 {
     return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
@@ -75,7 +72,6 @@ ParsingContext ParsingContext::At(std::size_t index) const
     ParsingContext part(*this);
     part.key = Key(index);
     part.expected.reset();
-    part.depth = depth + 1;
     return part;
 }
 
@@ -91,8 +87,6 @@ NodePtr ParsingContext::Parse(const Json& json, std::size_t index, std::optional
 
 NodePtr ParsingContext::ParseHere(const Json& json, Annotation annotation)
 {
-    if (depth > kMaximumDepth)
-        return Error("Expressions must not be nested deeper than " + std::to_string(kMaximumDepth) + " levels.");
     NodePtr node;
     if (json.is_discarded())
         return Error("'undefined' value invalid. Use null instead.");

@@ -47,7 +47,7 @@ public:
     }
     /// The same place, with errors of its own and nothing expected.
     ParsingContext(const ParsingContext& place, std::vector<ParsingError>& errors)
-        : errors(&errors), scope(place.scope), key(place.key), depth(place.depth)
+        : errors(&errors), scope(place.scope), key(place.key)
     {
     }
 
@@ -82,7 +82,6 @@ private:
     std::optional<ExpressionType> expected;
     const VariableScope* scope = nullptr;
     std::string key;
-    int depth = 0;
 };
 
 /// The type of a JSON value as messages name it: "number", "object" for arrays and null, too.
