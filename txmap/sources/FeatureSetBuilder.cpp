@@ -8,10 +8,24 @@ namespace txmap
 
 using TZObjects::TXPoint;
 
+namespace
+{
+
+constexpr MercatorBox kNothing{1e300, 1e300, -1e300, -1e300};
+
+void Include(MercatorBox& all, const MercatorBox& box)
+{
+    all = {std::min(all.left, box.left), std::min(all.top, box.top), std::max(all.right, box.right),
+           std::max(all.bottom, box.bottom)};
+}
+
+} // namespace
+
 void FeatureSetBuilder::Begin(GeometryType type, Value id)
 {
     feature = {std::move(id), type, set.counts.size(), set.points.size(), 0, set.tags.size(), 0};
     partStart = set.points.size();
+    featureBox = kNothing;
 }
 
 std::uint32_t FeatureSetBuilder::KeyNumber(const std::string& name)
@@ -58,14 +72,11 @@ void FeatureSetBuilder::KeepPart()
     const std::size_t least = feature.type == GeometryType::Point        ? 1
                               : feature.type == GeometryType::LineString ? 2
                                                                          : 3;
-    MercatorBox box{1e300, 1e300, -1e300, -1e300};
+    MercatorBox box = kNothing;
     for (std::size_t i = partStart; i < set.points.size(); ++i)
-    {
-        const TXPoint& point = set.points[i];
-        box = {std::min(box.left, point.x), std::min(box.top, point.y), std::max(box.right, point.x),
-               std::max(box.bottom, point.y)};
-    }
-    if (PartSize() < least || (visible && !visible->Shows(box)))
+        Include(box, {set.points[i].x, set.points[i].y, set.points[i].x, set.points[i].y});
+    Include(extent, box);
+    if (PartSize() < least || (visible && !keepsWhole && !visible->Shows(box)))
     {
         set.points.resize(partStart);
         return;
@@ -73,22 +84,36 @@ void FeatureSetBuilder::KeepPart()
     set.counts.push_back(static_cast<int>(PartSize()));
     ++feature.parts;
     partStart = set.points.size();
-    MercatorBox& all = set.bounds;
-    all = {std::min(all.left, box.left), std::min(all.top, box.top), std::max(all.right, box.right),
-           std::max(all.bottom, box.bottom)};
+    Include(featureBox, box);
+}
+
+void FeatureSetBuilder::DropFrom(const SetFeature& dropped)
+{
+    set.points.resize(dropped.firstPoint);
+    set.counts.resize(dropped.firstPart);
+    set.tags.resize(dropped.firstTag);
+    partStart = set.points.size();
 }
 
 bool FeatureSetBuilder::End()
 {
     set.points.resize(partStart);
-    if (feature.parts == 0)
+    if (feature.parts == 0 || (visible && keepsWhole && !visible->Shows(featureBox)))
     {
-        set.tags.resize(feature.firstTag);
+        DropFrom(feature);
         return false;
     }
+    Include(set.bounds, featureBox);
     feature.tags = set.tags.size() - feature.firstTag;
     set.features.push_back(std::move(feature));
     return true;
+}
+
+void FeatureSetBuilder::DropLast()
+{
+    // The bounds stay as large as they were: they promise to hold everything, not to be the smallest.
+    DropFrom(set.features.back());
+    set.features.pop_back();
 }
 
 } // namespace txmap

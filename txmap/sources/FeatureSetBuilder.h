@@ -33,8 +33,10 @@ class FeatureSetBuilder
 public:
     /// @param set what features are added to; it must outlive the builder.
     /// @param visible drops parts of which no copy is seen, and features without parts; nothing to keep all.
-    explicit FeatureSetBuilder(FeatureSet& set, const std::optional<VisibleWorlds>& visible = std::nullopt)
-        : set(set), visible(visible)
+    /// @param keepsWhole drops only features of which no part is seen.
+    explicit FeatureSetBuilder(FeatureSet& set, const std::optional<VisibleWorlds>& visible = std::nullopt,
+                               bool keepsWhole = false)
+        : set(set), visible(visible), keepsWhole(keepsWhole)
     {
     }
 
@@ -60,13 +62,22 @@ public:
     void EndRing(bool outer);
     /// Ends the feature. @return false if nothing of it is kept.
     bool End();
+    /// Takes back the feature that was ended last.
+    void DropLast();
+
+    /// The box around all parts, whether they were dropped or not. Its right is left of its left if there were none.
+    const MercatorBox& Extent() const { return extent; }
 
 private:
     void CloseRing();
     void KeepPart();
+    void DropFrom(const SetFeature& dropped);
 
     FeatureSet& set;
     std::optional<VisibleWorlds> visible;
+    bool keepsWhole;
+    MercatorBox extent{1e300, 1e300, -1e300, -1e300};
+    MercatorBox featureBox; ///< Around the parts that were kept of the feature.
     SetFeature feature;
     std::size_t partStart = 0;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -44,6 +45,15 @@ struct PlacedFeatures
     std::optional<int> tileZoom;
 };
 
+/// Which features of a source there are, for the member `filter` of sources.
+struct SourceFilter
+{
+    /// False for features that are left out; nothing for none.
+    std::function<bool(const ExpressionFeature&)> accepts;
+    /// The attributes that it uses.
+    WantedProperties properties;
+};
+
 /// A source of features. For a picture it is loaded once, with all that is wanted of it, and then asked layer by layer.
 class FeatureSource
 {
@@ -61,8 +71,8 @@ public:
 
 /// Makes the source of features that a source of type `geojson` or `vector` of a style describes.
 /// @param source the member of the style's `sources`. @param name what it is called, for messages.
-/// @throw Failure with `ExitCode::Data`.
+/// @param filter the source's own, if it has one. @throw Failure with `ExitCode::Data`.
 std::unique_ptr<FeatureSource> MakeFeatureSource(const std::string& name, const Json& source,
-                                                 const SourceFolder& folder);
+                                                 const SourceFolder& folder, SourceFilter filter = {});
 
 } // namespace txmap

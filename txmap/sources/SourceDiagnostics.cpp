@@ -11,8 +11,13 @@ void SourceDiagnostics::Report(const std::string& problem)
 {
     if (strict)
         throw Failure(ExitCode::Data, problem);
-    if (std::find(warnings.begin(), warnings.end(), problem) == warnings.end())
-        warnings.push_back(problem);
+    Warn(problem);
+}
+
+void SourceDiagnostics::Warn(const std::string& notice)
+{
+    if (std::find(warnings.begin(), warnings.end(), notice) == warnings.end())
+        warnings.push_back(notice);
 }
 
 } // namespace txmap

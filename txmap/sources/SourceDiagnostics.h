@@ -16,6 +16,8 @@ public:
     /// Takes one line that names the data at fault. The same line counts once. @throw Failure with `ExitCode::Data` if
     /// strict.
     void Report(const std::string& problem);
+    /// Takes one line that is good to know and no fault: a warning for strict maps as well.
+    void Warn(const std::string& notice);
     /// What was reported, in order.
     const std::vector<std::string>& Warnings() const { return warnings; }
 

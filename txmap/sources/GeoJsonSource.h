@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include <txmap/sources/FeatureSource.h>
+#include <txmap/sources/GeoJsonReader.h>
+
+namespace txmap
+{
+
+class VisibleWorlds;
+
+/// Features that stand in the style, in a file of GeoJSON, or in whatever else GDAL reads. They are not cut into tiles.
+class GeoJsonSource final : public FeatureSource
+{
+public:
+    /// @throw Failure with `ExitCode::Data` if `data` cannot be.
+    GeoJsonSource(const std::string& name, const Json& source, const SourceFolder& folder, SourceFilter filter);
+
+    void Load(const MercatorView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics) override;
+    const std::vector<PlacedFeatures>& Features(const std::string& sourceLayer) const override;
+    std::optional<MercatorBox> Extent() const override { return extent; }
+
+private:
+    std::optional<std::string> ReadText() const;
+    FeatureSet ReadFeatures(const VisibleWorlds& visible, const MercatorBox& box, bool keepsWhole,
+                            SourceDiagnostics& diagnostics);
+    void Check(const GeoJsonResult& result, SourceDiagnostics& diagnostics) const;
+
+    std::string name;
+    Json inlineData;  ///< Null if the data is elsewhere.
+    std::string path; ///< Where it is then: a file, or a text that GDAL knows what to do with.
+    GeoJsonOptions options;
+    std::vector<PlacedFeatures> placed;
+    std::optional<MercatorBox> extent;
+};
+
+} // namespace txmap
