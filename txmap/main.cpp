@@ -5,6 +5,7 @@
 #include <string>
 
 #include <txmap/atlas/Atlas.h>
+#include <txmap/cli/ExpressionCommand.h>
 #include <txmap/cli/MessageLine.h>
 #include <txmap/cli/Options.h>
 #include <txmap/drawing/PluginSession.h>
@@ -15,7 +16,7 @@ namespace txmap
 namespace
 {
 
-void Run(int argc, const char* const* argv)
+void RunAtlas(int argc, const char* const* argv)
 {
     const Options options = ParseOptions(argc, argv);
     switch (options.action)
@@ -30,6 +31,14 @@ void Run(int argc, const char* const* argv)
         DrawAtlas(options, [](const std::string& warning) { PrintMessage("warning: " + warning); });
         break;
     }
+}
+
+void Run(int argc, const char* const* argv)
+{
+    if (argc > 1 && std::string(argv[1]) == "expression")
+        RunExpressionCommand(argc - 1, argv + 1, std::cin, std::cout);
+    else
+        RunAtlas(argc, argv);
     if (!std::cout.flush())
         throw Failure(ExitCode::Drawing, "standard output cannot be written");
 }
