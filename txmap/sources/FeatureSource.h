@@ -71,8 +71,8 @@ public:
 
 /// Makes the source of features that a source of type `geojson` or `vector` of a style describes.
 /// @param source the member of the style's `sources`. @param name what it is called, for messages.
-/// @param filter the source's own, if it has one. @throw Failure with `ExitCode::Data`.
+/// @throw Failure with `ExitCode::Data`, also for a `filter` or `clusterProperties` that do not compile.
 std::unique_ptr<FeatureSource> MakeFeatureSource(const std::string& name, const Json& source,
-                                                 const SourceFolder& folder, SourceFilter filter = {});
+                                                 const SourceFolder& folder);
 
 } // namespace txmap

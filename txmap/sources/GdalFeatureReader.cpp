@@ -88,10 +88,11 @@ public:
             throw Failure(ExitCode::Data, name + ": cannot be brought into degrees" + LastGdalComplaint());
     }
 
-    void Read(const MercatorBox& visible)
+    void Read(const std::optional<MercatorBox>& visible)
     {
         SelectFields();
-        FilterByPlace(visible);
+        if (visible)
+            FilterByPlace(*visible);
         CPLErrorReset();
         layer.ResetReading();
         while (const OGRFeatureUniquePtr feature{layer.GetNextFeature()})
@@ -291,8 +292,9 @@ private:
 
 } // namespace
 
-std::optional<MercatorBox> GdalFeatureReader::Read(const MercatorBox& visible, FeatureSetBuilder& builder,
-                                                   FeatureSet& set, SourceDiagnostics& diagnostics) const
+std::optional<MercatorBox> GdalFeatureReader::Read(const std::optional<MercatorBox>& visible,
+                                                   FeatureSetBuilder& builder, FeatureSet& set,
+                                                   SourceDiagnostics& diagnostics) const
 {
     const VectorSource data(name);
     if (data.Layers().size() > 1)

@@ -18,10 +18,10 @@ public:
     /// @param name what GDAL opens, with "#" and the name of a layer behind it if need be.
     GdalFeatureReader(std::string name, const GeoJsonOptions& options) : name(std::move(name)), options(options) {}
 
-    /// Reads what lies in a box, and maybe more. @return the box around all that there is, if it is known.
+    /// Reads what lies in a box, and maybe more, or all. @return the box around all that there is, if it is known.
     /// @throw Failure with `ExitCode::Data`.
-    std::optional<MercatorBox> Read(const MercatorBox& visible, FeatureSetBuilder& builder, FeatureSet& set,
-                                    SourceDiagnostics& diagnostics) const;
+    std::optional<MercatorBox> Read(const std::optional<MercatorBox>& visible, FeatureSetBuilder& builder,
+                                    FeatureSet& set, SourceDiagnostics& diagnostics) const;
 
 private:
     std::string name;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <filesystem>
 
 #include <txmap/map/MercatorView.h>
@@ -67,6 +68,8 @@ GeoJsonSource::GeoJsonSource(const std::string& name, const Json& source, const 
     options.generatesIds = IsTrue(source, "generateId");
     if (const auto id = source.find("promoteId"); id != source.end() && id->is_string())
         options.promotedId = id->get<std::string>();
+    if (IsTrue(source, "cluster"))
+        clusters = ClusterOptions::FromSource(name, source);
 }
 
 void GeoJsonSource::Check(const GeoJsonResult& result, SourceDiagnostics& diagnostics) const
@@ -91,9 +94,10 @@ std::optional<std::string> GeoJsonSource::ReadText() const
     return ReadSourceFile(path, kLimit);
 }
 
-FeatureSet GeoJsonSource::ReadFeatures(const VisibleWorlds& visible, const MercatorBox& box, bool keepsWhole,
+FeatureSet GeoJsonSource::ReadFeatures(const std::optional<MercatorBox>& box, bool keepsWhole,
                                        SourceDiagnostics& diagnostics)
 {
+    const std::optional<VisibleWorlds> visible = box ? std::optional(VisibleWorlds(*box)) : std::nullopt;
     FeatureSet set;
     std::string problem;
     const std::optional<std::string> text = inlineData.is_null() ? ReadText() : std::nullopt;
@@ -127,22 +131,40 @@ FeatureSet GeoJsonSource::ReadFeatures(const VisibleWorlds& visible, const Merca
     return set;
 }
 
-void GeoJsonSource::Load(const MercatorView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics)
+void GeoJsonSource::WantProperties(const FeatureRequest& request)
 {
     // There are no source layers: whatever they are called, all want the same features.
-    options.properties.emplace();
+    std::set<std::string> names;
+    bool all = false;
     for (const auto& [layer, properties] : request.layers)
     {
-        if (!properties)
-            options.properties.reset();
-        if (properties && options.properties)
-            options.properties->insert(properties->begin(), properties->end());
-        if (!options.properties)
-            break;
+        all = all || !properties;
+        if (properties)
+            names.insert(properties->begin(), properties->end());
     }
+    if (clusters)
+    {
+        const UsedProperties used = clusters->Used();
+        all = all || used.all;
+        names.insert(used.names.begin(), used.names.end());
+    }
+    options.properties = all ? WantedProperties() : WantedProperties(std::move(names));
+}
+
+void GeoJsonSource::Load(const MercatorView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics)
+{
+    WantProperties(request);
     const MercatorBox box = view.Visible(request.margin);
-    auto set =
-        std::make_shared<FeatureSet>(ReadFeatures(VisibleWorlds(box), box, request.keepsWholeFeatures, diagnostics));
+    auto set = std::make_shared<FeatureSet>();
+    if (clusters)
+    {
+        // What is seen may stand for points that are not.
+        const FeatureSet all = ReadFeatures(std::nullopt, false, diagnostics);
+        FeatureSetBuilder builder(*set, VisibleWorlds(box));
+        AddClusters(all, *clusters, std::max(0, static_cast<int>(std::floor(view.Zoom()))), builder);
+    }
+    else
+        *set = ReadFeatures(box, request.keepsWholeFeatures, diagnostics);
     if (extent && extent->right < extent->left)
         extent.reset();
     placed.clear();

@@ -9,11 +9,10 @@
 
 #include <txmap/sources/FeatureSource.h>
 #include <txmap/sources/GeoJsonReader.h>
+#include <txmap/sources/PointClusters.h>
 
 namespace txmap
 {
-
-class VisibleWorlds;
 
 /// Features that stand in the style, in a file of GeoJSON, or in whatever else GDAL reads. They are not cut into tiles.
 class GeoJsonSource final : public FeatureSource
@@ -28,14 +27,16 @@ public:
 
 private:
     std::optional<std::string> ReadText() const;
-    FeatureSet ReadFeatures(const VisibleWorlds& visible, const MercatorBox& box, bool keepsWhole,
-                            SourceDiagnostics& diagnostics);
+    void WantProperties(const FeatureRequest& request);
+    /// Reads what lies in a box, or all that there is.
+    FeatureSet ReadFeatures(const std::optional<MercatorBox>& box, bool keepsWhole, SourceDiagnostics& diagnostics);
     void Check(const GeoJsonResult& result, SourceDiagnostics& diagnostics) const;
 
     std::string name;
     Json inlineData;  ///< Null if the data is elsewhere.
     std::string path; ///< Where it is then: a file, or a text that GDAL knows what to do with.
     GeoJsonOptions options;
+    std::optional<ClusterOptions> clusters; ///< Nothing for points that stand for themselves.
     std::vector<PlacedFeatures> placed;
     std::optional<MercatorBox> extent;
 };

@@ -26,11 +26,11 @@ class Loaded
 {
 public:
     explicit Loaded(const std::string& json, const MercatorView& view = kWorld, const FeatureRequest& request = All(),
-                    const std::string& folder = "", SourceFilter filter = {})
+                    const std::string& folder = "")
     {
         PrepareGdal();
         const std::unique_ptr<FeatureSource> source =
-            MakeFeatureSource("test", Json::parse(json), SourceFolder(folder), std::move(filter));
+            MakeFeatureSource("test", Json::parse(json), SourceFolder(folder));
         source->Load(view, request, diagnostics);
         extent = source->Extent();
         for (const PlacedFeatures& placed : source->Features(""))
@@ -177,15 +177,55 @@ TEST(GeoJsonSource, MakesAndPromotesIdentifiers)
 
 TEST(GeoJsonSource, LeavesOutWhatTheFilterRefuses)
 {
-    SourceFilter filter;
-    filter.properties = std::set<std::string>{"keep"};
-    filter.accepts = [](const ExpressionFeature& feature) { return feature.Property("keep")->Boolean(); };
-    const Loaded loaded(Inline(Collection({Feature(Point(1, 2), R"({"name": "a", "keep": false})"),
-                                           Feature(Point(1, 2), R"({"name": "b", "keep": true})")})),
-                        kWorld, {{{"", std::set<std::string>{"name"}}}, 0.0, false}, "", filter);
+    const std::string data = Collection(
+        {Feature(Point(1, 2), R"({"name": "a", "keep": 1})"), Feature(Point(1, 2), R"({"name": "b", "keep": 2})")});
+    const Loaded loaded(Inline(data, R"(, "filter": ["==", ["get", "keep"], 2])"), kWorld,
+                        {{{"", std::set<std::string>{"name"}}}, 0.0, false});
     ASSERT_THAT(loaded.set.features, SizeIs(1));
     EXPECT_EQ(loaded.Text(0, "name"), "b");
     EXPECT_THAT(loaded.set.points, SizeIs(1));
+    EXPECT_THAT(Refusal(Inline(data, R"(, "filter": ["nothing"])")), HasSubstr("has a filter that is none"));
+}
+
+/// Points a degree apart along the equator, each with its number as `n`.
+std::string Row(int count)
+{
+    std::vector<std::string> points;
+    for (int i = 0; i < count; ++i)
+        points.push_back(Feature(Point(i, 0), R"({"n": )" + std::to_string(i + 1) + "}"));
+    return Collection(points);
+}
+
+TEST(GeoJsonSource, ClustersPoints)
+{
+    // At zoom 2, 50 pixels are 8.8 degrees.
+    const Loaded loaded(Inline(Row(20), R"(, "cluster": true, "clusterMaxZoom": 2, "clusterProperties": {
+                               "sum": ["+", ["get", "n"]],
+                               "most": [["max", ["accumulated"], ["get", "most"]], ["get", "n"]]})"),
+                        MercatorView({0, 0, 2.5, 0}, {1024, 512}));
+    // The first point gathers those up to 8 degrees, the tenth the others up to 17, and two are left.
+    ASSERT_THAT(loaded.set.features, SizeIs(3));
+    const auto number = [&](std::size_t feature, const char* name)
+    { return loaded.set.Property(loaded.set.features[feature], name)->Number(); };
+    EXPECT_EQ(number(0, "point_count"), 9.0);
+    EXPECT_EQ(number(1, "point_count"), 9.0);
+    EXPECT_EQ(number(2, "point_count_abbreviated"), 2.0);
+    EXPECT_EQ(number(0, "sum"), 45.0);
+    EXPECT_EQ(number(1, "most"), 18.0);
+    EXPECT_TRUE(loaded.set.Property(loaded.set.features[0], "cluster")->Boolean());
+    EXPECT_EQ(loaded.set.features[0].id.Number(), number(0, "cluster_id"));
+    EXPECT_NEAR(loaded.set.points[0].x, ToMercator(4, 0).x, 1e-9);
+}
+
+TEST(GeoJsonSource, ClustersNoFewPointsAndNoneBeyondTheZoom)
+{
+    const MercatorView view({0, 0, 2, 0}, {1024, 512});
+    EXPECT_THAT(Loaded(Inline(Row(20), R"(, "cluster": true, "clusterMaxZoom": 1)"), view).set.features, SizeIs(20));
+    const Loaded loaded(Inline(Row(20), R"(, "cluster": true, "clusterMaxZoom": 2, "clusterMinPoints": 5)"), view);
+    ASSERT_THAT(loaded.set.features, SizeIs(4));
+    EXPECT_EQ(loaded.set.Property(loaded.set.features[3], "n")->Number(), 20.0);
+    EXPECT_THAT(Refusal(Inline(Row(2), R"(, "cluster": true, "clusterProperties": {"a": 1})")),
+                HasSubstr("has a cluster property a that is none"));
 }
 
 TEST(GeoJsonSource, LeavesOutWhatIsNotSeen)
