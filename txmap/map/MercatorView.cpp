@@ -135,11 +135,11 @@ std::vector<int> MercatorView::WorldsThatShow(const MercatorBox& box, double mar
     std::vector<int> worlds;
     const MercatorBox visible = Visible(margin);
     // A box of strange data may lie anywhere. The views that there are reach over a few hundred worlds at the most.
-    const double first = std::max(std::ceil(visible.left - box.right), -1e4);
-    const double last = std::min(std::floor(visible.right - box.left), 1e4);
-    for (double world = first; world <= last; ++world)
+    const int first = static_cast<int>(std::clamp(std::ceil(visible.left - box.right), -1e4, 1e4));
+    const int last = static_cast<int>(std::clamp(std::floor(visible.right - box.left), -1e4, 1e4));
+    for (int world = first; world <= last; ++world)
         if (Shows(box.Shifted(world), margin))
-            worlds.push_back(static_cast<int>(world));
+            worlds.push_back(world);
     return worlds;
 }
 

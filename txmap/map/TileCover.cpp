@@ -46,12 +46,12 @@ std::vector<CoveringTile> CoveringTiles(const MercatorView& view, const TilePyra
     const MercatorBox& bounds = pyramid.bounds;
     const int firstRow = TileAt(std::max(visible.top, bounds.top), count);
     const int lastRow = TileAt(std::min(visible.bottom, bounds.bottom), count);
-    const double firstWorld = std::floor(visible.left);
-    const double lastWorld = std::floor(visible.right);
+    const int firstWorld = static_cast<int>(std::floor(visible.left));
+    const int lastWorld = static_cast<int>(std::floor(visible.right));
     for (int y = firstRow; y <= lastRow; ++y)
     {
         std::vector<CoveringTile> row;
-        for (double world = firstWorld; world <= lastWorld; ++world)
+        for (int world = firstWorld; world <= lastWorld; ++world)
         {
             const int firstColumn = TileAt(std::max(visible.left - world, bounds.left), count);
             const int lastColumn = TileAt(std::min(visible.right - world, bounds.right), count);
@@ -60,7 +60,7 @@ std::vector<CoveringTile> CoveringTiles(const MercatorView& view, const TilePyra
                 const TileId id{z, x, y};
                 const MercatorBox inner = id.Box().Grown(-kTouch);
                 if (inner.Intersects(bounds) && view.Shows(inner.Shifted(world), margin))
-                    row.push_back({id, {static_cast<int>(world)}});
+                    row.push_back({id, {world}});
             }
         }
         std::stable_sort(row.begin(), row.end(),

@@ -229,7 +229,8 @@ ClusterOptions ClusterOptions::FromSource(const std::string& name, const Json& s
         return options;
     for (const auto& [property, pair] : properties->items())
     {
-        const std::string where = "the source " + name + " has a cluster property " + property + " that is none";
+        std::string where = "the source ";
+        where.append(name).append(" has a cluster property ").append(property).append(" that is none");
         if (!pair.is_array() || pair.size() != 2)
             throw Failure(ExitCode::Data, where);
         // An operator stands for its use on what is accumulated and the share.
