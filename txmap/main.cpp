@@ -8,6 +8,7 @@
 #include <txmap/cli/ExpressionCommand.h>
 #include <txmap/cli/MessageLine.h>
 #include <txmap/cli/Options.h>
+#include <txmap/cli/ValidateCommand.h>
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/support/Failure.h>
 
@@ -35,8 +36,13 @@ void RunAtlas(int argc, const char* const* argv)
 
 void Run(int argc, const char* const* argv)
 {
-    if (argc > 1 && std::string(argv[1]) == "expression")
+    const std::string command = argc > 1 ? argv[1] : "";
+    if (command == "expression")
         RunExpressionCommand(argc - 1, argv + 1, std::cin, std::cout);
+    else if (command == "validate")
+        RunValidateCommand(argc - 1, argv + 1, std::cout);
+    else if (command == "atlas")
+        RunAtlas(argc - 1, argv + 1);
     else
         RunAtlas(argc, argv);
     if (!std::cout.flush())
