@@ -5,8 +5,10 @@
 #include <string>
 
 #include <txmap/atlas/Atlas.h>
+#include <txmap/cli/ExpressionCommand.h>
 #include <txmap/cli/MessageLine.h>
 #include <txmap/cli/Options.h>
+#include <txmap/cli/ValidateCommand.h>
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/support/Failure.h>
 
@@ -15,7 +17,7 @@ namespace txmap
 namespace
 {
 
-void Run(int argc, const char* const* argv)
+void RunAtlas(int argc, const char* const* argv)
 {
     const Options options = ParseOptions(argc, argv);
     switch (options.action)
@@ -30,6 +32,19 @@ void Run(int argc, const char* const* argv)
         DrawAtlas(options, [](const std::string& warning) { PrintMessage("warning: " + warning); });
         break;
     }
+}
+
+void Run(int argc, const char* const* argv)
+{
+    const std::string command = argc > 1 ? argv[1] : "";
+    if (command == "expression")
+        RunExpressionCommand(argc - 1, argv + 1, std::cin, std::cout);
+    else if (command == "validate")
+        RunValidateCommand(argc - 1, argv + 1, std::cout);
+    else if (command == "atlas")
+        RunAtlas(argc - 1, argv + 1);
+    else
+        RunAtlas(argc, argv);
     if (!std::cout.flush())
         throw Failure(ExitCode::Drawing, "standard output cannot be written");
 }

@@ -36,7 +36,7 @@ std::optional<Raster> ReadRasterOf(const AtlasOptions& options, const View& view
 {
     if (!options.raster)
         return std::nullopt;
-    return ReadRaster(options.raster->file, view);
+    return ReadRaster(options.raster->file, view, "--raster " + options.raster->file);
 }
 
 } // namespace

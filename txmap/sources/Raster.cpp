@@ -24,9 +24,9 @@ namespace
 
 constexpr double kTurn = 360.0;
 
-[[noreturn]] void Fail(const std::string& file, const std::string& reason)
+[[noreturn]] void Fail(const std::string& name, const std::string& reason)
 {
-    throw Failure(ExitCode::Data, "--raster " + file + ": " + reason);
+    throw Failure(ExitCode::Data, name + ": " + reason);
 }
 
 /// Why GDAL could not open a file as a raster.
@@ -40,15 +40,15 @@ std::string OpenProblem(const std::string& file, const std::string& complaint)
     return "cannot be read as a raster" + complaint;
 }
 
-GDALDatasetUniquePtr Open(const std::string& file)
+GDALDatasetUniquePtr Open(const std::string& file, const std::string& name)
 {
     CPLErrorReset();
     GDALDatasetUniquePtr dataset(
         GDALDataset::Open(file.c_str(), GDAL_OF_RASTER | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR));
     if (!dataset)
-        Fail(file, OpenProblem(file, LastGdalComplaint()));
+        Fail(name, OpenProblem(file, LastGdalComplaint()));
     if (dataset->GetRasterCount() == 0)
-        Fail(file, "holds no raster by itself, but perhaps several");
+        Fail(name, "holds no raster by itself, but perhaps several");
     return dataset;
 }
 
@@ -62,20 +62,20 @@ bool LooksLikeDegrees(GDALDataset& dataset, const std::array<double, 6>& transfo
 }
 
 /// Whether the coordinate system must be given, as the raster has none but its coordinates are degrees.
-bool NeedsDegrees(GDALDataset& dataset, const std::string& file)
+bool NeedsDegrees(GDALDataset& dataset, const std::string& name)
 {
     std::array<double, 6> transform{};
     const bool hasTransform = dataset.GetGeoTransform(transform.data()) == CE_None;
     const bool hasPoints =
         dataset.GetGCPCount() > 0 || dataset.GetMetadata("RPC") != nullptr || dataset.GetMetadata("GEOLOCATION");
     if (!hasTransform && !hasPoints)
-        Fail(file, "has no georeference");
+        Fail(name, "has no georeference");
     if (hasTransform && !std::all_of(transform.begin(), transform.end(), [](double c) { return std::isfinite(c); }))
-        Fail(file, "has a georeference that is none");
+        Fail(name, "has a georeference that is none");
     if (hasPoints || dataset.GetSpatialRef())
         return false;
     if (!LooksLikeDegrees(dataset, transform))
-        Fail(file, "has no coordinate system, and its coordinates are not degrees");
+        Fail(name, "has no coordinate system, and its coordinates are not degrees");
     return true;
 }
 
@@ -89,7 +89,7 @@ struct WarpDeleter
 };
 
 /// The raster with those bands alone that are drawn, and with a coordinate system.
-GDALDatasetUniquePtr Selected(GDALDataset& dataset, const RasterBands& bands, const std::string& file)
+GDALDatasetUniquePtr Selected(GDALDataset& dataset, const RasterBands& bands, const std::string& name)
 {
     CPLStringList arguments;
     arguments.AddString("-of");
@@ -102,7 +102,7 @@ GDALDatasetUniquePtr Selected(GDALDataset& dataset, const RasterBands& bands, co
         arguments.AddString("-b");
         arguments.AddString(std::to_string(number).c_str());
     }
-    if (NeedsDegrees(dataset, file))
+    if (NeedsDegrees(dataset, name))
     {
         arguments.AddString("-a_srs");
         arguments.AddString("EPSG:4326");
@@ -112,12 +112,12 @@ GDALDatasetUniquePtr Selected(GDALDataset& dataset, const RasterBands& bands, co
     GDALDatasetUniquePtr selected(
         GDALDataset::FromHandle(GDALTranslate("", GDALDataset::ToHandle(&dataset), options.get(), nullptr)));
     if (!selected)
-        Fail(file, "cannot be read as a raster" + LastGdalComplaint());
+        Fail(name, "cannot be read as a raster" + LastGdalComplaint());
     return selected;
 }
 
 /// A raster in memory that has the size of the picture, the bands to draw, and last one of opacity.
-GDALDatasetUniquePtr MakeTarget(const View& view, const RasterBands& bands, const std::string& file)
+GDALDatasetUniquePtr MakeTarget(const View& view, const RasterBands& bands, const std::string& name)
 {
     GDALDriver* const memory = GetGDALDriverManager()->GetDriverByName("MEM");
     const int count = static_cast<int>(bands.colors.size()) + 1;
@@ -127,7 +127,7 @@ GDALDatasetUniquePtr MakeTarget(const View& view, const RasterBands& bands, cons
     system.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
     if (!target || system.SetFromUserInput(view.MapProjection().Name()) != OGRERR_NONE ||
         target->SetSpatialRef(&system) != CE_None)
-        Fail(file, "cannot be warped" + LastGdalComplaint());
+        Fail(name, "cannot be warped" + LastGdalComplaint());
     target->GetRasterBand(count)->SetColorInterpretation(GCI_AlphaBand);
     return target;
 }
@@ -145,7 +145,7 @@ std::vector<double> WorldsOf(const GDALDataset& dataset, const View& view)
 
 /// Warps into an empty target what lies in the picture of the world that is so many degrees to the east.
 void Warp(GDALDataset& source, GDALDataset& target, const View& view, double degrees, const RasterBands& bands,
-          const std::string& file)
+          const std::string& name)
 {
     const double size = 1.0 / view.Scale();
     const Projection& projection = view.MapProjection();
@@ -161,7 +161,7 @@ void Warp(GDALDataset& source, GDALDataset& target, const View& view, double deg
     GDALDatasetH sources[] = {GDALDataset::ToHandle(&source)};
     CPLErrorReset();
     if (!GDALWarp(nullptr, GDALDataset::ToHandle(&target), 1, sources, options.get(), nullptr))
-        Fail(file, "cannot be brought into the map" + LastGdalComplaint());
+        Fail(name, "cannot be brought into the map" + LastGdalComplaint());
 }
 
 bool IsTransparent(std::uint32_t pixel) { return pixel >> 24 == 0; }
@@ -179,11 +179,11 @@ void FillGaps(std::vector<std::uint32_t>& pixels, std::vector<std::uint32_t> oth
 
 bool Raster::IsBlank() const { return std::all_of(pixels.begin(), pixels.end(), IsTransparent); }
 
-Raster ReadRaster(const std::string& file, const View& view)
+Raster ReadRaster(const std::string& file, const View& view, const std::string& name)
 {
-    const GDALDatasetUniquePtr dataset = Open(file);
+    const GDALDatasetUniquePtr dataset = Open(file, name);
     const RasterBands bands = BandsOf(*dataset);
-    const GDALDatasetUniquePtr selected = Selected(*dataset, bands, file);
+    const GDALDatasetUniquePtr selected = Selected(*dataset, bands, name);
     std::optional<ValueRange> range;
     if (bands.type != GDT_Byte && bands.table.empty())
         range = UsualValues(*selected, static_cast<int>(bands.colors.size()));
@@ -191,11 +191,11 @@ Raster ReadRaster(const std::string& file, const View& view)
     for (const double degrees : WorldsOf(*selected, view))
     {
         // Into one target, translucent pixels would add up.
-        const GDALDatasetUniquePtr target = MakeTarget(view, bands, file);
-        Warp(*selected, *target, view, degrees, bands, file);
+        const GDALDatasetUniquePtr target = MakeTarget(view, bands, name);
+        Warp(*selected, *target, view, degrees, bands, name);
         std::vector<std::uint32_t> pixels = ToColors(*target, bands, range);
         if (pixels.empty())
-            Fail(file, "cannot be brought into the map" + LastGdalComplaint());
+            Fail(name, "cannot be brought into the map" + LastGdalComplaint());
         FillGaps(raster.pixels, std::move(pixels));
         if (std::none_of(raster.pixels.begin(), raster.pixels.end(), IsTransparent))
             break;

@@ -22,7 +22,8 @@ struct Raster
 /// Reads a georeferenced raster in the projection, the part of the world and the size of a view, on both sides of the
 /// date line. Where the raster has no data it is transparent. Values of more than a byte are stretched between those
 /// that two of a hundred fall below and exceed, over the whole raster and all of its colours alike.
+/// @param name what the file is called in messages.
 /// @throw Failure with `ExitCode::Data` when GDAL cannot.
-Raster ReadRaster(const std::string& file, const View& view);
+Raster ReadRaster(const std::string& file, const View& view, const std::string& name);
 
 } // namespace txmap

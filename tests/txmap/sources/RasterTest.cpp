@@ -33,7 +33,7 @@ public:
     {
         PrepareGdal();
         const TemporaryFolder folder;
-        pixels = ReadRaster(raster.Write(folder / "raster.tif"), this->view);
+        pixels = ReadRaster(raster.Write(folder / "raster.tif"), this->view, "--raster");
     }
 
     /// The pixel at a place.
@@ -53,7 +53,7 @@ private:
 std::string Refusal(const std::string& file)
 {
     PrepareGdal();
-    return RefusalOf(ExitCode::Data, [&] { ReadRaster(file, kWorld); });
+    return RefusalOf(ExitCode::Data, [&] { ReadRaster(file, kWorld, "--raster " + file); });
 }
 
 std::uint32_t Grey(int tone) { return 0xFF000000u | static_cast<std::uint32_t>(tone) * 0x010101u; }

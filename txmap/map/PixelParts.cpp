@@ -1,0 +1,174 @@
+#include <txmap/map/PixelParts.h>
+
+#include <cmath>
+
+namespace txmap
+{
+
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
+
+namespace
+{
+
+// Points closer than this to the one before do not change a pixel that anyone could see.
+constexpr double kFinest = 0.125;
+// How far from the edge of the world a point of cut data may lie: some 4 cm.
+constexpr double kEdge = 1e-9;
+
+bool Close(const TXPoint& a, const TXPoint& b)
+{
+    return std::abs(a.x - b.x) < kFinest && std::abs(a.y - b.y) < kFinest;
+}
+
+TXRect ToRect(const MercatorBox& box) { return {box.left, box.right, box.top, box.bottom}; }
+
+bool IsEdgeOfWorld(const TXPoint& a, const TXPoint& b)
+{
+    const double side = std::round(a.x);
+    if (std::abs(a.x - side) < kEdge && std::abs(b.x - side) < kEdge)
+        return true;
+    return (a.y <= 0.0 && b.y <= 0.0) || (a.y >= 1.0 && b.y >= 1.0);
+}
+
+} // namespace
+
+PixelParts::PixelParts(const AffineMatrix& toPixels, const TXRect& picture, const std::optional<MercatorBox>& tile)
+    : toPixels(toPixels), pictureClipper(picture)
+{
+    if (tile)
+        tileClipper.emplace(ToRect(*tile));
+}
+
+void PixelParts::Reduce(const TXPoint* points, std::size_t count)
+{
+    pixels.clear();
+    TXPoint last;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        last = toPixels.Map(points[i]);
+        if (pixels.empty() || !Close(last, pixels.back()))
+            pixels.push_back(last);
+    }
+    // The end of a line is where another one begins, and the end of a ring is its start.
+    if (pixels.size() > 1)
+        pixels.back() = last;
+}
+
+void PixelParts::AddRing(const TXPoint* points, std::size_t count)
+{
+    if (tileClipper)
+    {
+        cut.Clear();
+        tileClipper->ClipRing(points, count, cut);
+        points = cut.points.data();
+        count = cut.points.size();
+    }
+    Reduce(points, count);
+    pictureClipper.ClipRing(pixels.data(), pixels.size(), result);
+}
+
+void PixelParts::AddLinePiece(const TXPoint* points, std::size_t count, std::vector<LineSpan>* spans)
+{
+    Reduce(points, count);
+    // A line that is shorter than anyone could see may still be a dot, by its width and its caps.
+    if (pixels.size() == 1 && count > 1)
+        pixels.push_back(toPixels.Map(points[count - 1]));
+    pictureClipper.ClipLine(pixels.data(), pixels.size(), result, spans);
+}
+
+void PixelParts::AddLine(const TXPoint* points, std::size_t count, std::vector<LineSpan>* spans)
+{
+    const std::size_t firstSpan = spans ? spans->size() : 0;
+    if (!tileClipper)
+        AddLinePiece(points, count, spans);
+    else
+    {
+        cut.Clear();
+        std::vector<LineSpan> pieces;
+        tileClipper->ClipLine(points, count, cut, spans ? &pieces : nullptr);
+        const TXPoint* piece = cut.points.data();
+        for (std::size_t i = 0; i < cut.counts.size(); ++i)
+        {
+            const std::size_t first = spans ? spans->size() : 0;
+            const auto size = static_cast<std::size_t>(cut.counts[i]);
+            AddLinePiece(piece, size, spans);
+            piece += size;
+            if (!spans)
+                continue;
+            const double scale = std::hypot(toPixels.xx, toPixels.yx);
+            for (std::size_t k = first; k < spans->size(); ++k)
+            {
+                (*spans)[k].start += pieces[i].start * scale;
+                (*spans)[k].end += pieces[i].start * scale;
+            }
+        }
+    }
+    if (!spans || spans->size() == firstSpan)
+        return;
+    double length = 0.0;
+    for (std::size_t i = 1; i < count; ++i)
+        length += std::hypot(points[i].x - points[i - 1].x, points[i].y - points[i - 1].y);
+    length *= std::hypot(toPixels.xx, toPixels.yx);
+    for (std::size_t k = firstSpan; k < spans->size(); ++k)
+    {
+        LineSpan& span = (*spans)[k];
+        span.start = length > 0.0 ? std::fmin(span.start / length, 1.0) : 0.0;
+        span.end = length > 0.0 ? std::fmin(span.end / length, 1.0) : 1.0;
+    }
+}
+
+void PixelParts::AddPoint(const TXPoint& point)
+{
+    if (tileClipper)
+    {
+        const TXRect& tile = tileClipper->Box();
+        if (point.x < tile.left || point.x >= tile.right || point.y < tile.top || point.y >= tile.bottom)
+            return;
+    }
+    const TXPoint pixel = toPixels.Map(point);
+    const TXRect& picture = pictureClipper.Box();
+    if (pixel.x < picture.left || pixel.x > picture.right || pixel.y < picture.top || pixel.y > picture.bottom)
+        return;
+    result.points.push_back(pixel);
+    result.counts.push_back(1);
+}
+
+void AppendOutline(const TXPoint* ring, std::size_t count, Parts& lines)
+{
+    if (count < 2)
+        return;
+    // Begin behind an edge that is left out, so that no line is broken where the ring happens to begin.
+    std::size_t start = 0;
+    for (std::size_t i = 1; i < count && start == 0; ++i)
+        if (IsEdgeOfWorld(ring[i - 1], ring[i]))
+            start = i;
+    if (start == 0)
+    {
+        lines.points.insert(lines.points.end(), ring, ring + count);
+        lines.counts.push_back(static_cast<int>(count));
+        return;
+    }
+    const std::size_t edges = count - 1;
+    bool open = false;
+    for (std::size_t k = 0; k < edges; ++k)
+    {
+        const TXPoint& a = ring[(start + k) % edges];
+        const TXPoint& b = ring[(start + k + 1) % edges];
+        if (IsEdgeOfWorld(a, b))
+        {
+            open = false;
+            continue;
+        }
+        if (!open)
+        {
+            lines.points.push_back(a);
+            lines.counts.push_back(1);
+        }
+        lines.points.push_back(b);
+        ++lines.counts.back();
+        open = true;
+    }
+}
+
+} // namespace txmap

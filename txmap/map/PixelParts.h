@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include <txbase/TXPoint.h>
+#include <txbase/TXRect.h>
+#include <txmap/map/AffineMatrix.h>
+#include <txmap/map/Mercator.h>
+#include <txmap/map/RectangleClipper.h>
+
+namespace txmap
+{
+
+/// Makes pixels of geometry in Mercator coordinates: cuts it, brings it to the picture, and drops the points that
+/// nobody could see. The time this takes grows with the number of points alone.
+///
+/// Results are appended to `Result()`, ready to be drawn at once or feature by feature.
+class PixelParts
+{
+public:
+    /// @param toPixels Mercator coordinates to pixels, for one world.
+    /// @param picture the part of the picture, in pixels, that geometry is cut to: larger than the picture by more than
+    /// half the widest line, because cut fills have edges along it.
+    /// @param tile what geometry is cut to before; nothing for no cut. See `MercatorView::AlignedToPixels`.
+    PixelParts(const AffineMatrix& toPixels, const TZObjects::TXRect& picture,
+               const std::optional<MercatorBox>& tile = std::nullopt);
+
+    /// Adds a closed ring that is to be filled. One that is smaller than a few tenths of a pixel leaves nothing.
+    void AddRing(const TZObjects::TXPoint* points, std::size_t count);
+    /// Adds a line, or the outline of a ring, that is to be stroked: the pieces that are seen.
+    /// @param spans gets where each piece lies on the line, from 0 at its start to 1 at its end; null for not wanted.
+    void AddLine(const TZObjects::TXPoint* points, std::size_t count, std::vector<LineSpan>* spans = nullptr);
+    /// Adds a point as a part of its own. The west and north sides of a tile belong to it, the others do not.
+    void AddPoint(const TZObjects::TXPoint& point);
+
+    Parts& Result() { return result; }
+    const Parts& Result() const { return result; }
+
+private:
+    void Reduce(const TZObjects::TXPoint* points, std::size_t count);
+    void AddLinePiece(const TZObjects::TXPoint* points, std::size_t count, std::vector<LineSpan>* spans);
+
+    AffineMatrix toPixels;
+    RectangleClipper pictureClipper;
+    std::optional<RectangleClipper> tileClipper;
+    Parts cut;                              ///< What the tile leaves, in Mercator coordinates.
+    std::vector<TZObjects::TXPoint> pixels; ///< One part, without the points that nobody could see.
+    Parts result;
+};
+
+/// Splits the outline of a closed ring into the lines that are left without its edges along the edge of the world: they
+/// come from where the data was cut, at the date line or at the poles, and are no border of anything. One closed line
+/// where there is no such edge.
+void AppendOutline(const TZObjects::TXPoint* ring, std::size_t count, Parts& lines);
+
+} // namespace txmap

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <txmap/map/Mercator.h>
+#include <txmap/sources/TileSet.h>
+
+namespace txmap
+{
+
+class MercatorView;
+class SourceDiagnostics;
+class SourceFolder;
+
+/// Heights in metres on a grid, one for each cell, row by row from the north-west. NaN where none is known.
+struct ElevationGrid
+{
+    int width = 0;
+    int height = 0;
+    MercatorBox box; ///< What the cells cover. It may lie across the date line, or be one world.
+    /// The zoom of the tiles that the heights come from, or the one that has cells of that size for tiles of 512.
+    double zoom = 0.0;
+    std::vector<float> metres;
+    std::vector<int> worlds; ///< How many worlds to the east it is drawn, once for each.
+
+    bool IsEmpty() const { return metres.empty(); }
+    float At(int x, int y) const
+    {
+        return metres[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)];
+    }
+};
+
+/// A source of heights, of type `raster-dem`: tiles of them as pictures, or a file of heights that GDAL reads, as
+/// `url`.
+class ElevationSource
+{
+public:
+    /// @throw Failure with `ExitCode::Data` if the source names no heights that can be.
+    ElevationSource(const Json& source, const SourceFolder& folder);
+
+    /// Reads what a view shows and a few cells around it, as one grid without seams between tiles. It is empty where
+    /// there are no heights. @throw Failure with `ExitCode::Data`.
+    ElevationGrid Load(const MercatorView& view, SourceDiagnostics& diagnostics);
+
+private:
+    /// Height = red * `red` + green * `green` + blue * `blue` - `base`, of channels from 0 to 255.
+    struct Encoding
+    {
+        double red = 6553.6;
+        double green = 25.6;
+        double blue = 0.1;
+        double base = 10000.0;
+    };
+
+    void ReadEncoding();
+    ElevationGrid LoadTiles(const MercatorView& view, SourceDiagnostics& diagnostics);
+    ElevationGrid LoadFile(const MercatorView& view) const;
+
+    std::string file; ///< Empty for tiles.
+    std::optional<TileSet> tiles;
+    Encoding encoding;
+};
+
+} // namespace txmap

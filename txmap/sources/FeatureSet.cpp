@@ -1,0 +1,94 @@
+#include <txmap/sources/FeatureSet.h>
+
+namespace txmap
+{
+
+using TZObjects::TXPoint;
+
+const Value* FeatureSet::Property(const SetFeature& feature, const std::string& name) const
+{
+    const auto found = keyNumbers.find(name);
+    if (found == keyNumbers.end())
+        return nullptr;
+    for (std::size_t i = feature.firstTag; i < feature.firstTag + feature.tags; ++i)
+        if (tags[i].key == found->second)
+            return &values[tags[i].value];
+    return nullptr;
+}
+
+LonLatGeometry FeatureSet::ToDegrees(const SetFeature& feature) const
+{
+    LonLatGeometry geometry;
+    geometry.type = feature.type;
+    if (feature.type == GeometryType::Point)
+        geometry.parts.emplace_back();
+    double outerSense = 0.0;
+    ForEachPart(feature,
+                [&](const TXPoint* part, std::size_t count)
+                {
+                    LonLatGeometry::Part degrees;
+                    for (std::size_t i = 0; i < count; ++i)
+                    {
+                        const TXPoint place = FromMercator(part[i]);
+                        degrees.push_back({place.x, place.y});
+                    }
+                    if (feature.type == GeometryType::Point)
+                    {
+                        geometry.parts[0].insert(geometry.parts[0].end(), degrees.begin(), degrees.end());
+                        return;
+                    }
+                    if (feature.type == GeometryType::LineString)
+                    {
+                        geometry.parts.push_back(std::move(degrees));
+                        return;
+                    }
+                    const double area = TwiceSignedArea(part, count);
+                    if (outerSense == 0.0)
+                        outerSense = area;
+                    if (geometry.polygons.empty() || area * outerSense > 0.0)
+                        geometry.polygons.emplace_back();
+                    geometry.polygons.back().push_back(std::move(degrees));
+                });
+    return geometry;
+}
+
+double TwiceSignedArea(const TXPoint* ring, std::size_t count)
+{
+    double sum = 0.0;
+    for (std::size_t i = 1; i < count; ++i)
+        // From the first point, so that small rings far from the origin keep their digits.
+        sum += (ring[i - 1].x - ring[0].x) * (ring[i].y - ring[0].y) -
+               (ring[i].x - ring[0].x) * (ring[i - 1].y - ring[0].y);
+    return sum;
+}
+
+ValueObject FeatureAttributes::Properties() const
+{
+    ValueObject all;
+    for (std::size_t i = feature->firstTag; i < feature->firstTag + feature->tags; ++i)
+        all.emplace_back(set.keys[set.tags[i].key], set.values[set.tags[i].value]);
+    return all;
+}
+
+std::string_view FeatureAttributes::GeometryType() const
+{
+    switch (feature->type)
+    {
+    case LonLatGeometry::Type::Point:
+        return "Point";
+    case LonLatGeometry::Type::LineString:
+        return "LineString";
+    default:
+        return "Polygon";
+    }
+}
+
+const LonLatGeometry* FeatureAttributes::Geometry() const
+{
+    if (!hasGeometry)
+        geometry = set.ToDegrees(*feature);
+    hasGeometry = true;
+    return &geometry;
+}
+
+} // namespace txmap

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <txmap/map/Mercator.h>
+#include <txmap/sources/FeatureSet.h>
+#include <txmap/sources/VectorTileReader.h>
+#include <txmap/style/Value.h>
+
+namespace txmap
+{
+
+class MercatorView;
+class SourceDiagnostics;
+class SourceFolder;
+
+/// What the layers of a style want of a source for one picture.
+struct FeatureRequest
+{
+    /// The attributes that are used, for each source layer that is used; sources without layers know "" alone.
+    std::map<std::string, WantedProperties> layers;
+    /// So many pixels around the picture, features are still seen: by the width of lines, the radius of circles and the
+    /// size of labels.
+    double margin = 0.0;
+    /// Keeps features as a whole, because some expression asks for their geometry: `within` and `distance`.
+    bool keepsWholeFeatures = false;
+};
+
+/// Features, and where they are drawn.
+struct PlacedFeatures
+{
+    std::shared_ptr<const FeatureSet> features;
+    /// How many worlds to the east they are drawn, once for each (see `MercatorView::ToPixels`).
+    std::vector<int> worlds;
+    /// The tile that they come from; nothing for a source without tiles. Features reach beyond their tile, and are in
+    /// the neighbouring one, too: fills are cut to `MercatorView::AlignedToPixels` of this box, lines are drawn with
+    /// `MercatorView::PixelsOf` of it as clip, and points outside belong to the neighbour.
+    std::optional<MercatorBox> tile;
+    /// The zoom of that tile.
+    std::optional<int> tileZoom;
+};
+
+/// Which features of a source there are, for the member `filter` of sources.
+struct SourceFilter
+{
+    /// False for features that are left out; nothing for none.
+    std::function<bool(const ExpressionFeature&)> accepts;
+    /// The attributes that it uses.
+    WantedProperties properties;
+};
+
+/// A source of features. For a picture it is loaded once, with all that is wanted of it, and then asked layer by layer.
+class FeatureSource
+{
+public:
+    virtual ~FeatureSource() = default;
+
+    /// Reads what a view shows. Every tile is decoded once. @throw Failure with `ExitCode::Data`.
+    virtual void Load(const MercatorView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics) = 0;
+    /// The features of a source layer, "" for a source without layers; none for one that there is not.
+    virtual const std::vector<PlacedFeatures>& Features(const std::string& sourceLayer) const = 0;
+    /// The box around everything that the source has, in degrees of longitude and latitude as Mercator coordinates;
+    /// nothing if it is not known or there is nothing.
+    virtual std::optional<MercatorBox> Extent() const { return std::nullopt; }
+};
+
+/// Makes the source of features that a source of type `geojson` or `vector` of a style describes.
+/// @param source the member of the style's `sources`. @param name what it is called, for messages.
+/// @throw Failure with `ExitCode::Data`, also for a `filter` or `clusterProperties` that do not compile.
+std::unique_ptr<FeatureSource> MakeFeatureSource(const std::string& name, const Json& source,
+                                                 const SourceFolder& folder);
+
+} // namespace txmap

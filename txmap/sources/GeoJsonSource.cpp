@@ -1,0 +1,180 @@
+#include <txmap/sources/GeoJsonSource.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <filesystem>
+
+#include <txmap/map/MercatorView.h>
+#include <txmap/sources/FeatureSetBuilder.h>
+#include <txmap/sources/GdalFeatureReader.h>
+#include <txmap/sources/SourceDiagnostics.h>
+#include <txmap/sources/SourcePath.h>
+#include <txmap/support/Failure.h>
+
+namespace txmap
+{
+namespace
+{
+
+constexpr std::size_t kLimit = std::size_t{1} << 30;
+
+/// True for what a driver of GDAL knows by its first word, as "PG:dbname=world". Paths of one letter and a colon are
+/// drives, and addresses have two slashes.
+bool IsConnection(const std::string& address)
+{
+    const std::size_t colon = address.find(':');
+    return colon != std::string::npos && colon > 1 && address.compare(colon, 3, "://") != 0 &&
+           std::all_of(address.begin(), address.begin() + static_cast<std::ptrdiff_t>(colon),
+                       [](unsigned char c) { return std::isalnum(c) || c == '_'; });
+}
+
+bool EndsWith(const std::string& text, const std::string& end)
+{
+    return text.size() >= end.size() && StartsWithIgnoringCase(text.substr(text.size() - end.size()), end);
+}
+
+std::string PathOfData(const std::string& address, const SourceFolder& folder)
+{
+    std::error_code status;
+    if (!IsConnection(address) || std::filesystem::exists(std::filesystem::path(folder.Path()) / address, status))
+        return folder.PathOf(address);
+    for (const char* const scheme : {"http://", "https://", "ftp://"})
+        if (address.find(scheme) != std::string::npos)
+            throw Failure(ExitCode::Data, address + ": would be fetched over a network, which is not done");
+    return address;
+}
+
+bool IsTrue(const Json& source, const char* member)
+{
+    const auto found = source.find(member);
+    return found != source.end() && found->is_boolean() && found->get<bool>();
+}
+
+} // namespace
+
+GeoJsonSource::GeoJsonSource(const std::string& name, const Json& source, const SourceFolder& folder,
+                             SourceFilter filter)
+    : name(name)
+{
+    const auto data = source.find("data");
+    if (data == source.end() || !(data->is_object() || data->is_string()))
+        throw Failure(ExitCode::Data, "the source " + name + " has no data");
+    if (data->is_object())
+        inlineData = *data;
+    else
+        path = PathOfData(data->get<std::string>(), folder);
+    options.filter = std::move(filter);
+    options.generatesIds = IsTrue(source, "generateId");
+    if (const auto id = source.find("promoteId"); id != source.end() && id->is_string())
+        options.promotedId = id->get<std::string>();
+    if (IsTrue(source, "cluster"))
+        clusters = ClusterOptions::FromSource(name, source);
+}
+
+void GeoJsonSource::Check(const GeoJsonResult& result, SourceDiagnostics& diagnostics) const
+{
+    const std::string who = path.empty() ? "the source " + name : path;
+    if (!result.problem.empty())
+        throw Failure(ExitCode::Data, who + ": " + result.problem);
+    if (result.brokenFeatures > 0)
+        diagnostics.Report(who + ": " + std::to_string(result.brokenFeatures) +
+                           (result.brokenFeatures == 1 ? " feature has" : " features have") +
+                           " a geometry that is none");
+    if (result.hasFarPositions)
+        diagnostics.Report(who + ": has coordinates that are no degrees");
+}
+
+std::optional<std::string> GeoJsonSource::ReadText() const
+{
+    std::error_code status;
+    const bool isJson = EndsWith(path, ".json") || EndsWith(path, ".geojson");
+    if (!isJson || !std::filesystem::is_regular_file(path, status) || std::filesystem::file_size(path, status) > kLimit)
+        return std::nullopt;
+    return ReadSourceFile(path, kLimit);
+}
+
+FeatureSet GeoJsonSource::ReadFeatures(const std::optional<MercatorBox>& box, bool keepsWhole,
+                                       SourceDiagnostics& diagnostics)
+{
+    const std::optional<VisibleWorlds> visible = box ? std::optional(VisibleWorlds(*box)) : std::nullopt;
+    FeatureSet set;
+    std::string problem;
+    const std::optional<std::string> text = inlineData.is_null() ? ReadText() : std::nullopt;
+    if (text || !inlineData.is_null())
+    {
+        FeatureSetBuilder builder(set, visible, keepsWhole);
+        const GeoJsonResult result =
+            text ? ReadGeoJsonText(*text, options, builder, set) : ReadGeoJson(inlineData, options, builder, set);
+        if (!text || !result.isOther)
+        {
+            Check(result, diagnostics);
+            extent = builder.Extent();
+            return set;
+        }
+        problem = result.problem;
+        // Something of it may have been read before it turned out to be for GDAL.
+        set = FeatureSet();
+    }
+    FeatureSetBuilder builder(set, visible, keepsWhole);
+    try
+    {
+        extent = GdalFeatureReader(path, options).Read(box, builder, set, diagnostics);
+    }
+    catch (const Failure&)
+    {
+        // What is wrong with a file of JSON says more than that GDAL can do nothing with it either.
+        if (problem.empty())
+            throw;
+        throw Failure(ExitCode::Data, path + ": " + problem);
+    }
+    return set;
+}
+
+void GeoJsonSource::WantProperties(const FeatureRequest& request)
+{
+    // There are no source layers: whatever they are called, all want the same features.
+    std::set<std::string> names;
+    bool all = false;
+    for (const auto& [layer, properties] : request.layers)
+    {
+        all = all || !properties;
+        if (properties)
+            names.insert(properties->begin(), properties->end());
+    }
+    if (clusters)
+    {
+        const UsedProperties used = clusters->Used();
+        all = all || used.all;
+        names.insert(used.names.begin(), used.names.end());
+    }
+    options.properties = all ? WantedProperties() : WantedProperties(std::move(names));
+}
+
+void GeoJsonSource::Load(const MercatorView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics)
+{
+    WantProperties(request);
+    const MercatorBox box = view.Visible(request.margin);
+    auto set = std::make_shared<FeatureSet>();
+    if (clusters)
+    {
+        // What is seen may stand for points that are not.
+        const FeatureSet all = ReadFeatures(std::nullopt, false, diagnostics);
+        FeatureSetBuilder builder(*set, VisibleWorlds(box));
+        AddClusters(all, *clusters, std::max(0, static_cast<int>(std::floor(view.Zoom()))), builder);
+    }
+    else
+        *set = ReadFeatures(box, request.keepsWholeFeatures, diagnostics);
+    if (extent && extent->right < extent->left)
+        extent.reset();
+    placed.clear();
+    if (!set->IsEmpty())
+    {
+        std::vector<int> worlds = view.WorldsThatShow(set->bounds, request.margin);
+        placed.push_back({std::move(set), std::move(worlds), std::nullopt, std::nullopt});
+    }
+}
+
+const std::vector<PlacedFeatures>& GeoJsonSource::Features(const std::string& /*sourceLayer*/) const { return placed; }
+
+} // namespace txmap

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include <txmap/sources/FeatureSource.h>
+#include <txmap/sources/GeoJsonReader.h>
+#include <txmap/sources/PointClusters.h>
+
+namespace txmap
+{
+
+/// Features that stand in the style, in a file of GeoJSON, or in whatever else GDAL reads. They are not cut into tiles.
+class GeoJsonSource final : public FeatureSource
+{
+public:
+    /// @throw Failure with `ExitCode::Data` if `data` cannot be.
+    GeoJsonSource(const std::string& name, const Json& source, const SourceFolder& folder, SourceFilter filter);
+
+    void Load(const MercatorView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics) override;
+    const std::vector<PlacedFeatures>& Features(const std::string& sourceLayer) const override;
+    std::optional<MercatorBox> Extent() const override { return extent; }
+
+private:
+    std::optional<std::string> ReadText() const;
+    void WantProperties(const FeatureRequest& request);
+    /// Reads what lies in a box, or all that there is.
+    FeatureSet ReadFeatures(const std::optional<MercatorBox>& box, bool keepsWhole, SourceDiagnostics& diagnostics);
+    void Check(const GeoJsonResult& result, SourceDiagnostics& diagnostics) const;
+
+    std::string name;
+    Json inlineData;  ///< Null if the data is elsewhere.
+    std::string path; ///< Where it is then: a file, or a text that GDAL knows what to do with.
+    GeoJsonOptions options;
+    std::optional<ClusterOptions> clusters; ///< Nothing for points that stand for themselves.
+    std::vector<PlacedFeatures> placed;
+    std::optional<MercatorBox> extent;
+};
+
+} // namespace txmap
