@@ -149,7 +149,7 @@ TXRefPtr<TXGraphicsEngine> TXGraphicsEngineManager::LoadPlugin(const TXString& p
     }
 
     Registry& registry = TheRegistry();
-    TXGraphicsEngineManager* keeper = this;
+    TXGraphicsEngineManager* keeper = nullptr;
     {
         const std::lock_guard<std::mutex> guard(registry.mutex);
         keeper = registry.managers.emplace(loaded.engine->GetName(), this).first->second;
