@@ -8,6 +8,7 @@
 #include <txmap/cli/ExpressionCommand.h>
 #include <txmap/cli/MessageLine.h>
 #include <txmap/cli/Options.h>
+#include <txmap/cli/RenderCommand.h>
 #include <txmap/cli/ValidateCommand.h>
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/support/Failure.h>
@@ -39,6 +40,8 @@ void Run(int argc, const char* const* argv)
     const std::string command = argc > 1 ? argv[1] : "";
     if (command == "expression")
         RunExpressionCommand(argc - 1, argv + 1, std::cin, std::cout);
+    else if (command == "render")
+        RunRenderCommand(argc - 1, argv + 1, std::cout);
     else if (command == "validate")
         RunValidateCommand(argc - 1, argv + 1, std::cout);
     else if (command == "atlas")

@@ -1,0 +1,290 @@
+#include <tests/txmap/drawing/layers/StyledTwins.h>
+#include <txmap/map/LineShape.h>
+
+using namespace TZObjects;
+
+namespace
+{
+
+const std::vector<TXPoint> kRing = {{40.3, 50.2}, {200.6, 60.4}, {180.1, 210.7}, {60.2, 190.3}, {40.3, 50.2}};
+const std::vector<TXPoint> kLine = {{20.3, 30.4}, {120.6, 80.2}, {60.4, 150.7}, {230.2, 220.1}};
+
+TXPoint Moved(const TXPoint& point, double dx, double dy) { return {point.x + dx, point.y + dy}; }
+
+std::vector<TXPoint> Moved(std::vector<TXPoint> points, double dx, double dy)
+{
+    for (TXPoint& point : points)
+        point = Moved(point, dx, dy);
+    return points;
+}
+
+void FillRing(TXGraphics& surface, const std::vector<TXPoint>& ring)
+{
+    const int count = static_cast<int>(ring.size());
+    surface.PolyPolygon(ring.data(), &count, 1);
+}
+
+void StrokeLine(TXGraphics& surface, const std::vector<TXPoint>& line)
+{
+    surface.Polyline(line.data(), static_cast<int>(line.size()));
+}
+
+class LayerPicture : public StyledTwins
+{
+protected:
+    std::vector<unsigned> Fill(const std::string& paint)
+    {
+        return Styled(Geometry("Polygon", {kRing}),
+                      R"({"id": "f", "type": "fill", "source": "s", "paint": {)" + paint + "}}");
+    }
+    std::vector<unsigned> Line(const std::string& paint, const std::string& layout = "")
+    {
+        return Styled(Geometry("LineString", {kLine}), R"({"id": "l", "type": "line", "source": "s", "paint": {)" +
+                                                           paint + R"(}, "layout": {)" + layout + "}}");
+    }
+    void ExpectSame(const std::vector<unsigned>& styled, const Draw& draw)
+    {
+        EXPECT_GT(Drawn(styled), 50u);
+        EXPECT_EQ(Differing(styled, Direct(draw)), 0u);
+    }
+};
+
+} // namespace
+
+TEST_F(LayerPicture, Background)
+{
+    ExpectSame(Styled("null", R"({"id": "b", "type": "background",
+                   "paint": {"background-color": "#102030", "background-opacity": 0.4}})"),
+               [](TXGraphics& surface) {
+                   surface.fillRect({0, 256, 0, 256}, {16, 32, 48, 102});
+               });
+}
+
+TEST_F(LayerPicture, FillHasAnOutlineOfItsColour)
+{
+    ExpectSame(Fill(R"("fill-color": "#804020")"),
+               [&](TXGraphics& surface)
+               {
+                   surface.SelectBrush(Brush({128, 64, 32, 255}));
+                   surface.SelectPen(Pen({128, 64, 32, 255}, 1.0, TXPen::FlatCap, TXPen::BevelJoin));
+                   FillRing(surface, kRing);
+               });
+}
+
+TEST_F(LayerPicture, FillWithOpacityHasNone)
+{
+    ExpectSame(Fill(R"("fill-color": "#804020", "fill-opacity": 0.4)"),
+               [&](TXGraphics& surface)
+               {
+                   surface.SelectBrush(Brush({128, 64, 32, 102}));
+                   FillRing(surface, kRing);
+               });
+}
+
+TEST_F(LayerPicture, FillWithoutAntialiasing)
+{
+    ExpectSame(Fill(R"("fill-color": "#804020", "fill-antialias": false)"),
+               [&](TXGraphics& surface)
+               {
+                   surface.EnableAntialiasing(false);
+                   surface.SelectBrush(Brush({128, 64, 32, 255}));
+                   FillRing(surface, kRing);
+               });
+}
+
+TEST_F(LayerPicture, FillWithOutline)
+{
+    ExpectSame(Fill(R"("fill-color": "#804020", "fill-outline-color": "rgba(0, 0, 255, 0.6)") "),
+               [&](TXGraphics& surface)
+               {
+                   surface.SelectBrush(Brush({128, 64, 32, 255}));
+                   FillRing(surface, kRing);
+                   surface.SelectPen(Pen({0, 0, 255, 153}, 1.0, TXPen::FlatCap, TXPen::BevelJoin));
+                   StrokeLine(surface, kRing);
+               });
+}
+
+TEST_F(LayerPicture, FillIsTranslatedWithTheMapOrThePicture)
+{
+    const auto draw = [&](TXGraphics& surface)
+    {
+        surface.SelectBrush(Brush({0, 0, 0, 102}));
+        FillRing(surface, Moved(kRing, 10.0, -20.0));
+    };
+    ExpectSame(Fill(R"("fill-opacity": 0.4, "fill-translate": [10, -20])"), draw);
+    ExpectSame(Fill(R"("fill-opacity": 0.4, "fill-translate": [10, -20], "fill-translate-anchor": "viewport")"), draw);
+
+    const std::string data = Geometry("Polygon", {kRing});
+    const std::string start = R"({"id": "f", "type": "fill", "source": "s", "paint": {"fill-opacity": 0.4)";
+    const auto turned = Styled(data, start + R"(, "fill-translate": [10, -20]}})", 0.0, 90.0);
+    ExpectSame(turned,
+               [&](TXGraphics& surface)
+               {
+                   // East is up.
+                   std::vector<TXPoint> ring;
+                   for (const TXPoint& point : Moved(kRing, 10.0, -20.0))
+                       ring.emplace_back(point.y, 256.0 - point.x);
+                   surface.SelectBrush(Brush({0, 0, 0, 102}));
+                   FillRing(surface, ring);
+               });
+}
+
+TEST_F(LayerPicture, FillsAreOrderedBySortKey)
+{
+    const auto feature = [&](const char* color, double shift, int key)
+    {
+        return R"({"type": "Feature", "properties": {"c": ")" + std::string(color) + R"(", "k": )" +
+               std::to_string(key) + R"(}, "geometry": )" + Geometry("Polygon", {Moved(kRing, shift, 0.0)}) + "}";
+    };
+    const std::string data = R"({"type": "FeatureCollection", "features": [)" + feature("#ff0000", 0.0, 2) + "," +
+                             feature("#00ff00", 30.0, 1) + "]}";
+    ExpectSame(Styled(data, R"({"id": "f", "type": "fill", "source": "s", "layout": {"fill-sort-key": ["get", "k"]},
+                   "paint": {"fill-color": ["get", "c"], "fill-opacity": 0.4}})"),
+               [&](TXGraphics& surface)
+               {
+                   surface.SelectBrush(Brush({0, 255, 0, 102}));
+                   FillRing(surface, Moved(kRing, 30.0, 0.0));
+                   surface.SelectBrush(Brush({255, 0, 0, 102}));
+                   FillRing(surface, kRing);
+               });
+}
+
+TEST_F(LayerPicture, LayerOpacityIsThatOfTheWholeLayer)
+{
+    const std::string data = Geometry("MultiLineString", {kLine, Moved(kLine, 0.0, 5.0)});
+    const auto styled = Styled(data, R"({"id": "l", "type": "line", "source": "s",
+        "paint": {"line-color": "#ff0000", "line-width": 9, "line-layer-opacity": 0.5}})");
+    for (const unsigned pixel : styled)
+        ASSERT_LE(pixel >> 24, 128u);
+    EXPECT_GT(Drawn(styled), 500u);
+}
+
+TEST_F(LayerPicture, LineWithCapsAndJoins)
+{
+    const auto draw = [&](TXPen::PenCapStyle cap, TXPen::PenJoinStyle join)
+    {
+        return [=](TXGraphics& surface)
+        {
+            surface.SelectPen(Pen({0, 0, 255, 128}, 7.0, cap, join));
+            StrokeLine(surface, kLine);
+        };
+    };
+    const std::string paint = R"("line-color": "rgba(0, 0, 255, 0.5)", "line-width": 7)";
+    ExpectSame(Line(paint, R"("line-join": "bevel")"), draw(TXPen::FlatCap, TXPen::BevelJoin));
+    ExpectSame(Line(paint, R"("line-cap": "round", "line-join": "round")"), draw(TXPen::RoundCap, TXPen::RoundJoin));
+    ExpectSame(Line(paint, R"("line-cap": "square", "line-join": "miter", "line-miter-limit": 10)"),
+               draw(TXPen::SquareCap, TXPen::MiterJoin));
+}
+
+TEST_F(LayerPicture, ThinLinesArePalerAndNeverInvisible)
+{
+    ExpectSame(Line(R"("line-color": "#000", "line-width": 0.5)", R"("line-join": "bevel")"),
+               [&](TXGraphics& surface)
+               {
+                   surface.SelectPen(Pen({0, 0, 0, 143}, 1.0, TXPen::FlatCap, TXPen::BevelJoin));
+                   StrokeLine(surface, kLine);
+               });
+    EXPECT_EQ(Drawn(Line(R"("line-width": 0)")), 0u);
+}
+
+TEST_F(LayerPicture, LineOffsetAndGap)
+{
+    const auto beside = [&](TXGraphics& surface, double offset)
+    { StrokeLine(surface, txmap::OffsetLine(kLine.data(), kLine.size(), offset)); };
+    ExpectSame(Line(R"("line-width": 2, "line-offset": 6)", R"("line-join": "bevel")"),
+               [&](TXGraphics& surface)
+               {
+                   surface.SelectPen(Pen({0, 0, 0, 255}, 2.0, TXPen::FlatCap, TXPen::BevelJoin));
+                   beside(surface, 6.0);
+               });
+    ExpectSame(Line(R"("line-width": 2, "line-gap-width": 6)", R"("line-join": "bevel")"),
+               [&](TXGraphics& surface)
+               {
+                   surface.SelectPen(Pen({0, 0, 0, 255}, 2.0, TXPen::FlatCap, TXPen::BevelJoin));
+                   beside(surface, -4.0);
+                   beside(surface, 4.0);
+               });
+}
+
+TEST_F(LayerPicture, DashesCountInWidths)
+{
+    const std::vector<TXPoint> line = {{20.0, 100.0}, {100.0, 100.0}};
+    ExpectSame(Styled(Geometry("LineString", {line}), R"({"id": "l", "type": "line", "source": "s",
+                   "paint": {"line-width": 4, "line-dasharray": [3, 2]}})"),
+               [&](TXGraphics& surface)
+               {
+                   surface.SelectPen(Pen({0, 0, 0, 255}, 4.0));
+                   for (double x = 20.0; x < 100.0; x += 20.0)
+                       StrokeLine(surface, {{x, 100.0}, {x + 12.0, 100.0}});
+               });
+}
+
+TEST_F(LayerPicture, GradientFollowsTheLine)
+{
+    const std::vector<TXPoint> line = {{20.0, 100.0}, {220.0, 100.0}};
+    const auto styled = Styled(Geometry("LineString", {line}), R"({"id": "l", "type": "line", "source": "s",
+        "paint": {"line-width": 10, "line-gradient": ["interpolate", ["linear"], ["line-progress"], 0, "#ff0000",
+        1, "#0000ff"]}})");
+    for (int x = 25; x < 215; x += 10)
+    {
+        const unsigned pixel = styled[100 * 256 + static_cast<std::size_t>(x)];
+        EXPECT_EQ(pixel >> 24, 255u);
+        EXPECT_NEAR(pixel & 255, (x + 0.5 - 20.0) / 200.0 * 255.0, 3.0) << x;
+    }
+}
+
+TEST_F(LayerPicture, BlurFadesInward)
+{
+    const std::vector<TXPoint> line = {{20.0, 100.0}, {220.0, 100.0}};
+    const auto styled = Styled(Geometry("LineString", {line}), R"({"id": "l", "type": "line", "source": "s",
+        "paint": {"line-width": 20, "line-blur": 9}})");
+    const auto alpha = [&](std::size_t y) { return styled[y * 256 + 120] >> 24; };
+    EXPECT_EQ(alpha(100), 255u);
+    EXPECT_EQ(alpha(88), 0u);
+    // Half a pixel outside of the edge nothing is there, and everything 10 pixels further in.
+    for (std::size_t y = 90; y < 99; ++y)
+        EXPECT_NEAR(alpha(y), (static_cast<double>(y) + 0.5 - 89.5) / 10.0 * 255.0, 16.0) << y;
+}
+
+TEST_F(LayerPicture, CircleWithFractions)
+{
+    const auto styled = Styled(R"({"type": "Point", "coordinates": )" + Place(100.3, 80.7) + "}",
+                               R"({"id": "c", "type": "circle", "source": "s", "paint": {"circle-radius": 12.4,
+        "circle-color": "rgba(255, 0, 0, 0.5)", "circle-stroke-width": 3.2, "circle-stroke-color": "#0000ff",
+        "circle-stroke-opacity": 0.5
+}
+})");
+    const auto circle = [](TXGraphics& surface, double radius)
+    {
+    const double bend = radius * 0.5522847498307936;
+    const double x = 100.3;
+    const double y = 80.7;
+    surface.MoveTo(x + radius, y);
+    surface.CurveTo(x + radius, y + bend, x + bend, y + radius, x, y + radius);
+    surface.CurveTo(x - bend, y + radius, x - radius, y + bend, x - radius, y);
+    surface.CurveTo(x - radius, y - bend, x - bend, y - radius, x, y - radius);
+    surface.CurveTo(x + bend, y - radius, x + radius, y - bend, x + radius, y);
+    surface.ClosePath();
+    };
+ExpectSame(styled,
+           [&](TXGraphics& surface)
+           {
+               surface.SelectBrush(Brush({255, 0, 0, 128}));
+               circle(surface, 12.4);
+               surface.DrawPath();
+               surface.SelectBrush(Brush({0, 0, 255, 128}));
+               circle(surface, 12.4 + 3.2);
+               circle(surface, 12.4);
+               surface.DrawPath();
+           });
+}
+
+TEST_F(LayerPicture, WorldsRepeatAcrossTheDateLine)
+{
+    // At zoom -1 the world is 256 pixels wide; at zoom 0 half of it is seen, so that a copy needs a place near its
+    // edge.
+    const auto styled = Styled(R"({"type": "Point", "coordinates": [180, 0]})",
+                               R"({"id": "c", "type": "circle", "source": "s", "paint": {"circle-radius": 140}})");
+    EXPECT_NE(styled[128 * 256 + 2] >> 24, 0u);
+    EXPECT_NE(styled[128 * 256 + 253] >> 24, 0u);
+}

@@ -1,0 +1,159 @@
+#include <txmap/cli/RenderCommand.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <filesystem>
+#include <ostream>
+#include <string>
+
+#include <CLI/CLI.hpp>
+
+#include <txmap/cli/MessageLine.h>
+#include <txmap/cli/OptionValues.h>
+#include <txmap/cli/ParseView.h>
+#include <txmap/render/Render.h>
+
+namespace txmap
+{
+namespace
+{
+
+constexpr double kLongestSide = 30000.0;
+constexpr double kLargestScale = 16.0;
+
+/// The options as they are written.
+struct RawOptions
+{
+    std::string style, output, size, center, zoom, bearing, box, scale, plugin = "txpluginqt";
+    bool lenient = false, timings = false;
+};
+
+void Declare(CLI::App& app, RawOptions& raw)
+{
+    app.add_option("style", raw.style, "A style of the MapLibre Style Specification, version 8")
+        ->required()
+        ->type_name("STYLE.json");
+    app.add_option("-o,--output", raw.output, "The picture to write; its suffix names the format: png, jpg or webp")
+        ->required()
+        ->type_name("FILE");
+    app.add_option("--size", raw.size, "The size of the picture in logical pixels (default 1024x1024)")
+        ->type_name("WxH");
+    app.add_option("--center", raw.center, "The middle of the picture in degrees (default: that of the style)")
+        ->type_name("LON,LAT");
+    app.add_option("--zoom", raw.zoom,
+                   "The zoom, at which the world is 512 * 2^zoom logical pixels wide (default: that of the style)")
+        ->type_name("NUMBER");
+    app.add_option("--bearing", raw.bearing,
+                   "The direction that is up, in degrees clockwise from north (default: that of the style)")
+        ->type_name("DEGREES");
+    app.add_option("--bbox", raw.box, "Shows a box of degrees as large as possible, instead of centre and zoom")
+        ->type_name("WEST,SOUTH,EAST,NORTH");
+    app.add_option("--scale", raw.scale, "Pixels for each logical one (default 1)")->type_name("NUMBER");
+    app.add_flag("--lenient", raw.lenient, "Draw what can be drawn, with a warning for each problem");
+    app.add_flag("--timings", raw.timings, "Print how long reading, evaluating, drawing and encoding took");
+    app.add_option("--plugin", raw.plugin, "The drawing plugin, by path or by name (default txpluginqt)")
+        ->type_name("PATH|NAME");
+}
+
+double ParseNumber(const char* option, const std::string& text, double least, double greatest)
+{
+    const std::vector<double> numbers = NumbersIn<double>(text, ',');
+    if (numbers.size() != 1 || !(numbers[0] >= least && numbers[0] <= greatest))
+        Refuse(option, text, "must be a number from " + NumberText(least) + " to " + NumberText(greatest));
+    return numbers[0];
+}
+
+LonLat ParseCenter(const std::string& text)
+{
+    const std::vector<double> place = NumbersIn<double>(text, ',');
+    if (place.size() != 2 || !(std::abs(place[0]) <= 360.0 && std::abs(place[1]) <= 90.0))
+        Refuse("--center", text, "must be LON,LAT in degrees, such as 8.5,47.4");
+    return {place[0], place[1]};
+}
+
+PixelSize ParseRenderSize(const std::string& text, double scale)
+{
+    const std::vector<int> sides = NumbersIn<int>(text, 'x');
+    if (sides.size() != 2)
+        Refuse("--size", text, "must be WIDTHxHEIGHT in pixels, such as 1024x768");
+    for (const int side : sides)
+        if (side < 1 || side * scale > kLongestSide)
+            Refuse("--size", text,
+                   "each side must be from 1 to " + NumberText(kLongestSide) + " pixels, times the scale");
+    return {sides[0], sides[1]};
+}
+
+void CheckSuffix(const std::string& output)
+{
+    std::string suffix = std::filesystem::path(output).extension().string();
+    std::transform(suffix.begin(), suffix.end(), suffix.begin(), [](unsigned char c) { return std::tolower(c); });
+    for (const char* const known : {".png", ".jpg", ".jpeg", ".webp"})
+        if (suffix == known)
+            return;
+    Refuse("--output", output, "the suffix must be .png, .jpg, .jpeg or .webp");
+}
+
+RenderOptions Interpret(const RawOptions& raw)
+{
+    RenderOptions options;
+    options.style = raw.style;
+    options.output = raw.output;
+    CheckSuffix(raw.output);
+    if (!raw.scale.empty())
+        options.scale = ParseNumber("--scale", raw.scale, 0.1, kLargestScale);
+    options.size = ParseRenderSize(raw.size.empty() ? "1024x1024" : raw.size, options.scale);
+    if (!raw.center.empty())
+        options.center = ParseCenter(raw.center);
+    if (!raw.zoom.empty())
+        options.zoom = ParseNumber("--zoom", raw.zoom, -2.0, 24.0);
+    if (!raw.bearing.empty())
+        options.bearing = ParseNumber("--bearing", raw.bearing, -360.0, 360.0);
+    if (!raw.box.empty())
+    {
+        if (!raw.center.empty() || !raw.zoom.empty())
+            Refuse("--bbox", raw.box, "stands instead of --center and --zoom");
+        options.box = ParseBox(raw.box, Projection::WebMercator());
+    }
+    options.lenient = raw.lenient;
+    options.timings = raw.timings;
+    options.plugin = raw.plugin;
+    return options;
+}
+
+} // namespace
+
+std::optional<RenderOptions> ParseRenderOptions(int argc, const char* const* argv, std::ostream& out)
+{
+    CLI::App app("Draws a map from a style, through a drawing plugin that is loaded at run time.", "txmap render");
+    RawOptions raw;
+    Declare(app, raw);
+    try
+    {
+        app.parse(argc, argv);
+    }
+    catch (const CLI::CallForHelp&)
+    {
+        out << app.help();
+        return std::nullopt;
+    }
+    catch (const CLI::ParseError& error)
+    {
+        throw Failure(ExitCode::Usage, error.what());
+    }
+    for (const char* const option :
+         {"--output", "--size", "--center", "--zoom", "--bearing", "--bbox", "--scale", "--plugin"})
+        if (app.count(option) > 0 && app.get_option(option)->as<std::string>().empty())
+            Refuse(option, "''", "must not be empty");
+    return Interpret(raw);
+}
+
+void RunRenderCommand(int argc, const char* const* argv, std::ostream& out)
+{
+    if (const std::optional<RenderOptions> options = ParseRenderOptions(argc, argv, out))
+        RenderMap(
+            *options, [](const std::string& warning) { PrintMessage("warning: " + warning); },
+            [&](const std::string& line) { out << line << '\n'; });
+}
+
+} // namespace txmap

@@ -1,0 +1,159 @@
+#include <txmap/drawing/layers/FillLayerPainter.h>
+
+#include <txgraphics/TXGraphics.h>
+#include <txmap/drawing/DrawingTools.h>
+#include <txmap/drawing/layers/LayerProperty.h>
+#include <txmap/drawing/layers/LayerScene.h>
+#include <txmap/drawing/layers/PatternImages.h>
+#include <txmap/map/PixelParts.h>
+
+namespace txmap
+{
+
+using TZObjects::TXPoint;
+
+namespace
+{
+
+// Around the picture, so that the edges of what is cut, and the lines along them, are not seen.
+constexpr double kMargin = 8.0;
+
+/// How a feature looks.
+struct FillLook
+{
+    Color color;
+    double opacity = 1.0;
+    std::optional<Color> outline;
+    std::string pattern;
+};
+
+class FillLayerPainter
+{
+public:
+    explicit FillLayerPainter(const LayerScene& scene)
+        : scene(scene), context(scene.Context()), antialias(scene.layer, "fill-antialias", scene.Zoom(), context, true),
+          color(scene.layer, "fill-color", scene.Zoom(), context),
+          opacity(scene.layer, "fill-opacity", scene.Zoom(), context, 1.0),
+          outline(scene.layer, "fill-outline-color", scene.Zoom(), context),
+          pattern(scene.layer, "fill-pattern", std::floor(scene.Zoom()), context)
+    {
+    }
+
+    void Draw()
+    {
+        const AntialiasingOff aliased(scene.canvas.Surface(), !antialias.Constant());
+        for (const PlacedFeatures& placed : scene.data.Features(scene.layer))
+        {
+            const std::vector<PassedFeature> passing = PassingFeatures(scene, placed, "fill-sort-key");
+            for (const int world : placed.worlds)
+                DrawWorld(placed, passing, world);
+        }
+    }
+
+private:
+    void DrawWorld(const PlacedFeatures& placed, const std::vector<PassedFeature>& passing, int world)
+    {
+        const MercatorView& view = scene.canvas.View();
+        std::optional<MercatorBox> tile;
+        if (placed.tile)
+            tile = view.AlignedToPixels(*placed.tile);
+        PixelParts parts(TranslatedPixels(scene, "fill", world), view.PictureBox(kMargin), tile);
+        FeatureAttributes attributes(*placed.features);
+        context.feature = &attributes;
+        context.tileZoom = placed.tileZoom;
+        for (const PassedFeature& passed : passing)
+        {
+            if (passed.feature->type != GeometryType::Polygon)
+                continue;
+            parts.Result().Clear();
+            placed.features->ForEachPart(*passed.feature, [&](const TXPoint* points, std::size_t count)
+                                         { parts.AddRing(points, count); });
+            if (parts.Result().IsEmpty())
+                continue;
+            attributes.Select(*passed.feature);
+            scene.evaluating.Start();
+            const FillLook look = LookOf();
+            scene.evaluating.Stop();
+            Fill(parts.Result(), look);
+            if (look.outline)
+                Outline(parts, *placed.features, *passed.feature, look);
+        }
+    }
+
+    FillLook LookOf() const
+    {
+        FillLook look;
+        look.color = color.At(context);
+        look.opacity = opacity.At(context);
+        look.pattern = pattern.At(context);
+        if (outline.IsSet() && antialias.Constant() && look.pattern.empty())
+            look.outline = outline.At(context);
+        return look;
+    }
+
+    void Fill(const Parts& parts, const FillLook& look)
+    {
+        MapCanvas& canvas = scene.canvas;
+        canvas.UseNoPen();
+        if (!look.pattern.empty())
+        {
+            const auto image = scene.patterns.Find(look.pattern);
+            if (!image)
+                return;
+            canvas.UseTexture(image);
+            canvas.Surface().SetOpacity(look.opacity);
+        }
+        else
+        {
+            Color filled = look.color;
+            filled.alpha *= look.opacity;
+            if (filled.alpha <= 0.0)
+                return;
+            canvas.UseBrush(filled);
+            // The outline has the colour of the fill unless the style says otherwise, and closes the gaps that would
+            // be seen between neighbours. Where it is translucent it would be seen twice.
+            if (antialias.Constant() && !look.outline && filled.alpha >= 1.0)
+                canvas.UsePen({filled, 1.0, TZObjects::TXPen::FlatCap, TZObjects::TXPen::BevelJoin, {}});
+        }
+        RequireDrawn(canvas.Surface().PolyPolygon(parts.points.data(), parts.counts.data(),
+                                                  static_cast<int>(parts.counts.size())));
+        canvas.Surface().SetOpacity(1.0);
+    }
+
+    void Outline(PixelParts& parts, const FeatureSet& set, const SetFeature& feature, const FillLook& look)
+    {
+        Color drawn = *look.outline;
+        drawn.alpha *= look.opacity;
+        if (drawn.alpha <= 0.0)
+            return;
+        Parts outlines;
+        set.ForEachPart(feature,
+                        [&](const TXPoint* points, std::size_t count) { AppendOutline(points, count, outlines); });
+        parts.Result().Clear();
+        const TXPoint* point = outlines.points.data();
+        for (const int count : outlines.counts)
+        {
+            parts.AddLine(point, static_cast<std::size_t>(count));
+            point += count;
+        }
+        if (parts.Result().IsEmpty())
+            return;
+        scene.canvas.UsePen({drawn, scene.Scale(), TZObjects::TXPen::FlatCap, TZObjects::TXPen::BevelJoin, {}});
+        RequireDrawn(scene.canvas.Surface().PolyPolyline(parts.Result().points.data(), parts.Result().counts.data(),
+                                                         static_cast<int>(parts.Result().counts.size())));
+    }
+
+    const LayerScene& scene;
+    EvaluationContext context;
+    LayerProperty<bool> antialias;
+    LayerProperty<Color> color;
+    LayerProperty<double> opacity;
+    LayerProperty<Color> outline;
+    LayerProperty<std::string> pattern;
+};
+
+} // namespace
+
+void DrawFillLayer(const LayerScene& scene) { FillLayerPainter(scene).Draw(); }
+
+} // namespace txmap

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <vector>
+
+#include <txbase/TXRect.h>
+#include <txmap/drawing/layers/MapCanvas.h>
+#include <txmap/sources/MapData.h>
+#include <txmap/style/document/MapStyle.h>
+
+namespace txmap
+{
+
+class PatternImages;
+
+/// Adds up the time in which it runs.
+class Stopwatch
+{
+public:
+    void Start() { begin = std::chrono::steady_clock::now(); }
+    void Stop() { total += std::chrono::steady_clock::now() - begin; }
+    double Seconds() const { return std::chrono::duration<double>(total).count(); }
+
+private:
+    std::chrono::steady_clock::time_point begin;
+    std::chrono::steady_clock::duration total{};
+};
+
+/// What the painter of a layer works with.
+struct LayerScene
+{
+    MapCanvas& canvas;
+    const MapStyle& style;
+    const StyleLayer& layer;
+    const MapData& data;
+    PatternImages& patterns;
+    Stopwatch& evaluating;
+
+    double Zoom() const { return canvas.View().Zoom(); }
+    /// Pixels for each logical one.
+    double Scale() const { return canvas.View().Scale(); }
+    /// What expressions may ask beside the feature.
+    EvaluationContext Context() const;
+};
+
+/// A feature that passes the filter of a layer.
+struct PassedFeature
+{
+    const SetFeature* feature = nullptr;
+    double sortKey = 0.0;
+};
+
+/// The features of a set that a layer draws, in its order.
+/// @param sortKey the name of the property that orders them.
+std::vector<PassedFeature> PassingFeatures(const LayerScene& scene, const PlacedFeatures& placed, const char* sortKey);
+
+/// Mercator coordinates to pixels, with what the layer says in "*-translate" and "*-translate-anchor".
+/// @param prefix what the names of these properties begin with: "fill".
+AffineMatrix TranslatedPixels(const LayerScene& scene, const char* prefix, int world);
+
+} // namespace txmap

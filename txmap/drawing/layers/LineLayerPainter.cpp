@@ -1,0 +1,163 @@
+#include <txmap/drawing/layers/LineLayerPainter.h>
+
+#include <cmath>
+
+#include <txgraphics/TXGraphics.h>
+#include <txmap/drawing/DrawingTools.h>
+#include <txmap/drawing/layers/LineDecoration.h>
+#include <txmap/drawing/layers/LineLook.h>
+#include <txmap/drawing/layers/LineStroker.h>
+#include <txmap/map/PixelParts.h>
+
+namespace txmap
+{
+
+using TZObjects::TXPoint;
+
+namespace
+{
+
+/// Draws only within a tile as long as it lives. Features reach beyond their tile and are in its neighbour, too.
+class TileClip
+{
+public:
+    TileClip(MapCanvas& canvas, const std::optional<MercatorBox>& tile, int world) : canvas(canvas), clips(tile)
+    {
+        if (!clips)
+            return;
+        const AffineMatrix matrix = canvas.View().ToPixels(world);
+        const TXPoint corners[] = {matrix.Map({tile->left, tile->top}), matrix.Map({tile->right, tile->top}),
+                                   matrix.Map({tile->right, tile->bottom}), matrix.Map({tile->left, tile->bottom})};
+        const int count = 4;
+        canvas.Surface().SetClipRegion(corners, &count, 1, false, {});
+    }
+    ~TileClip()
+    {
+        if (clips)
+            canvas.Surface().RestoreClipRegion();
+    }
+    TileClip(const TileClip&) = delete;
+    TileClip& operator=(const TileClip&) = delete;
+
+private:
+    MapCanvas& canvas;
+    bool clips;
+};
+
+class LineLayerPainter
+{
+public:
+    explicit LineLayerPainter(const LayerScene& scene)
+        : scene(scene), context(scene.Context()), properties(scene), gradient(scene.layer.Find("line-gradient")),
+          stroker(scene.canvas)
+    {
+    }
+
+    void Draw()
+    {
+        for (const PlacedFeatures& placed : scene.data.Features(scene.layer))
+        {
+            const std::vector<PassedFeature> passing = PassingFeatures(scene, placed, "line-sort-key");
+            for (const int world : placed.worlds)
+            {
+                const TileClip clip(scene.canvas, placed.tile, world);
+                DrawWorld(placed, passing, world);
+                stroker.Flush();
+            }
+        }
+    }
+
+private:
+    void DrawWorld(const PlacedFeatures& placed, const std::vector<PassedFeature>& passing, int world)
+    {
+        const double reach = properties.Reach(context);
+        PixelParts parts(TranslatedPixels(scene, "line", world), scene.canvas.View().PictureBox(reach));
+        FeatureAttributes attributes(*placed.features);
+        context.feature = &attributes;
+        context.tileZoom = placed.tileZoom;
+        for (const PassedFeature& passed : passing)
+        {
+            if (passed.feature->type == GeometryType::Point)
+                continue;
+            const bool isArea = passed.feature->type == GeometryType::Polygon;
+            spans.clear();
+            parts.Result().Clear();
+            CollectParts(*placed.features, *passed.feature, parts);
+            if (parts.Result().IsEmpty())
+                continue;
+            attributes.Select(*passed.feature);
+            scene.evaluating.Start();
+            const LineLook look = properties.At(context);
+            scene.evaluating.Stop();
+            DrawParts(parts.Result(), look, isArea);
+        }
+    }
+
+    void CollectParts(const FeatureSet& set, const SetFeature& feature, PixelParts& parts)
+    {
+        set.ForEachPart(feature,
+                        [&](const TXPoint* points, std::size_t count)
+                        {
+                            if (feature.type != GeometryType::Polygon)
+                                return parts.AddLine(points, count, &spans);
+                            Parts outline;
+                            AppendOutline(points, count, outline);
+                            const TXPoint* point = outline.points.data();
+                            for (const int size : outline.counts)
+                            {
+                                parts.AddLine(point, static_cast<std::size_t>(size), &spans);
+                                point += size;
+                            }
+                        });
+    }
+
+    void DrawParts(const Parts& parts, const LineLook& look, bool isArea)
+    {
+        const TXPoint* points = parts.points.data();
+        for (std::size_t i = 0; i < parts.counts.size(); ++i)
+        {
+            const auto count = static_cast<std::size_t>(parts.counts[i]);
+            const LineSpan& span = spans[i];
+            if (!look.pattern.empty())
+                DrawPattern(points, count, look);
+            else if (gradient)
+            {
+                stroker.Flush();
+                DrawGradientLine(scene, points, count, look, span, *gradient);
+            }
+            else
+            {
+                const double part = span.end - span.start;
+                const double phase = look.dashes.empty() || part <= 0.0 || span.start <= 0.0
+                                         ? 0.0
+                                         : LengthOf(points, count) / part * span.start;
+                stroker.Add(points, count, look, phase, isArea);
+            }
+            points += count;
+        }
+    }
+
+    void DrawPattern(const TXPoint* points, std::size_t count, const LineLook& look)
+    {
+        const SpritePicture* const picture = scene.data.Pictures().Find(look.pattern);
+        if (!picture)
+            return;
+        stroker.Flush();
+        const PixelLine line =
+            look.offset == 0.0 ? PixelLine(points, points + count) : OffsetLine(points, count, look.offset);
+        DrawPatternLine(scene, line, look, *picture);
+    }
+
+    const LayerScene& scene;
+    EvaluationContext context;
+    LineProperties properties;
+    const Expression* gradient;
+    LineStroker stroker;
+    std::vector<LineSpan> spans;
+};
+
+} // namespace
+
+void DrawLineLayer(const LayerScene& scene) { LineLayerPainter(scene).Draw(); }
+
+} // namespace txmap

@@ -1,0 +1,66 @@
+#include <txmap/drawing/layers/LineLook.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace txmap
+{
+namespace
+{
+
+// How far lines reach whose width depends on the feature, in logical pixels.
+constexpr double kUnknownReach = 128.0;
+// No line is wider; backends have their limits.
+constexpr double kWidest = 16000.0;
+
+} // namespace
+
+LineProperties::LineProperties(const LayerScene& scene)
+    : scale(scene.Scale()), dashScale(std::exp2(scene.Zoom() - std::floor(scene.Zoom()))),
+      color(scene.layer, "line-color", scene.Zoom(), scene.Context()),
+      opacity(scene.layer, "line-opacity", scene.Zoom(), scene.Context(), 1.0),
+      width(scene.layer, "line-width", scene.Zoom(), scene.Context(), 1.0),
+      wholeZoomWidth(scene.layer, "line-width", std::floor(scene.Zoom()), scene.Context(), 1.0),
+      gap(scene.layer, "line-gap-width", scene.Zoom(), scene.Context()),
+      offset(scene.layer, "line-offset", scene.Zoom(), scene.Context()),
+      blur(scene.layer, "line-blur", scene.Zoom(), scene.Context()),
+      cap(scene.layer, "line-cap", scene.Zoom(), scene.Context()),
+      join(scene.layer, "line-join", scene.Zoom(), scene.Context()),
+      miterLimit(scene.layer, "line-miter-limit", scene.Zoom(), scene.Context(), 2.0),
+      dashes(scene.layer, "line-dasharray", std::floor(scene.Zoom()), scene.Context()),
+      pattern(scene.layer, "line-pattern", std::floor(scene.Zoom()), scene.Context())
+{
+}
+
+LineLook LineProperties::At(const EvaluationContext& context) const
+{
+    LineLook look;
+    look.color = color.At(context);
+    look.opacity = std::clamp(opacity.At(context), 0.0, 1.0);
+    look.color.alpha *= look.opacity;
+    look.width = std::clamp(width.At(context) * scale, 0.0, kWidest);
+    look.gap = std::max(0.0, gap.At(context) * scale);
+    look.offset = offset.At(context) * scale;
+    look.blur = std::max(0.0, blur.At(context) * scale);
+    look.cap = cap.At(context);
+    look.join = join.At(context);
+    look.miterLimit = miterLimit.At(context);
+    look.dashes = dashes.At(context);
+    if (!look.dashes.empty())
+    {
+        const double unit = std::max(0.0, wholeZoomWidth.At(context)) * scale * dashScale;
+        for (double& length : look.dashes)
+            length = std::max(0.0, length) * unit;
+    }
+    look.pattern = pattern.At(context);
+    return look;
+}
+
+double LineProperties::Reach(const EvaluationContext& context) const
+{
+    const bool isKnown = width.IsConstant() && gap.IsConstant() && offset.IsConstant();
+    const LineLook look = isKnown ? At(context) : LineLook();
+    return isKnown ? look.width * 2.0 + look.gap + std::abs(look.offset) + 4.0 : kUnknownReach * scale;
+}
+
+} // namespace txmap

@@ -1,0 +1,137 @@
+#include <txmap/drawing/layers/LineStroker.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include <txgraphics/TXGraphics.h>
+#include <txmap/drawing/DrawingTools.h>
+
+namespace txmap
+{
+
+using TZObjects::TXPen;
+using TZObjects::TXPoint;
+
+namespace
+{
+
+constexpr int kMostBlurSteps = 24;
+// A surface draws mitres up to four times the width whole.
+constexpr double kMiterOfSurface = 4.0;
+
+TXPen::PenCapStyle CapOf(const LineLook& look)
+{
+    if (look.cap == "round")
+        return TXPen::RoundCap;
+    // The ends of dashes are butt unless they are round.
+    return look.cap == "square" && look.dashes.empty() ? TXPen::SquareCap : TXPen::FlatCap;
+}
+
+TXPen::PenJoinStyle JoinOf(const LineLook& look)
+{
+    if (look.join == "round")
+        return TXPen::RoundJoin;
+    return look.join == "bevel" || look.miterLimit < 1.0 ? TXPen::BevelJoin : TXPen::MiterJoin;
+}
+
+/// A pen of any width. No pen is thinner than a pixel; thinner lines are paler, and never invisible.
+PenLook PenOf(const LineLook& look, double width, double alpha)
+{
+    PenLook pen;
+    pen.color = look.color;
+    pen.color.alpha = alpha;
+    pen.width = std::max(1.0, width);
+    if (width < 1.0)
+        pen.color.alpha *= (width + 1.0) * (width + 1.0) / 4.0;
+    pen.cap = CapOf(look);
+    pen.join = JoinOf(look);
+    return pen;
+}
+
+} // namespace
+
+std::vector<PenLook> PensFor(const LineLook& look)
+{
+    if (look.width <= 0.0 || look.color.alpha <= 0.0)
+        return {};
+    if (look.blur < 0.5)
+        return {PenOf(look, look.width, look.color.alpha)};
+    // From half a pixel outside, the line gets denser inward over the blur and that pixel.
+    const double outside = look.width / 2.0 + 0.5;
+    const double ramp = look.blur + 1.0;
+    const int steps = std::clamp(static_cast<int>(std::ceil(ramp * 1.5)), 2, kMostBlurSteps);
+    std::vector<PenLook> pens;
+    double before = 0.0;
+    for (int i = 0; i < steps; ++i)
+    {
+        const double radius = outside - (i + 0.5) / steps * ramp;
+        if (radius <= 0.0)
+            break;
+        const double wanted = look.color.alpha * (i + 1) / steps;
+        // What is there already is seen through what is drawn over it.
+        pens.push_back(PenOf(look, 2.0 * radius, before < 1.0 ? (wanted - before) / (1.0 - before) : 1.0));
+        before = wanted;
+    }
+    return pens;
+}
+
+void LineStroker::Add(const TXPoint* points, std::size_t count, const LineLook& look, double phase, bool closes)
+{
+    if (look.gap <= 0.0)
+    {
+        AddShape(look.offset == 0.0 ? PixelLine(points, points + count) : OffsetLine(points, count, look.offset), look,
+                 phase, closes);
+        return;
+    }
+    const double apart = (look.gap + look.width) / 2.0;
+    AddShape(OffsetLine(points, count, look.offset - apart), look, phase, closes);
+    AddShape(OffsetLine(points, count, look.offset + apart), look, phase, closes);
+}
+
+void LineStroker::AddShape(const PixelLine& line, const LineLook& look, double phase, bool closes)
+{
+    if (line.size() < 2)
+        return;
+    PixelLine shape = line;
+    const std::vector<PenLook> pens = PensFor(look);
+    if (!pens.empty() && pens.front().join == TXPen::MiterJoin)
+        shape = BluntCorners(line.data(), line.size(), std::min(look.miterLimit, kMiterOfSurface));
+    Parts pieces;
+    if (!look.dashes.empty())
+        AppendDashes(shape.data(), shape.size(), look.dashes, phase, pieces);
+    else
+    {
+        // Over its first side once more, a ring has a corner where it closes.
+        if (closes && shape.size() > 3 && shape.front().x == shape.back().x && shape.front().y == shape.back().y)
+            shape.push_back(shape[1]);
+        pieces.points = std::move(shape);
+        pieces.counts = {static_cast<int>(pieces.points.size())};
+    }
+    for (const PenLook& look : pens)
+    {
+        Use(look);
+        parts.points.insert(parts.points.end(), pieces.points.begin(), pieces.points.end());
+        parts.counts.insert(parts.counts.end(), pieces.counts.begin(), pieces.counts.end());
+    }
+}
+
+void LineStroker::Use(const PenLook& look)
+{
+    if (look == pen)
+        return;
+    Flush();
+    pen = look;
+}
+
+void LineStroker::Flush()
+{
+    if (!parts.IsEmpty())
+    {
+        canvas.UsePen(pen);
+        RequireDrawn(canvas.Surface().PolyPolyline(parts.points.data(), parts.counts.data(),
+                                                   static_cast<int>(parts.counts.size())));
+    }
+    parts.Clear();
+}
+
+} // namespace txmap

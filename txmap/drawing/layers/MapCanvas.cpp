@@ -1,0 +1,83 @@
+#include <txmap/drawing/layers/MapCanvas.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include <txgraphics/TXGraphicsEngine.h>
+#include <txgraphics/TXImage.h>
+#include <txmap/drawing/DrawingTools.h>
+#include <txmap/support/Failure.h>
+
+namespace txmap
+{
+
+using TZObjects::TXBrush;
+using TZObjects::TXColor;
+using TZObjects::TXImage;
+using TZObjects::TXPen;
+using TZObjects::TXRefPtr;
+
+namespace
+{
+
+int Channel(double value) { return static_cast<int>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0)); }
+
+} // namespace
+
+TXColor ToTXColor(const Color& color)
+{
+    return {Channel(color.red), Channel(color.green), Channel(color.blue), Channel(color.alpha)};
+}
+
+MapCanvas::MapCanvas(TZObjects::TXGraphicsEngine& engine, const MercatorView& view)
+    : engine(engine), view(view), surface(engine.NewGraphics())
+{
+    const PixelSize size = view.Size();
+    const bool ready = surface && surface->CreateCompatibleGraphics(size.width, size.height) && surface->GetImage() &&
+                       surface->GetImage()->GetWidth() == size.width;
+    if (!ready)
+        throw Failure(ExitCode::Drawing, "a picture of " + std::to_string(size.width) + "x" +
+                                             std::to_string(size.height) + " pixels cannot be made");
+    surface->ClearWithColor({0, 0, 0, 0});
+}
+
+void MapCanvas::UsePen(const PenLook& look)
+{
+    if (pen && *pen == look)
+        return;
+    const TXRefPtr<TXPen> made(engine.NewPen());
+    RequireDrawn(made && made->Create(TXPen::SolidLine, look.width, ToTXColor(look.color), look.cap, look.join));
+    if (!look.dashes.empty())
+        made->SetSteps(look.dashes);
+    surface->SelectPen(made);
+    pen = look;
+}
+
+void MapCanvas::UseNoPen()
+{
+    surface->SelectPen(TXPen::NullPen);
+    pen.reset();
+}
+
+void MapCanvas::UseBrush(const Color& color)
+{
+    if (brush && *brush == color)
+        return;
+    surface->SelectBrush(SolidBrush(engine, ToTXColor(color)));
+    brush = color;
+    texture = nullptr;
+}
+
+void MapCanvas::UseTexture(const TXRefPtr<TXImage>& image)
+{
+    if (texture == image.get())
+        return;
+    const TXRefPtr<TXBrush> made = SolidBrush(engine, {0, 0, 0, 0});
+    made->SetTextureImage(image);
+    surface->SelectBrush(made);
+    brush.reset();
+    texture = image.get();
+}
+
+} // namespace txmap

@@ -1,0 +1,92 @@
+#include <txmap/drawing/layers/StyledMap.h>
+
+#include <string>
+
+#include <txgraphics/TXGraphics.h>
+#include <txmap/drawing/DrawingTools.h>
+#include <txmap/drawing/layers/BackgroundLayerPainter.h>
+#include <txmap/drawing/layers/CircleLayerPainter.h>
+#include <txmap/drawing/layers/FillLayerPainter.h>
+#include <txmap/drawing/layers/HillshadeLayerPainter.h>
+#include <txmap/drawing/layers/LayerProperty.h>
+#include <txmap/drawing/layers/LineLayerPainter.h>
+#include <txmap/drawing/layers/PatternImages.h>
+#include <txmap/drawing/layers/RasterLayerPainter.h>
+
+namespace txmap
+{
+
+using TZObjects::TXGraphics;
+
+namespace
+{
+
+void DrawLayer(const LayerScene& scene)
+{
+    switch (scene.layer.type)
+    {
+    case LayerType::Background:
+        return DrawBackgroundLayer(scene);
+    case LayerType::Fill:
+        return DrawFillLayer(scene);
+    case LayerType::Line:
+        return DrawLineLayer(scene);
+    case LayerType::Circle:
+        return DrawCircleLayer(scene);
+    case LayerType::Raster:
+        return DrawRasterLayer(scene);
+    case LayerType::Hillshade:
+        return DrawHillshadeLayer(scene);
+    case LayerType::Symbol:
+    case LayerType::Heatmap:
+    case LayerType::FillExtrusion:
+    case LayerType::ColorRelief:
+        break; // The reader of styles leaves these out.
+    }
+}
+
+TXGraphics::TXCompositionMode BlendMode(const std::string& name)
+{
+    if (name == "multiply")
+        return TXGraphics::CompositionMode_Multiply;
+    if (name == "screen")
+        return TXGraphics::CompositionMode_Screen;
+    if (name == "overlay")
+        return TXGraphics::CompositionMode_Overlay;
+    if (name == "plus-lighter")
+        return TXGraphics::CompositionMode_Plus;
+    return TXGraphics::CompositionMode_SourceOver;
+}
+
+} // namespace
+
+void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, Stopwatch& evaluating)
+{
+    PatternImages patterns(canvas, data.Pictures());
+    for (const StyleLayer& layer : style.layers)
+    {
+        if (!layer.IsShownAt(canvas.View().Zoom()))
+            continue;
+        const LayerScene scene{canvas, style, layer, data, patterns, evaluating};
+        const EvaluationContext context = scene.Context();
+        const std::string prefix = RulesOf(layer.type).name;
+        const double opacity =
+            LayerProperty<double>(layer, (prefix + "-layer-opacity").c_str(), scene.Zoom(), context, 1.0).Constant();
+        const TXGraphics::TXCompositionMode mode = BlendMode(
+            LayerProperty<std::string>(layer, (prefix + "-layer-blend").c_str(), scene.Zoom(), context).Constant());
+        if (opacity >= 1.0 && mode == TXGraphics::CompositionMode_SourceOver)
+        {
+            DrawLayer(scene);
+            continue;
+        }
+        // The layer as a whole is translucent or blended, not each of its features.
+        MapCanvas sheet(canvas.Engine(), canvas.View());
+        const LayerScene apart{sheet, style, layer, data, patterns, evaluating};
+        DrawLayer(apart);
+        canvas.Surface().SetCompositionMode(mode);
+        RequireDrawn(canvas.Surface().DrawImage(sheet.Surface().GetImage().get(), opacity));
+        canvas.Surface().SetCompositionMode(TXGraphics::CompositionMode_SourceOver);
+    }
+}
+
+} // namespace txmap

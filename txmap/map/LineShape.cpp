@@ -1,0 +1,169 @@
+#include <txmap/map/LineShape.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace txmap
+{
+
+using TZObjects::TXPoint;
+
+namespace
+{
+
+// Corners whose mitre would be longer than this are cut off.
+constexpr double kLongestMiter = 4.0;
+constexpr double kFinestPattern = 0.25;
+constexpr double kApart = 1e-3;
+
+double Distance(const TXPoint& a, const TXPoint& b) { return std::hypot(b.x - a.x, b.y - a.y); }
+
+TXPoint Along(const TXPoint& a, const TXPoint& b, double position)
+{
+    return {a.x + (b.x - a.x) * position, a.y + (b.y - a.y) * position};
+}
+
+/// The direction from a point to another one that is elsewhere.
+TXPoint Direction(const TXPoint& a, const TXPoint& b)
+{
+    const double length = Distance(a, b);
+    return {(b.x - a.x) / length, (b.y - a.y) / length};
+}
+
+TXPoint RightOf(const TXPoint& direction) { return {-direction.y, direction.x}; }
+
+PixelLine WithoutRepeats(const TXPoint* points, std::size_t count)
+{
+    PixelLine line;
+    for (std::size_t i = 0; i < count; ++i)
+        if (line.empty() || Distance(line.back(), points[i]) > kApart)
+            line.push_back(points[i]);
+    return line;
+}
+
+/// The cosine of half the angle by which a line turns.
+double HalfCosine(const TXPoint& before, const TXPoint& after)
+{
+    return std::sqrt(std::max(0.0, (1.0 + before.x * after.x + before.y * after.y) / 2.0));
+}
+
+void OffsetCorner(const TXPoint& corner, const TXPoint& before, const TXPoint& after, double offset, PixelLine& result)
+{
+    const double cosine = HalfCosine(before, after);
+    const TXPoint first = RightOf(before);
+    const TXPoint second = RightOf(after);
+    if (cosine * kLongestMiter < 1.0)
+    {
+        result.emplace_back(corner.x + first.x * offset, corner.y + first.y * offset);
+        result.emplace_back(corner.x + second.x * offset, corner.y + second.y * offset);
+        return;
+    }
+    // The sum of the two normals is twice the cosine long, and the corner lies offset / cosine away.
+    const double factor = offset / (2.0 * cosine * cosine);
+    result.emplace_back(corner.x + (first.x + second.x) * factor, corner.y + (first.y + second.y) * factor);
+}
+
+} // namespace
+
+double LengthOf(const TXPoint* points, std::size_t count)
+{
+    double length = 0.0;
+    for (std::size_t i = 1; i < count; ++i)
+        length += Distance(points[i - 1], points[i]);
+    return length;
+}
+
+PixelLine OffsetLine(const TXPoint* points, std::size_t count, double offset)
+{
+    const PixelLine line = WithoutRepeats(points, count);
+    if (line.size() < 2)
+        return line;
+    const std::size_t last = line.size() - 1;
+    const bool closed = last > 2 && count > 2 && Distance(points[0], points[count - 1]) <= kApart;
+    PixelLine result;
+    for (std::size_t i = 0; i <= last; ++i)
+    {
+        const bool isEnd = i == 0 || i == last;
+        const TXPoint after = i < last ? Direction(line[i], line[i + 1]) : Direction(line[0], line[1]);
+        const TXPoint before = i > 0 ? Direction(line[i - 1], line[i]) : Direction(line[last - 1], line[last]);
+        if (!isEnd || closed)
+            OffsetCorner(line[i], before, after, offset, result);
+        else
+        {
+            const TXPoint right = RightOf(i == 0 ? after : before);
+            result.emplace_back(line[i].x + right.x * offset, line[i].y + right.y * offset);
+        }
+    }
+    return result;
+}
+
+PixelLine BluntCorners(const TXPoint* points, std::size_t count, double limit)
+{
+    const PixelLine line = WithoutRepeats(points, count);
+    if (line.size() < 3)
+        return line;
+    PixelLine result{line.front()};
+    for (std::size_t i = 1; i + 1 < line.size(); ++i)
+    {
+        const TXPoint before = Direction(line[i - 1], line[i]);
+        const TXPoint after = Direction(line[i], line[i + 1]);
+        if (HalfCosine(before, after) * limit >= 1.0)
+        {
+            result.push_back(line[i]);
+            continue;
+        }
+        constexpr double kStep = 0.02;
+        result.emplace_back(line[i].x - before.x * kStep, line[i].y - before.y * kStep);
+        result.emplace_back(line[i].x + after.x * kStep, line[i].y + after.y * kStep);
+    }
+    result.push_back(line.back());
+    return result;
+}
+
+PixelLine SubLine(const TXPoint* points, std::size_t count, double from, double to)
+{
+    PixelLine result;
+    double done = 0.0;
+    for (std::size_t i = 1; i < count && done <= to; ++i)
+    {
+        const double length = Distance(points[i - 1], points[i]);
+        const double end = done + length;
+        if (end >= from && length > 0.0)
+        {
+            if (result.empty())
+                result.push_back(Along(points[i - 1], points[i], std::max(0.0, (from - done) / length)));
+            result.push_back(Along(points[i - 1], points[i], std::min(1.0, (to - done) / length)));
+        }
+        done = end;
+    }
+    return result;
+}
+
+void AppendDashes(const TXPoint* points, std::size_t count, const std::vector<double>& pattern, double phase,
+                  Parts& result)
+{
+    double period = 0.0;
+    for (const double length : pattern)
+        period += length;
+    const auto append = [&](const PixelLine& line)
+    {
+        if (line.size() < 2)
+            return;
+        result.points.insert(result.points.end(), line.begin(), line.end());
+        result.counts.push_back(static_cast<int>(line.size()));
+    };
+    if (!(period > kFinestPattern) || !std::isfinite(period))
+        return append(PixelLine(points, points + count));
+    const double length = LengthOf(points, count);
+    double at = -std::fmod(phase, period);
+    while (at <= length)
+        for (std::size_t i = 0; i < pattern.size() && at <= length; ++i)
+        {
+            const double end = at + pattern[i];
+            if (i % 2 == 0 && end >= 0.0)
+                append(SubLine(points, count, std::max(0.0, at), std::min(length, end)));
+            at = end;
+        }
+}
+
+} // namespace txmap

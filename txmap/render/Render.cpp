@@ -1,0 +1,102 @@
+#include <txmap/render/Render.h>
+
+#include <cstdio>
+#include <string>
+
+#include <txgraphics/TXGraphics.h>
+#include <txmap/drawing/PluginSession.h>
+#include <txmap/drawing/layers/StyledMap.h>
+#include <txmap/output/OutputFile.h>
+#include <txmap/sources/Gdal.h>
+#include <txmap/sources/MapData.h>
+#include <txmap/sources/SourceDiagnostics.h>
+#include <txmap/sources/SourcePath.h>
+#include <txmap/style/document/MapStyle.h>
+#include <txmap/support/Failure.h>
+
+namespace txmap
+{
+namespace
+{
+
+constexpr std::size_t kLargestStyle = std::size_t(256) << 20;
+
+MapStyle ReadStyleFile(const RenderOptions& options, const MessageSink& warn)
+{
+    StyleReading reading = ReadStyle(ReadSourceFile(options.style, kLargestStyle));
+    if (reading.problems.empty())
+        return std::move(reading.style);
+    const std::string first = options.style + ": " + reading.problems.front().ToString();
+    const std::size_t more = reading.problems.size() - 1;
+    if (!options.lenient || (reading.style.layers.empty() && reading.style.sources.empty()))
+        throw Failure(ExitCode::Data,
+                      first + (more == 0 ? "" : " (and " + std::to_string(more) + " more; see txmap validate)"));
+    for (const StyleProblem& problem : reading.problems)
+        warn(options.style + ": " + problem.ToString());
+    return std::move(reading.style);
+}
+
+MercatorView ViewOf(const RenderOptions& options, const MapStyle& style)
+{
+    const double bearing = options.bearing.value_or(style.bearing);
+    Camera camera{style.longitude.value_or(0.0), style.latitude.value_or(0.0), style.zoom.value_or(0.0), bearing};
+    if (options.box)
+        camera = MercatorView::Fit(*options.box, options.size, bearing);
+    if (options.center)
+    {
+        camera.longitude = options.center->lon;
+        camera.latitude = options.center->lat;
+    }
+    if (options.zoom)
+        camera.zoom = *options.zoom;
+    return MercatorView(camera, options.size, options.scale);
+}
+
+std::string TimingText(const char* stage, double seconds)
+{
+    char text[64];
+    std::snprintf(text, sizeof text, "%s %.3f s", stage, seconds);
+    return text;
+}
+
+} // namespace
+
+void RenderMap(const RenderOptions& options, const MessageSink& warn, const MessageSink& tell)
+{
+    OutputFile output(options.output);
+    Stopwatch reading;
+    Stopwatch evaluating;
+    Stopwatch drawing;
+    Stopwatch encoding;
+
+    reading.Start();
+    const MapStyle style = ReadStyleFile(options, warn);
+    const MercatorView view = ViewOf(options, style);
+    PrepareGdal();
+    SourceDiagnostics diagnostics(!options.lenient);
+    const MapData data(style, SourceFolder::Of(options.style), view, diagnostics);
+    reading.Stop();
+
+    drawing.Start();
+    const PluginSession plugin(options.plugin, TextPath::Qt);
+    MapCanvas canvas(plugin.Engine(), view);
+    DrawLayers(canvas, style, data, evaluating);
+    drawing.Stop();
+
+    encoding.Start();
+    if (!canvas.Surface().Save(output.Begin().c_str()))
+        throw Failure(ExitCode::Drawing, "--output " + options.output + ": the picture cannot be written");
+    output.Commit();
+    encoding.Stop();
+
+    for (const std::string& warning : diagnostics.Warnings())
+        warn(warning);
+    if (!options.timings)
+        return;
+    tell(TimingText("reading", reading.Seconds()));
+    tell(TimingText("evaluating", evaluating.Seconds()));
+    tell(TimingText("drawing", drawing.Seconds() - evaluating.Seconds()));
+    tell(TimingText("encoding", encoding.Seconds()));
+}
+
+} // namespace txmap

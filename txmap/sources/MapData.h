@@ -1,0 +1,45 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <txmap/sources/ElevationSource.h>
+#include <txmap/sources/FeatureSource.h>
+#include <txmap/sources/RasterSource.h>
+#include <txmap/sources/Sprites.h>
+#include <txmap/style/document/MapStyle.h>
+
+namespace txmap
+{
+
+class MercatorView;
+class SourceDiagnostics;
+class SourceFolder;
+
+/// Everything that a picture of a style is made of: what the sources have in the view, and the sprites.
+class MapData
+{
+public:
+    /// Reads it. Sources that no layer draws in this view are left alone. @throw Failure with `ExitCode::Data`.
+    MapData(const MapStyle& style, const SourceFolder& folder, const MercatorView& view,
+            SourceDiagnostics& diagnostics);
+
+    /// What a layer draws; nothing if its source could not be read.
+    const std::vector<PlacedFeatures>& Features(const StyleLayer& layer) const;
+    const std::vector<PlacedImage>& Images(const StyleLayer& layer) const;
+    const ElevationGrid& Heights(const StyleLayer& layer) const;
+    const Sprites& Pictures() const { return sprites; }
+
+private:
+    void Read(const StyleSource& source, const MapStyle& style, const SourceFolder& folder, const MercatorView& view,
+              SourceDiagnostics& diagnostics);
+
+    std::map<std::string, std::unique_ptr<FeatureSource>> features;
+    std::map<std::string, std::unique_ptr<RasterSource>> images;
+    std::map<std::string, ElevationGrid> heights;
+    Sprites sprites;
+};
+
+} // namespace txmap
