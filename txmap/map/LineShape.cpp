@@ -160,8 +160,12 @@ void AppendDashes(const TXPoint* points, std::size_t count, const std::vector<do
         for (std::size_t i = 0; i < pattern.size() && at <= length; ++i)
         {
             const double end = at + pattern[i];
-            if (i % 2 == 0 && end >= 0.0)
-                append(SubLine(points, count, std::max(0.0, at), std::min(length, end)));
+            const double from = std::max(0.0, at);
+            const double to = std::min(length, end);
+            // The sliver of a dash that begins where the line ends is no dot; a dash without length is one.
+            const bool isSliver = pattern[i] > kApart && to - from < kApart;
+            if (i % 2 == 0 && end >= 0.0 && !isSliver)
+                append(SubLine(points, count, from, to));
             at = end;
         }
 }

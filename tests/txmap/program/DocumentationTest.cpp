@@ -53,3 +53,11 @@ TEST(Documentation, HasTheOptionsOfHelpAndNoOthers)
     ASSERT_THAT(known, Contains("-o"));
     EXPECT_THAT(OptionsIn(Content(TX_TEST_DOCS "/txmap.md")), ContainerEq(known));
 }
+
+TEST(Documentation, HasTheOptionsOfStylesAndNoOthers)
+{
+    std::set<std::string> known = OptionsIn(RunTxmap({"render", "--help"}).output);
+    ASSERT_THAT(known, Contains("--bearing"));
+    known.merge(OptionsIn(RunTxmap({"validate", "--help"}).output));
+    EXPECT_THAT(OptionsIn(Content(TX_TEST_DOCS "/styles.md")), ContainerEq(known));
+}

@@ -206,6 +206,8 @@ private:
         static const std::string kSuffix = "-transition";
         if (const MemberRule* const rule = rules.Find(name))
         {
+            if (EndsWith(name, "-layer-blend") && (value == "color" || value == "luminosity"))
+                problems.AddUnsupported(pointer, value.get<std::string>() + ": this way of blending is not drawn");
             if (auto property = ReadProperty(value, *rule, pointer, problems))
                 layer.properties.emplace(name, std::move(*property));
         }

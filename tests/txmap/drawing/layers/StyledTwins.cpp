@@ -24,7 +24,7 @@ std::vector<unsigned> PixelsOf(TXGraphics& surface)
     return pixels;
 }
 
-MercatorView View(double zoom, double bearing) { return {{0.0, 0.0, zoom, bearing}, {kSide, kSide}}; }
+MercatorView ViewAt(double zoom, double bearing) { return {{0.0, 0.0, zoom, bearing}, {kSide, kSide}}; }
 
 } // namespace
 
@@ -32,7 +32,7 @@ StyledTwins::StyledTwins() : plugin(TX_TEST_PLUGIN, TextPath::Qt) { PrepareGdal(
 
 std::string StyledTwins::Place(double x, double y)
 {
-    const TXPoint place = FromMercator(View(0.0, 0.0).ToPlace({x, y}));
+    const TXPoint place = FromMercator(ViewAt(0.0, 0.0).ToPlace({x, y}));
     std::ostringstream text;
     text.precision(17);
     text << '[' << place.x << ',' << place.y << ']';
@@ -57,14 +57,20 @@ std::string StyledTwins::Geometry(const std::string& type, const std::vector<std
 std::vector<unsigned> StyledTwins::Styled(const std::string& geoJson, const std::string& layers, double zoom,
                                           double bearing)
 {
-    const StyleReading reading =
-        ReadStyle(R"({"version": 8, "sprite": "sprite", "sources": {"s": {"type": "geojson", "lineMetrics": true,
-            "data": )" +
-                  geoJson + R"(}}, "layers": [)" + layers + "]}");
+    return StyledSource(R"({"type": "geojson", "lineMetrics": true, "data": )" + geoJson + "}", layers, zoom, bearing);
+}
+
+std::vector<unsigned> StyledTwins::StyledSource(const std::string& source, const std::string& layers, double zoom,
+                                                double bearing)
+{
+    const std::string sprite =
+        std::filesystem::exists(folder / "sprite.json") ? R"("sprite": "sprite", )" : std::string();
+    const StyleReading reading = ReadStyle(R"({"version": 8, )" + sprite + R"("sources": {"s": )" + source +
+                                           R"(}, "layers": [)" + layers + "]}");
     for (const StyleProblem& problem : reading.problems)
         ADD_FAILURE() << problem.ToString();
-    const MercatorView view = View(zoom, bearing);
-    SourceDiagnostics diagnostics(false);
+    const MercatorView view = ViewAt(zoom, bearing);
+    SourceDiagnostics diagnostics(true);
     const MapData data(reading.style, SourceFolder(folder.Path().string()), view, diagnostics);
     MapCanvas canvas(plugin.Engine(), view);
     Stopwatch evaluating;

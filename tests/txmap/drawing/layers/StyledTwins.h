@@ -27,6 +27,9 @@ protected:
     /// The pixels of a style that has a source "s" of these features, GeoJSON, and these layers.
     std::vector<unsigned> Styled(const std::string& geoJson, const std::string& layers, double zoom = 0.0,
                                  double bearing = 0.0);
+    /// The same with a source "s" of any kind.
+    std::vector<unsigned> StyledSource(const std::string& source, const std::string& layers, double zoom = 0.0,
+                                       double bearing = 0.0);
     /// The pixels that direct calls draw.
     std::vector<unsigned> Direct(const Draw& draw);
 
