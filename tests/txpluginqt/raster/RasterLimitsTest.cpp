@@ -69,6 +69,10 @@ void AddBoxes(QPainterPath& path, int count, double left, double right)
 
 TEST(RasterLimitsTest, AreasBeyond32BitsThatCancelOutAreExact)
 {
+    QPainterPath small;
+    small.addEllipse(QRectF(1.3, 1.2, 9.0, 8.5));
+    EXPECT_TRUE(PathDrawnAlike(QSize(12, 12), small, Fill));
+    const std::size_t cells = LastFillWork().cells;
     // The crossings of the pixels at 5 leave little, though their sums are beyond what 32 bits hold.
     constexpr double kNearlyRight = 5.0 + 63.0 / 64.0;
     for (const Qt::FillRule rule : {Qt::WindingFill, Qt::OddEvenFill})
@@ -79,10 +83,9 @@ TEST(RasterLimitsTest, AreasBeyond32BitsThatCancelOutAreExact)
             AddBoxes(path, 300 * 64 + more, kNearlyRight, 9.0);
             AddBoxes(path, 300, 9.0, 5.0);
             EXPECT_TRUE(PathDrawnAlike(QSize(12, 12), path, Fill)) << rule << ' ' << more;
-            // Nothing of it is left behind.
-            QPainterPath small;
-            small.addEllipse(QRectF(1.3, 1.2, 9.0, 8.5));
+            // Nothing of it is left behind, and the next shape is not added up twice.
             EXPECT_TRUE(PathDrawnAlike(QSize(12, 12), small, Fill)) << rule << ' ' << more;
+            EXPECT_EQ(LastFillWork().cells, cells);
         }
 }
 
