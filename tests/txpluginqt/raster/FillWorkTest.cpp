@@ -114,6 +114,27 @@ TEST(FillWorkTest, OfManyRingsIsThatOfTheirEdges)
     EXPECT_LE(LastFillWork().cells, points * 8U);
 }
 
+TEST(FillWorkTest, OfRingsOnALargeImageIsThatOfEachBandsOwn)
+{
+    RandomSource random(4);
+    QPainterPath path;
+    std::size_t points = 0;
+    for (int ring = 0; ring < 3000; ++ring)
+    {
+        const QPointF corner(random.Real(0.0, 1990.0), random.Real(0.0, 1990.0));
+        path.addPolygon(QPolygonF({corner, corner + QPointF(9.0, 0.5), corner + QPointF(1.0, 4.0), corner}));
+        points += 4;
+    }
+    QImage image(2000, 2000, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::red);
+    DrawPath(painter, path);
+    EXPECT_GE(LastFillWork().edges, points);
+    EXPECT_LE(LastFillWork().edges, points * 11U / 10U);
+}
+
 TEST(FillWorkTest, OfAMillionPointsOnALineIsThatOfTheLine)
 {
     std::vector<QPointF> points;
