@@ -102,10 +102,10 @@ void AddLabels(Scenes& scenes)
             const std::string name = std::to_string(height) + " pixels, halo " + std::to_string(halo) + ", ";
             const LabelLook look = LookOf(height, halo);
             scenes.push_back(NewLabelScene(
-                {kSubject, name + "250 names repeated", kLabels, Limit::TimesAsFast(halo == 1 ? 2.0 : 1.5), nullptr},
-                look, Repetition::Repeated, HaloOurs, HaloDirect));
+                {kSubject, name + "250 names repeated", kLabels, Limit::AtMost(halo == 1 ? 0.20 : 0.14), nullptr}, look,
+                Repetition::Repeated, HaloOurs, HaloDirect));
             scenes.push_back(
-                NewLabelScene({kSubject, name + "distinct names", kLabels / 2, Limit::CacheMiss(), nullptr}, look,
+                NewLabelScene({kSubject, name + "distinct names", kLabels / 2, Limit::AtMost(0.50), nullptr}, look,
                               Repetition::Distinct, HaloOurs, HaloDirect));
         }
     const LabelLook look = LookOf(12, 1);

@@ -123,9 +123,9 @@ Contenders DrawFontMarkers()
 
 void AddMarkers(Scenes& scenes)
 {
-    scenes.push_back({kSubject, "symbols of 4 to 12 corners", kMarkers, Limit::SmallMarker(),
+    scenes.push_back({kSubject, "symbols of 4 to 12 corners", kMarkers, Limit::AtMost(0.75),
                       [] { return DrawVectorMarkers(false, true); }});
-    scenes.push_back({kSubject, "symbols, each at an angle", kMarkers, Limit::SmallMarker(),
+    scenes.push_back({kSubject, "symbols, each at an angle", kMarkers, Limit::AtMost(0.75),
                       [] { return DrawVectorMarkers(true, true); }});
     scenes.push_back({kSubject, "open symbols, each at an angle", kMarkers, Limit::SmallMarker(),
                       [] { return DrawVectorMarkers(true, false); }});

@@ -147,23 +147,23 @@ void AddPolygons(Scenes& scenes)
 {
     const Look filled{{214, 196, 148, 255}, {}, 0.0, true};
     const Look translucent{{90, 150, 60, 120}, {70, 60, 90, 200}, 1.0, true};
-    scenes.push_back({kSubject, "polygons of 5 to 50 corners, filled", kPolygons, Limit::Drawing(),
+    scenes.push_back({kSubject, "polygons of 5 to 50 corners, filled", kPolygons, Limit::AtMost(0.70),
                       [=] { return DrawPolygons(filled); }});
-    scenes.push_back({kSubject, "polygons, filled and outlined, width 1", kPolygons, Limit::Drawing(),
+    scenes.push_back({kSubject, "polygons, filled and outlined, width 1", kPolygons, Limit::AtMost(0.75),
                       [] { return DrawPolygons(Look()); }});
-    scenes.push_back({kSubject, "polygons, filled and outlined, translucent", kPolygons, Limit::Drawing(),
+    scenes.push_back({kSubject, "polygons, filled and outlined, translucent", kPolygons, Limit::AtMost(0.75),
                       [=] { return DrawPolygons(translucent); }});
     scenes.push_back({kSubject, "shapes of 1000 patches each, filled", kPatchworks, Limit::Drawing(),
                       [=] { return DrawShapes(filled, Patchworks()); }});
     const int countries = kCountries10m;
-    scenes.push_back({kSubject, "countries 1:10 million, many rings, filled", countries, Limit::Drawing(),
+    scenes.push_back({kSubject, "countries 1:10 million, many rings, filled", countries, Limit::AtMost(0.20),
                       [=] { return DrawCountries(filled); }});
-    scenes.push_back({kSubject, "countries 1:10 million, outlined, width 1", countries, Limit::Drawing(), [] {
+    scenes.push_back({kSubject, "countries 1:10 million, outlined, width 1", countries, Limit::AtMost(0.85), [] {
                           return DrawCountries({{}, {70, 60, 90, 255}, 1.0, false});
                       }});
-    scenes.push_back({kSubject, "countries 1:10 million, outlined, width 3", countries / 8, Limit::Drawing(), [] {
+    scenes.push_back({kSubject, "countries 1:10 million, outlined, width 3", countries / 8, Limit::AtMost(0.35), [] {
                           return DrawCountries({{}, {70, 60, 90, 255}, 3.0, false});
                       }});
-    scenes.push_back({kSubject, "countries 1:10 million, filled and outlined, width 1", countries, Limit::Drawing(),
+    scenes.push_back({kSubject, "countries 1:10 million, filled and outlined, width 1", countries, Limit::AtMost(0.50),
                       [] { return DrawCountries(Look()); }});
 }

@@ -60,9 +60,9 @@ Contenders DrawPolylines(double width, const TXColor& color)
 
 void AddPolylines(Scenes& scenes)
 {
-    scenes.push_back({kSubject, "polylines of 20 to 200 points, width 1", kLines, Limit::Drawing(),
+    scenes.push_back({kSubject, "polylines of 20 to 200 points, width 1", kLines, Limit::AtMost(0.85),
                       [] { return DrawPolylines(1.0, TXColor(60, 110, 180, 255)); }});
-    scenes.push_back({kSubject, "polylines, width 3", kLines / 20, Limit::Drawing(),
+    scenes.push_back({kSubject, "polylines, width 3", kLines / 20, Limit::AtMost(0.45),
                       [] { return DrawPolylines(3.0, TXColor(170, 60, 40, 255)); }});
     scenes.push_back({kSubject, "polylines, width 3, translucent", kLines / 20, Limit::Drawing(),
                       [] { return DrawPolylines(3.0, TXColor(170, 60, 40, 140)); }});

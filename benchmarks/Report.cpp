@@ -83,11 +83,10 @@ Written by `scripts/bench`; do not edit.
 
 | what | ratio |
 |---|---|
-| every drawing operation | at most 1.03 |
-| small markers | at most 1.05 |
+| what the rasteriser draws | at most the number in its row |
+| every other drawing operation | at most 1.03 |
+| characters of a symbol font | at most 1.05 |
 | labels drawn or measured for the first time | at most 1.02 |
-| labels with a halo of 3 drawn again | at most 0.67, that is 1.5 times as fast |
-| labels with a halo of 1 drawn again | at most 0.50, that is 2 times as fast |
 | labels measured again | at most 0.50, that is 2 times as fast |
 | tiles scaled fast | at most 0.77, that is 1.3 times as fast |
 | memory of kept labels | at most what the setting says |

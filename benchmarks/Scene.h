@@ -41,7 +41,10 @@ struct Limit
     static Limit None() { return {}; }
     /// Every drawing operation costs what the direct call costs.
     static Limit Drawing() { return {1.03}; }
+    /// Characters of a symbol font.
     static Limit SmallMarker() { return {1.05}; }
+    /// Where the rasteriser saves time, at most so much of the direct call's.
+    static Limit AtMost(double ratio) { return {ratio}; }
     /// The first time costs what it costs without a cache.
     static Limit CacheMiss() { return {1.02}; }
     /// So many times as fast as direct.

@@ -116,6 +116,6 @@ Contenders DrawMap(bool first)
 
 void AddWorldMap(Scenes& scenes)
 {
-    scenes.push_back({kSubject, "the first picture", kItems, Limit::Drawing(), [] { return DrawMap(true); }});
-    scenes.push_back({kSubject, "the next pictures", kItems, Limit::Drawing(), [] { return DrawMap(false); }});
+    scenes.push_back({kSubject, "the first picture", kItems, Limit::AtMost(0.38), [] { return DrawMap(true); }});
+    scenes.push_back({kSubject, "the next pictures", kItems, Limit::AtMost(0.25), [] { return DrawMap(false); }});
 }

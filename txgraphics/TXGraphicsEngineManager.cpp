@@ -75,6 +75,7 @@ struct TXGraphicsEngineManager::State
     std::atomic<bool> cairoDrawing{false};
     std::atomic<int> imageFormat{5};
     std::atomic<std::size_t> labelCacheSize{std::size_t(32) << 20};
+    std::atomic<bool> rasterizer{true};
     LoadedPlugin plugin;
 };
 
@@ -111,6 +112,7 @@ TXGraphicsEngineManager* TXGraphicsEngineManager::instance(const TXString& name)
         manager->EnableCairoDrawing(current->CairoDrawingEnabled());
         manager->SetDefaultImageFormat(current->DefaultImageFormat());
         manager->SetLabelCacheSize(current->LabelCacheSize());
+        manager->EnableRasterizer(current->RasterizerEnabled());
     }
     return manager;
 }
@@ -125,6 +127,8 @@ int TXGraphicsEngineManager::DefaultImageFormat() const { return state->imageFor
 void TXGraphicsEngineManager::SetDefaultImageFormat(int format) { state->imageFormat = format; }
 std::size_t TXGraphicsEngineManager::LabelCacheSize() const { return state->labelCacheSize; }
 void TXGraphicsEngineManager::SetLabelCacheSize(std::size_t bytes) { state->labelCacheSize = bytes; }
+bool TXGraphicsEngineManager::RasterizerEnabled() const { return state->rasterizer; }
+void TXGraphicsEngineManager::EnableRasterizer(bool on) { state->rasterizer = on; }
 
 TXRefPtr<TXGraphicsEngine> TXGraphicsEngineManager::LoadPlugin(const TXString& plugin, TXString* error)
 {
@@ -145,7 +149,7 @@ TXRefPtr<TXGraphicsEngine> TXGraphicsEngineManager::LoadPlugin(const TXString& p
     }
 
     Registry& registry = TheRegistry();
-    TXGraphicsEngineManager* keeper = this;
+    TXGraphicsEngineManager* keeper = nullptr;
     {
         const std::lock_guard<std::mutex> guard(registry.mutex);
         keeper = registry.managers.emplace(loaded.engine->GetName(), this).first->second;

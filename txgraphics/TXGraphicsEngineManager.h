@@ -59,6 +59,11 @@ public:
     /// when it next measures or draws a label through Qt, and when it ends. A thread that does so at all also holds a
     /// table of 64 KiB.
     void SetLabelCacheSize(std::size_t bytes);
+    /// Returns true when shapes and labels may go through the backend's own rasteriser.
+    bool RasterizerEnabled() const;
+    /// Switches the backend's own rasteriser; it is on in the beginning. The pixels are the same either way, and
+    /// drawing is several times as fast with it. The setting of the current manager applies to all surfaces at once.
+    void EnableRasterizer(bool on);
 
     /// Loads a backend plugin and keeps its engine in this manager, in place of an earlier one.
     ///

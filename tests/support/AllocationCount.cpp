@@ -86,3 +86,12 @@ AllocationCounter::AllocationCounter()
 AllocationCounter::~AllocationCounter() { counting = false; }
 
 Allocations AllocationCounter::SoFar() const { return {count, bytes}; }
+
+Allocations AllocationsOf(const std::function<void()>& draw)
+{
+    for (int i = 0; i < 3; ++i)
+        draw();
+    const AllocationCounter counter;
+    draw();
+    return counter.SoFar();
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 
 /// How many blocks were allocated, and how many bytes they were asked to have in all.
 struct Allocations
@@ -20,3 +21,6 @@ public:
 
     Allocations SoFar() const;
 };
+
+/// What @p draw allocates once everything is there that it keeps from one call to the next.
+Allocations AllocationsOf(const std::function<void()>& draw);

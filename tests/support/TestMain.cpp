@@ -12,6 +12,8 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     if (qEnvironmentVariableIsSet("TX_LABEL_CACHE_SIZE"))
         TZObjects::TXGraphicsEngineManager::instance("")->SetLabelCacheSize(qgetenv("TX_LABEL_CACHE_SIZE").toULong());
+    if (qgetenv("TX_RASTERIZER") == "off")
+        TZObjects::TXGraphicsEngineManager::instance("")->EnableRasterizer(false);
     QGuiApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

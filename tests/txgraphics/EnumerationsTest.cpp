@@ -17,17 +17,21 @@ static_assert(kPlain<TXBrush::BrushStyle> && kPlain<TXImage::Format> && kPlain<T
 static_assert(kPlain<TXGraphics::TXTextVertAlign> && kPlain<TXGraphics::TXTextHorizAlign>);
 static_assert(kPlain<TXGraphics::TXCompositionMode>);
 
+/// The members have these numbers: @p first and those that follow.
+template <class E>
+void ExpectNumbered(int first, std::initializer_list<E> members)
+{
+    int number = first;
+    for (const E member : members)
+        EXPECT_EQ(member, number++);
+}
+
 } // namespace
 
 TEST(Enumerations, PenStyles)
 {
-    EXPECT_EQ(TXPen::NullPen, 0);
-    EXPECT_EQ(TXPen::SolidLine, 1);
-    EXPECT_EQ(TXPen::DashLine, 2);
-    EXPECT_EQ(TXPen::DotLine, 3);
-    EXPECT_EQ(TXPen::DashDotLine, 4);
-    EXPECT_EQ(TXPen::DashDotDotLine, 5);
-    EXPECT_EQ(TXPen::CustomDashLine, 6);
+    ExpectNumbered(0, {TXPen::NullPen, TXPen::SolidLine, TXPen::DashLine, TXPen::DotLine, TXPen::DashDotLine,
+                       TXPen::DashDotDotLine, TXPen::CustomDashLine});
 }
 
 TEST(Enumerations, PenCapsAndJoinsWithTheirGaps)
@@ -42,28 +46,16 @@ TEST(Enumerations, PenCapsAndJoinsWithTheirGaps)
 
 TEST(Enumerations, BrushStyles)
 {
-    EXPECT_EQ(TXBrush::SolidBrush, 1);
-    EXPECT_EQ(TXBrush::HorizontalHatch, 2);
-    EXPECT_EQ(TXBrush::VerticalHatch, 3);
-    EXPECT_EQ(TXBrush::CrossHatch, 4);
-    EXPECT_EQ(TXBrush::TextureBrush, 5);
+    ExpectNumbered(1, {TXBrush::SolidBrush, TXBrush::HorizontalHatch, TXBrush::VerticalHatch, TXBrush::CrossHatch,
+                       TXBrush::TextureBrush});
 }
 
-TEST(Enumerations, ItalicModes)
-{
-    EXPECT_EQ(TXFont::ItalicNone, 0);
-    EXPECT_EQ(TXFont::ItalicFace, 1);
-    EXPECT_EQ(TXFont::ItalicSlant, 2);
-}
+TEST(Enumerations, ItalicModes) { ExpectNumbered(0, {TXFont::ItalicNone, TXFont::ItalicFace, TXFont::ItalicSlant}); }
 
 TEST(Enumerations, TextAlignments)
 {
-    EXPECT_EQ(TXGraphics::TextAlignLeft, 1);
-    EXPECT_EQ(TXGraphics::TextAlignHCenter, 2);
-    EXPECT_EQ(TXGraphics::TextAlignRight, 3);
-    EXPECT_EQ(TXGraphics::TextAlignTop, 1);
-    EXPECT_EQ(TXGraphics::TextAlignVCenter, 2);
-    EXPECT_EQ(TXGraphics::TextAlignBottom, 3);
+    ExpectNumbered(1, {TXGraphics::TextAlignLeft, TXGraphics::TextAlignHCenter, TXGraphics::TextAlignRight});
+    ExpectNumbered(1, {TXGraphics::TextAlignTop, TXGraphics::TextAlignVCenter, TXGraphics::TextAlignBottom});
 }
 
 TEST(Enumerations, ImageFormats)

@@ -47,6 +47,7 @@ ManagerTest::ManagerTest()
     manager->EnableAntialiasing(true);
     manager->EnableCairoDrawing(false);
     manager->SetDefaultImageFormat(5);
+    manager->EnableRasterizer(true);
 }
 
 ManagerTest::~ManagerTest() { manager->Unload(); }

@@ -105,6 +105,11 @@ TEST_F(ManagerTest, SettingsAreKept)
     manager->EnableCairoDrawing(false);
     EXPECT_TRUE(manager->AntialiasingEnabled());
     EXPECT_FALSE(manager->CairoDrawingEnabled());
+    EXPECT_TRUE(manager->RasterizerEnabled());
+    manager->EnableRasterizer(false);
+    EXPECT_FALSE(manager->RasterizerEnabled());
+    manager->EnableRasterizer(true);
+    EXPECT_TRUE(manager->RasterizerEnabled());
     for (const int format : {0, 24, -1, 1000})
     {
         manager->SetDefaultImageFormat(format);
@@ -117,10 +122,12 @@ TEST_F(ManagerTest, ANewManagerHasTheSettingsOfTheCurrentOne)
     manager->EnableAntialiasing(false);
     manager->EnableCairoDrawing(true);
     manager->SetDefaultImageFormat(6);
+    manager->EnableRasterizer(false);
     const TXGraphicsEngineManager* const other = TXGraphicsEngineManager::instance(Unique("name"));
     EXPECT_FALSE(other->AntialiasingEnabled());
     EXPECT_TRUE(other->CairoDrawingEnabled());
     EXPECT_EQ(other->DefaultImageFormat(), 6);
+    EXPECT_FALSE(other->RasterizerEnabled());
     TXGraphicsEngineManager::SetCurrent(Unique("name"));
     EXPECT_FALSE(Current()->AntialiasingEnabled());
     EXPECT_TRUE(Current()->CairoDrawingEnabled());

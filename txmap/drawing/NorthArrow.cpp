@@ -115,8 +115,8 @@ NorthArrow::NorthArrow(const ArrowRequest& request, const View& view, const Fram
     // On the paper beside the map it hides nothing.
     if (!frame || frame->Avoids(box))
         return;
-    for (double more = 0.0; more < side / 2.0; more += kStep)
-        if (const TXRect moved = boxAt(margin + more); frame->Contains(moved))
+    for (int step = 0; step * kStep < side / 2.0; ++step)
+        if (const TXRect moved = boxAt(margin + step * kStep); frame->Contains(moved))
         {
             box = moved;
             break;

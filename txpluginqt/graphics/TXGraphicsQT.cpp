@@ -9,6 +9,7 @@
 #include <txgraphics/TXGraphicsEngineManager.h>
 #include <txpluginqt/graphics/PainterResources.h>
 #include <txpluginqt/raster/SavedStates.h>
+#include <txpluginqt/raster/SelfCheck.h>
 #include <txpluginqt/resources/TXBrushQT.h>
 #include <txpluginqt/resources/TXFontQT.h>
 #include <txpluginqt/resources/TXPenQT.h>
@@ -36,6 +37,7 @@ bool CanBePainted(const QImage* pixels)
 
 TXGraphicsQT::TXGraphicsQT(TXImage* paintedImage) : cairoLock(std::make_unique<TXLock>())
 {
+    CheckRasterizer();
     if (paintedImage)
     {
         UsePainter(new QPainter);
@@ -51,6 +53,7 @@ TXGraphicsQT::TXGraphicsQT(TXImage* paintedImage) : cairoLock(std::make_unique<T
 TXGraphicsQT::TXGraphicsQT()
     : pen(new TXPenQT), brush(new TXBrushQT), font(new TXFontQT), cairoLock(std::make_unique<TXLock>())
 {
+    CheckRasterizer();
     pen->Create();
     brush->Create(TXColor(255, 255, 255, 0), TXBrush::SolidBrush);
     font->Create();

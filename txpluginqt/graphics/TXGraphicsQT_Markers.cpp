@@ -10,6 +10,7 @@
 #include <txpluginqt/cairo/CairoFont.h>
 #include <txpluginqt/cairo/CairoScopes.h>
 #include <txpluginqt/graphics/PainterResources.h>
+#include <txpluginqt/raster/Drawing.h>
 #include <txpluginqt/support/Conversions.h>
 #include <txpluginqt/support/ScopeGuards.h>
 #include <txpluginqt/text/GlyphRun.h>
@@ -57,9 +58,9 @@ bool TXGraphicsQT::PaintMarker(double x, double y, double angle, const TXPoint* 
             if (std::abs(angle) > kLeastAngle)
                 p.rotate(angle);
             if (closed)
-                p.drawPolygon(symbol.data(), symbol.size(), Qt::OddEvenFill);
+                DrawPolygon(p, symbol.data(), symbol.size(), Qt::OddEvenFill);
             else
-                p.drawPolyline(symbol.data(), symbol.size());
+                DrawPolyline(p, symbol.data(), symbol.size());
         });
     return painted && drawable;
 }

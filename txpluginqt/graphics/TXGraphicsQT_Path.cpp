@@ -1,6 +1,7 @@
 // The current path.
 #include <txpluginqt/graphics/TXGraphicsQT.h>
 
+#include <txpluginqt/raster/Drawing.h>
 #include <txpluginqt/support/Numbers.h>
 
 using namespace txqt;
@@ -37,6 +38,6 @@ void TXGraphicsQT::DrawPath()
 {
     if (!path || !painter)
         return;
-    Paint([&](QPainter& p) { p.drawPath(*path); });
+    Paint([&](QPainter& p) { txqt::DrawPath(p, *path); });
     QPainterPath().swap(*path);
 }

@@ -9,6 +9,7 @@
 #include <txbase/TXMathUtil.h>
 #include <txpluginqt/graphics/GradientBrush.h>
 #include <txpluginqt/graphics/PainterResources.h>
+#include <txpluginqt/raster/Drawing.h>
 #include <txpluginqt/raster/RingShape.h>
 #include <txpluginqt/support/Conversions.h>
 #include <txpluginqt/support/ScopeGuards.h>
@@ -24,6 +25,11 @@ constexpr double kCircleTolerance = 1e-5;
 constexpr int kSixteenths = 16;
 
 QPoint TruncatedPoint(const TXPoint& point) { return QPoint(Truncated(point.x), Truncated(point.y)); }
+
+QRect RectAround(const QPoint& center, int radiusX, int radiusY)
+{
+    return QRect(center.x() - radiusX, center.y() - radiusY, 2 * radiusX, 2 * radiusY);
+}
 
 /// True when every point rounds to the pixel that the first one rounds to.
 bool CollapsesToDot(const TXPoint* points, int count)
@@ -73,13 +79,13 @@ bool TXGraphicsQT::Polyline(const TXPoint* points, int count)
     // A feature that shrinks to one pixel at this scale still leaves a visible dot.
     if (CollapsesToDot(points, count))
         return Paint([&](QPainter& p) { p.drawPoints(AsQPoints(points), 1); });
-    return Paint([&](QPainter& p) { p.drawPolyline(AsQPoints(points), count); });
+    return Paint([&](QPainter& p) { DrawPolyline(p, AsQPoints(points), count); });
 }
 
 bool TXGraphicsQT::Polygon(const TXPoint* points, int count)
 {
     return IsPolygon(points, count) &&
-           Paint([&](QPainter& p) { p.drawPolygon(AsQPoints(points), count, Qt::OddEvenFill); });
+           Paint([&](QPainter& p) { DrawPolygon(p, AsQPoints(points), count, Qt::OddEvenFill); });
 }
 
 bool TXGraphicsQT::Polygon(const TXPoint* points, int count, const stGradientParams& gradient)
@@ -95,7 +101,7 @@ bool TXGraphicsQT::Polygon(const TXPoint* points, int count, const stGradientPar
             // The gradient stays behind as brush, and no pen.
             computed = ApplyGradientBrush(p, polygon.boundingRect(), gradient);
             if (computed)
-                p.drawPolygon(AsQPoints(points), count, Qt::OddEvenFill);
+                DrawPolygon(p, AsQPoints(points), count, Qt::OddEvenFill);
         });
     return painted && computed;
 }
@@ -111,7 +117,7 @@ bool TXGraphicsQT::PolyPolygon(const TXPoint* points, const int* counts, int par
         [&](QPainter& p)
         {
             if (!shape.DrawInPlace(p))
-                p.drawPath(shape.ToPath());
+                txqt::DrawPath(p, shape.ToPath());
         });
 }
 
@@ -132,7 +138,7 @@ bool TXGraphicsQT::PolyPolygon(const TXPoint* points, const int* counts, int par
             const QPainterPath rings = shape.ToPath();
             computed = ApplyGradientBrush(p, rings.boundingRect(), gradient);
             if (computed)
-                p.drawPath(rings);
+                txqt::DrawPath(p, rings);
         });
     return painted && computed;
 }
@@ -149,7 +155,8 @@ bool TXGraphicsQT::Rectangle(double x, double y, double width, double height)
 
 bool TXGraphicsQT::Ellipse(const TXPoint& center, int radiusX, int radiusY)
 {
-    return Paint([&](QPainter& p) { p.drawEllipse(TruncatedPoint(center), Clamped(radiusX), Clamped(radiusY)); });
+    return Paint([&](QPainter& p)
+                 { DrawEllipse(p, RectAround(TruncatedPoint(center), Clamped(radiusX), Clamped(radiusY))); });
 }
 
 bool TXGraphicsQT::Ellipse(double cx, double cy, double width, double height, int angle, bool fill)
@@ -165,7 +172,7 @@ bool TXGraphicsQT::Ellipse(double cx, double cy, double width, double height, in
                 p.rotate(angle);
             if (!fill)
                 p.setBrush(Qt::NoBrush);
-            p.drawEllipse(TruncatedRect(0.0 - width * 0.5, 0.0 - height * 0.5, width, height));
+            DrawEllipse(p, TruncatedRect(0.0 - width * 0.5, 0.0 - height * 0.5, width, height));
         });
 }
 
@@ -182,7 +189,7 @@ bool TXGraphicsQT::EllipseByRadialGradient(const TXPoint& center, int radius, TX
             // Both stay behind.
             p.setPen(Qt::NoPen);
             p.setBrush(QBrush(gradient));
-            p.drawEllipse(TruncatedPoint(center), Clamped(radius), Clamped(radius));
+            DrawEllipse(p, RectAround(TruncatedPoint(center), Clamped(radius), Clamped(radius)));
         });
 }
 
@@ -192,7 +199,7 @@ bool TXGraphicsQT::Arc(double x, double y, double width, double height, double s
         [&](QPainter& p)
         {
             const ArcGeometry arc(x, y, width, height, start, span);
-            p.drawArc(arc.rect, arc.start, arc.span);
+            DrawArc(p, arc.rect, arc.start, arc.span);
         });
 }
 
@@ -202,7 +209,7 @@ bool TXGraphicsQT::Pie(double x, double y, double width, double height, double s
         [&](QPainter& p)
         {
             const ArcGeometry pie(x, y, width, height, start, span);
-            p.drawPie(pie.rect, pie.start, pie.span);
+            DrawPie(p, pie.rect, pie.start, pie.span);
         });
 }
 

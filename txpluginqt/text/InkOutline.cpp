@@ -1,101 +1,60 @@
 #include <txpluginqt/text/InkOutline.h>
 
-#include <algorithm>
+#include <optional>
+#include <utility>
 
 #include <QByteArray>
 #include <QDataStream>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPathStroker>
-#include <QRect>
-#include <QVarLengthArray>
 
-#include <txpluginqt/raster/InkReach.h>
-#include <txpluginqt/raster/VectorOutline.h>
+#include <txpluginqt/raster/Drawing.h>
 
 namespace txqt
 {
-namespace
+
+InkOutline::InkOutline(const QPainterPath& path)
 {
-
-/// Grouping compares each part with each other.
-constexpr std::size_t kMostParts = 256;
-
-/// Neighbouring parts that are filled together.
-struct Run
-{
-    int first;
-    int count;
-    QRect pixels;
-};
-
-} // namespace
-
-InkOutline::InkOutline(const QPainterPath& path) : fillRule(path.fillRule())
-{
+    outline.fillRule = path.fillRule();
     const int count = path.elementCount();
-    points.reserve(static_cast<std::size_t>(count));
-    kinds.reserve(static_cast<std::size_t>(count));
+    outline.points.reserve(static_cast<std::size_t>(count));
+    outline.kinds.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
     {
         const QPainterPath::Element element = path.elementAt(i);
-        points.emplace_back(element.x, element.y);
-        kinds.push_back(element.type);
+        outline.points.emplace_back(element.x, element.y);
+        outline.kinds.push_back(element.type);
+        outline.isCurved = outline.isCurved || element.type == QPainterPath::CurveToElement;
     }
-    for (int first = 0; first < count;)
-    {
-        int next = first + 1;
-        while (next < count && kinds[static_cast<std::size_t>(next)] != QPainterPath::MoveToElement)
-            ++next;
-        AddContour(first, next - first);
-        first = next;
-    }
-    parts.shrink_to_fit();
+    Flatten();
 }
 
-void InkOutline::AddContour(int first, int count)
-{
-    const auto* const begin = points.data() + first;
-    const auto [left, right] =
-        std::minmax_element(begin, begin + count, [](const QPointF& a, const QPointF& b) { return a.x() < b.x(); });
-    const auto [top, bottom] =
-        std::minmax_element(begin, begin + count, [](const QPointF& a, const QPointF& b) { return a.y() < b.y(); });
-    const QRectF contour(QPointF(left->x(), top->y()), QPointF(right->x(), bottom->y()));
-    bounds = parts.empty() ? contour : bounds.united(contour);
-    if (!parts.empty())
-    {
-        Part& part = parts.back();
-        if (contour.left() <= part.bounds.right() && part.bounds.left() <= contour.right())
-        {
-            part.count += count;
-            part.bounds = part.bounds.united(contour);
-            return;
-        }
-    }
-    parts.push_back({first, count, contour});
-}
+InkOutline::InkOutline(Outline newOutline) : outline(std::move(newOutline)) { Flatten(); }
 
-OutlineView InkOutline::View(int first, int count) const
+void InkOutline::Flatten()
 {
-    return {reinterpret_cast<const qreal*>(points.data() + first), kinds.data() + first, count, fillRule};
+    if (outline.isCurved)
+        flat = Flattened(outline.View());
 }
 
 QPainterPath InkOutline::ToPath() const
 {
     QPainterPath path;
-    if (points.empty())
+    if (outline.points.empty())
         return path;
     // Built up by its operations, a path would leave out moves that a move follows and lines without length.
     QByteArray bytes;
     QDataStream writer(&bytes, QIODevice::WriteOnly);
-    writer << static_cast<int>(points.size());
+    writer << static_cast<int>(outline.points.size());
     int lastMove = 0;
-    for (std::size_t i = 0; i < points.size(); ++i)
+    for (std::size_t i = 0; i < outline.points.size(); ++i)
     {
-        writer << static_cast<int>(kinds[i]) << points[i].x() << points[i].y();
-        if (kinds[i] == QPainterPath::MoveToElement)
+        writer << static_cast<int>(outline.kinds[i]) << outline.points[i].x() << outline.points[i].y();
+        if (outline.kinds[i] == QPainterPath::MoveToElement)
             lastMove = static_cast<int>(i);
     }
-    writer << lastMove << static_cast<int>(fillRule);
+    writer << lastMove << static_cast<int>(outline.fillRule);
     QDataStream reader(bytes);
     reader >> path;
     return path;
@@ -103,56 +62,32 @@ QPainterPath InkOutline::ToPath() const
 
 void InkOutline::Fill(QPainter& painter, const QBrush& brush) const
 {
-    if (points.empty())
-        return;
-    if (parts.size() > 1 && parts.size() <= kMostParts && CanBeDrawnInParts(painter, bounds))
-        FillParts(painter, brush);
-    else if (!FillOutline(painter, View(0, static_cast<int>(points.size())), brush))
+    const QPaintEngine* const engine = painter.paintEngine();
+    const bool isFlat = outline.isCurved && engine && engine->type() == QPaintEngine::Raster &&
+                        painter.deviceTransform().type() <= QTransform::TxTranslate;
+    if (!outline.points.empty() && !FillOutline(painter, (isFlat ? flat : outline).View(), brush))
         painter.fillPath(ToPath(), brush);
-}
-
-void InkOutline::FillParts(QPainter& painter, const QBrush& brush) const
-{
-    const QTransform& transform = painter.deviceTransform();
-    QVarLengthArray<Run, 64> runs;
-    for (const Part& part : parts)
-    {
-        const QRect pixels = TouchedPixels(part.bounds, transform);
-        runs.append({part.first, part.count, pixels});
-        // Parts follow one another in memory, so what meets an earlier run takes all between along.
-        for (int i = 0; i + 1 < runs.size(); ++i)
-        {
-            if (!runs[i].pixels.intersects(runs.last().pixels))
-                continue;
-            for (int k = i + 1; k < runs.size(); ++k)
-            {
-                runs[i].count += runs[k].count;
-                runs[i].pixels |= runs[k].pixels;
-            }
-            runs.resize(i + 1);
-            // The larger run may meet others now.
-            i = -1;
-        }
-    }
-    for (const Run& run : runs)
-        FillOutline(painter, View(run.first, run.count), brush);
 }
 
 void InkOutline::Stroke(QPainter& painter, const QPen& pen) const
 {
-    if (!points.empty() && !StrokeOutline(painter, View(0, static_cast<int>(points.size())), pen))
+    if (!outline.points.empty() && !StrokeOutline(painter, outline.View(), pen))
         painter.strokePath(ToPath(), pen);
 }
 
 InkOutline InkOutline::Stroked(const QPen& pen) const
 {
+    if (std::optional<Outline> stroke = StrokeOutlineOf(outline.View(), pen))
+        return InkOutline(std::move(*stroke));
     return InkOutline(QPainterPathStroker(pen).createStroke(ToPath()));
 }
 
 std::size_t InkOutline::Bytes() const
 {
-    return sizeof(*this) + points.capacity() * sizeof(QPointF) + kinds.capacity() * sizeof(kinds[0]) +
-           parts.capacity() * sizeof(Part);
+    std::size_t bytes = sizeof(*this);
+    for (const Outline* const part : {&outline, &flat})
+        bytes += part->points.capacity() * sizeof(QPointF) + part->kinds.capacity() * sizeof(part->kinds[0]);
+    return bytes;
 }
 
 } // namespace txqt

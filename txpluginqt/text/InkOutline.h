@@ -1,24 +1,19 @@
 #pragma once
 
 #include <cstddef>
-#include <vector>
 
 #include <QBrush>
 #include <QPainterPath>
 #include <QPen>
-#include <QRectF>
+
+#include <txpluginqt/raster/Drawing.h>
 
 class QPainter;
 
 namespace txqt
 {
 
-struct OutlineView;
-
 /// The outlines of a label's ink, for drawing many times.
-///
-/// Filling goes by parts that have no pixel in common: Qt's rasteriser looks for the place of each piece of an edge
-/// along the whole row of pixels, which makes a long label dearer than its letters one by one.
 class InkOutline
 {
 public:
@@ -35,24 +30,12 @@ public:
     std::size_t Bytes() const;
 
 private:
-    /// Contours that overlap sideways, such as those of one letter.
-    struct Part
-    {
-        int first;
-        int count;
-        QRectF bounds;
-    };
-
-    OutlineView View(int first, int count) const;
+    explicit InkOutline(Outline outline);
     QPainterPath ToPath() const;
-    void AddContour(int first, int count);
-    void FillParts(QPainter& painter, const QBrush& brush) const;
+    void Flatten();
 
-    std::vector<QPointF> points;
-    std::vector<QPainterPath::ElementType> kinds;
-    Qt::FillRule fillRule;
-    std::vector<Part> parts;
-    QRectF bounds;
+    Outline outline;
+    Outline flat; ///< Without curves, for filling where nothing is scaled; empty when there are none anyway.
 };
 
 } // namespace txqt

@@ -6,8 +6,8 @@
 
 #include <QPainterPath>
 
+#include <txpluginqt/raster/Drawing.h>
 #include <txpluginqt/raster/FontState.h>
-#include <txpluginqt/raster/InkReach.h>
 #include <txpluginqt/support/Numbers.h>
 
 namespace txqt

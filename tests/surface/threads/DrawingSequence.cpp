@@ -78,7 +78,7 @@ private:
         constexpr TXImage::Format formats[] = {TXImage::Format_RGB32, TXImage::Format_ARGB32,
                                                TXImage::Format_ARGB32_Premultiplied, TXImage::Format_RGB16,
                                                TXImage::Format_RGB888};
-        made->CreateImage(random.Int(3, 40), random.Int(3, 40), formats[random.Int(0, 4)]);
+        made->CreateImage(random.Int(3, 40), random.Int(3, 40), random.OneOf(formats));
         made->Fill(random.Color());
         made->Fill(TXRect(1.0, 9.0, 2.0, 12.0), random.Color());
         made->SetPixel(2, 1, random.Color());

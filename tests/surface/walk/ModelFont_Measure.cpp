@@ -4,6 +4,7 @@
 #include <QFontMetricsF>
 #include <QTextDocument>
 
+#include <tests/txpluginqt/text/Measures.h>
 #include <tests/txpluginqt/text/NaiveTags.h>
 
 #include "ModelResources.h"
@@ -12,14 +13,6 @@ using namespace TZObjects;
 
 namespace
 {
-
-QSizeF DocumentSize(const QString& html, const QFont& font)
-{
-    QTextDocument document;
-    document.setHtml(html);
-    document.setDefaultFont(font);
-    return document.size();
-}
 
 QString Converted(const TXString& text) { return ConvertedNaively(QString::fromStdWString(text.toStdWString())); }
 

@@ -80,12 +80,6 @@ Operation SurfaceRow(const char* name, int weight, Generate generate, Call call,
 /// For operations without arguments.
 inline std::tuple<> Nothing(Random&) { return {}; }
 
-template <class T>
-T OneOf(Random& random, std::initializer_list<T> values)
-{
-    return *(values.begin() + random.Int(0, static_cast<int>(values.size()) - 1));
-}
-
 /// Makes one tuple of the tuples of several generators, in this order.
 template <class First, class... Rest>
 auto Joined(First first, Rest... rest)

@@ -1,7 +1,7 @@
 // What a host does that knows the backend's own objects.
-#include <random>
 
 #include "Operations.h"
+#include <tests/support/RandomSource.h>
 
 using namespace TZObjects;
 
@@ -11,7 +11,7 @@ namespace
 /// A join with mitres, and how far they may reach; a negative limit is none that Qt ever sets by itself.
 std::tuple<Qt::PenJoinStyle, double> SomeMiter(Random& r)
 {
-    const Qt::PenJoinStyle join = OneOf(r, {Qt::MiterJoin, Qt::MiterJoin, Qt::SvgMiterJoin});
+    const Qt::PenJoinStyle join = r.OneOf({Qt::MiterJoin, Qt::MiterJoin, Qt::SvgMiterJoin});
     return {join, r.Chance(50) ? r.Real(-6.0, 0.0) : r.Real(0.0, 8.0)};
 }
 
@@ -80,10 +80,10 @@ std::vector<Operation> BackendOperations()
                 if (!side.hasRawPixels || !pixels || pixels->format() != QImage::Format_ARGB32_Premultiplied)
                     return;
                 auto* const bits = static_cast<QRgb*>(side.Image(image)->GetBits());
-                std::mt19937 noise(static_cast<unsigned>(seed));
+                RandomSource noise(static_cast<unsigned>(seed));
                 // Any colour beside any alpha.
                 for (int i = 0; i < pixels->width() * pixels->height(); ++i)
-                    bits[i] = static_cast<QRgb>(noise()) | (opaqueOnes && i % 3 == 0 ? 0xff000000u : 0u);
+                    bits[i] = noise.Next() | (opaqueOnes && i % 3 == 0 ? 0xff000000u : 0u);
             }),
     };
 }

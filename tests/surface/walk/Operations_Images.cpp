@@ -44,7 +44,7 @@ std::tuple<TXRect, ImagePart> SomePlaces(Random& r)
     case 6:
         return {Placed({number(-30, 80), -h, w, h}), part};
     case 7:
-        return {Placed({OneOf(r, {-200.0, 96.0, 200.0}), number(-20, 90), w, h}), part};
+        return {Placed({r.OneOf({-200.0, 96.0, 200.0}), number(-20, 90), w, h}), part};
     default:
         return {Placed({number(-30, 80), number(-20, 60), number(1, 90), number(1, 90)}), part};
     }

@@ -14,7 +14,7 @@ int Count(const std::vector<TXPoint>& points) { return static_cast<int>(points.s
 
 double SomeAngle(Random& r)
 {
-    return r.Chance(50) ? OneOf(r, {0.0, 1e-9, 0.5, 1.0, -30.0, 90.0, 359.5}) : r.Real(-400.0, 400.0);
+    return r.Chance(50) ? r.OneOf({0.0, 1e-9, 0.5, 1.0, -30.0, 90.0, 359.5}) : r.Real(-400.0, 400.0);
 }
 
 /// What `VectorMarker` takes beside scales and places.
@@ -52,10 +52,10 @@ std::tuple<Label> SomeLabel(Random& r)
 auto SomeCharacter(Random& r)
 {
     const auto family = r.Chance(8) ? L"Noto Color Emoji"
-                                    : OneOf<const wchar_t*>(r, {L"DejaVu Sans", L"DejaVu Sans", L"DejaVu Serif",
-                                                                L"WenQuanYi Micro Hei", L"No Such Face", L""});
+                                    : r.OneOf<const wchar_t*>({L"DejaVu Sans", L"DejaVu Sans", L"DejaVu Serif",
+                                                               L"WenQuanYi Micro Hei", L"No Such Face", L""});
     return std::tuple{r.Real(-2.0, 30.0), r.Real(-2.0, 30.0), SomeAngle(r), TXString(family),
-                      OneOf<short>(r, {'A', 'g', '@', ' ', 0x2605, 0x231a, 0x4e2d, short(0xf045), short(0xd83d)})};
+                      r.OneOf<short>({'A', 'g', '@', ' ', 0x2605, 0x231a, 0x4e2d, short(0xf045), short(0xd83d)})};
 }
 
 bool SettleLabel(World& world, int surface, const Label& label)
@@ -113,8 +113,8 @@ std::vector<Operation> MarkerOperations()
 std::wstring SomeText(Random& r)
 {
     if (r.Chance(12))
-        return OneOf<const wchar_t*>(r, {L"a\U0001F30Db", L"\U0001F600", L"x\n\U0001F30D\U0001F600", L"10 \u231a",
-                                         L"<BOL>\U0001F30D</BOL> y", L"<ITA>z\U0001F600</ITA>"});
+        return r.OneOf<const wchar_t*>({L"a\U0001F30Db", L"\U0001F600", L"x\n\U0001F30D\U0001F600", L"10 \u231a",
+                                        L"<BOL>\U0001F30D</BOL> y", L"<ITA>z\U0001F600</ITA>"});
     const std::vector<std::wstring>& texts = LabelTexts();
     return texts[static_cast<std::size_t>(r.Int(0, static_cast<int>(texts.size()) - 1))];
 }

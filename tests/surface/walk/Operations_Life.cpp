@@ -10,7 +10,7 @@ namespace
 std::tuple<int, int> SomeSize(Random& random)
 {
     if (random.Chance(4))
-        return {OneOf(random, {0, -5, 30}), 0};
+        return {random.OneOf({0, -5, 30}), 0};
     return {random.Int(40, 100), random.Int(30, 80)};
 }
 
@@ -21,7 +21,7 @@ std::tuple<int> SomeImage(Random& random) { return {random.Int(0, kImages - 1)};
 
 std::tuple<bool, bool, int> SomeDefaults(Random& random)
 {
-    return {random.Chance(75), random.Chance(40), OneOf(random, {5, 5, 5, 6, 6, 6, 4})};
+    return {random.Chance(75), random.Chance(40), random.OneOf({5, 5, 5, 6, 6, 6, 4})};
 }
 
 } // namespace
@@ -55,7 +55,7 @@ std::vector<Operation> LifeOperations()
         Row(
             "Attach", 4,
             [](Random& r) {
-                return std::tuple{OneOf(r, {-1, 0, 0, 1, 1, 2, 2, 3, 4, 5})};
+                return std::tuple{r.OneOf({-1, 0, 0, 1, 1, 2, 2, 3, 4, 5})};
             },
             [](auto& side, int canvas) { side.Surface().Attach(side.Outside(canvas)); }),
         SurfaceRow("Detach", 6, Nothing, [](auto& s) { s.Detach(); }),

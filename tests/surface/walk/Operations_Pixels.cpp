@@ -68,7 +68,7 @@ std::vector<Operation> PixelOperations()
         Row(
             "SetBits", 2,
             [](Random& r) {
-                return std::tuple{SomeImage(r), r.Chance(20), OneOf(r, {0, 30, 2000, 2000})};
+                return std::tuple{SomeImage(r), r.Chance(20), r.OneOf({0, 30, 2000, 2000})};
             },
             [](auto& side, int image, bool isNull, int size)
             {

@@ -15,11 +15,11 @@ double SomeWidth(Random& random) { return random.Chance(40) ? 1.0 : random.Real(
 auto SomeNewPen(Random& random)
 {
     return std::tuple{SomePen(random),
-                      OneOf(random, {0, 1, 1, 1, 2, 3, 4, 5, 7}),
+                      random.OneOf({0, 1, 1, 1, 2, 3, 4, 5, 7}),
                       SomeWidth(random),
                       random.Color(),
-                      OneOf(random, {0, 256, 512, 1}),
-                      OneOf(random, {0, 256, 8192, 512})};
+                      random.OneOf({0, 256, 512, 1}),
+                      random.OneOf({0, 256, 8192, 512})};
 }
 
 auto SomeSteps(Random& random)
@@ -76,7 +76,7 @@ std::vector<Operation> ResourceOperations()
         Row(
             "Create of a brush", 5,
             [](Random& r) {
-                return std::tuple{SomeBrush(r), r.Color(), OneOf(r, {1, 1, 2, 3, 4, 0})};
+                return std::tuple{SomeBrush(r), r.Color(), r.OneOf({1, 1, 2, 3, 4, 0})};
             },
             [](auto& side, int brush, const TXColor& color, int style)
             { return side.Brush(brush)->Create(color, static_cast<TXBrush::BrushStyle>(style)); }),

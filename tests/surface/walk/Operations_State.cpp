@@ -16,7 +16,7 @@ std::tuple<int> SomeGradientNumber(Random& random) { return {random.Int(-1, kGra
 
 std::tuple<double> SomeOpacity(Random& random)
 {
-    return {random.Chance(60) ? 1.0 : random.Chance(80) ? random.Real(0.2, 1.0) : OneOf(random, {0.0, -0.5, 7.0})};
+    return {random.Chance(60) ? 1.0 : random.Chance(80) ? random.Real(0.2, 1.0) : random.OneOf({0.0, -0.5, 7.0})};
 }
 
 std::tuple<int> SomeMode(Random& random)
@@ -25,7 +25,7 @@ std::tuple<int> SomeMode(Random& random)
         return {TXGraphics::CompositionMode_SourceOver};
     if (random.Chance(25))
         return {random.Int(TXGraphics::RasterOp_SourceOrDestination, TXGraphics::RasterOp_NotDestination)};
-    return {random.Chance(10) ? OneOf(random, {-1, 38, 1000}) : random.Int(0, TXGraphics::CompositionMode_Exclusion)};
+    return {random.Chance(10) ? random.OneOf({-1, 38, 1000}) : random.Int(0, TXGraphics::CompositionMode_Exclusion)};
 }
 
 std::tuple<int, int> SomeShift(Random& random) { return {random.Int(-12, 12), random.Int(-12, 12)}; }
@@ -52,7 +52,7 @@ std::pair<bool, std::string> SavedFile(Surface& surface, const std::string& name
 
 std::tuple<std::string> SomeFileName(Random& random)
 {
-    return {OneOf<const char*>(random, {"a.png", "a.bmp", "a.bmp", "a.nothing", "no folder/a.bmp"})};
+    return {random.OneOf<const char*>({"a.png", "a.bmp", "a.bmp", "a.nothing", "no folder/a.bmp"})};
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 #include <string>
-#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <tests/txmap/support/RefusalOf.h>
+#include <tests/txmap/support/SymbolShapes.h>
 #include <txmap/cli/ParseSymbol.h>
 #include <txmap/support/Failure.h>
 
@@ -14,12 +14,6 @@ using ::testing::StartsWith;
 namespace
 {
 
-using Shape = PlaceSymbol::Shape;
-
-constexpr std::pair<const char*, Shape> kShapes[] = {{"circle", Shape::Circle},     {"square", Shape::Square},
-                                                     {"triangle", Shape::Triangle}, {"star", Shape::Star},
-                                                     {"cross", Shape::Cross},       {"diamond", Shape::Diamond}};
-
 std::string Refusal(const std::string& text)
 {
     return RefusalOf(ExitCode::Usage, [&] { ParseSymbol(text); });
@@ -29,7 +23,7 @@ std::string Refusal(const std::string& text)
 
 TEST(SymbolOption, KnowsShapes)
 {
-    for (const auto& [name, shape] : kShapes)
+    for (const auto& [name, shape] : kSymbolShapes)
     {
         EXPECT_EQ(ParseSymbol(name).shape, shape);
         EXPECT_FALSE(ParseSymbol(name).size);
@@ -42,7 +36,7 @@ TEST(SymbolOption, NamesAllShapesWhenItDoesNotKnowOne)
     {
         const std::string refusal = Refusal(name);
         EXPECT_THAT(refusal, StartsWith(std::string("--symbol ") + name + ": "));
-        for (const auto& [known, shape] : kShapes)
+        for (const auto& [known, shape] : kSymbolShapes)
             EXPECT_THAT(refusal, HasSubstr(known));
         EXPECT_THAT(refusal, HasSubstr("font:FACE:CHARACTER"));
     }
@@ -51,7 +45,7 @@ TEST(SymbolOption, NamesAllShapesWhenItDoesNotKnowOne)
 TEST(SymbolOption, TakesACharacterOfAFont)
 {
     const PlaceSymbol symbol = ParseSymbol("font:DejaVu Sans:U+2605");
-    EXPECT_EQ(symbol.shape, Shape::Character);
+    EXPECT_EQ(symbol.shape, PlaceSymbol::Shape::Character);
     EXPECT_EQ(symbol.face, "DejaVu Sans");
     EXPECT_EQ(symbol.character, u'\u2605');
     EXPECT_FALSE(symbol.size);

@@ -3,6 +3,7 @@
 #include <string>
 
 #include <gtest/gtest.h>
+#include <tests/txmap/support/SymbolShapes.h>
 #include <txmap/cli/ParseSymbol.h>
 #include <txmap/drawing/PlacePainter.h>
 #include <txmap/drawing/PlaceSymbol.h>
@@ -14,10 +15,6 @@ namespace
 {
 
 using Shape = PlaceSymbol::Shape;
-
-constexpr std::pair<const char*, Shape> kShapes[] = {{"circle", Shape::Circle},     {"square", Shape::Square},
-                                                     {"triangle", Shape::Triangle}, {"star", Shape::Star},
-                                                     {"cross", Shape::Cross},       {"diamond", Shape::Diamond}};
 
 /// The sum over a polygon of its area and of what its centre of gravity is made of.
 TXPoint CentreOf(const std::vector<TXPoint>& corners)
@@ -41,7 +38,7 @@ TXPoint CentreOf(const std::vector<TXPoint>& corners)
 
 TEST(SymbolShape, IsOneLongAndHasItsWeightInTheMiddle)
 {
-    for (const auto& [name, shape] : kShapes)
+    for (const auto& [name, shape] : kSymbolShapes)
     {
         const std::vector<TXPoint> corners = CornersOf(shape);
         const auto [left, right] = std::minmax_element(corners.begin(), corners.end(),

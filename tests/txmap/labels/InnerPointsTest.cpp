@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <cmath>
-#include <random>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <tests/support/RandomSource.h>
 #include <txmap/labels/InnerPoints.h>
 #include <txmap/labels/VisibleShape.h>
 #include <txmap/sources/Gdal.h>
@@ -117,22 +117,19 @@ TEST(InnerPoints, KeepAwayFromTheEdgeOfThePicture)
 
 TEST(InnerPoints, LieInsideRandomShapes)
 {
-    std::mt19937 random(77);
-    std::uniform_real_distribution<double> radius(5, 300);
-    std::uniform_int_distribution<int> corners(3, 40);
-    std::uniform_real_distribution<double> proportion(0.5, 12.0);
+    RandomSource random(77);
     for (int shapeNumber = 0; shapeNumber < 300; ++shapeNumber)
     {
-        const int count = corners(random);
+        const int count = random.Int(3, 40);
         Ring ring;
         for (int i = 0; i < count; ++i)
         {
             const double angle = 6.283185307179586 * i / count;
-            const double r = radius(random);
+            const double r = random.Real(5, 300);
             ring.emplace_back(500 + r * std::cos(angle), 500 + r * std::sin(angle));
         }
         ring.push_back(ring.front());
-        const std::vector<InnerPoint> points = InnerPoints(VisibleShape({ring}, kFrame), proportion(random));
+        const std::vector<InnerPoint> points = InnerPoints(VisibleShape({ring}, kFrame), random.Real(0.5, 12.0));
         ASSERT_FALSE(points.empty());
         for (std::size_t i = 0; i < points.size(); ++i)
         {

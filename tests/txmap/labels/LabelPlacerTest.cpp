@@ -1,8 +1,8 @@
 #include <limits>
-#include <random>
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <tests/support/RandomSource.h>
 #include <txmap/labels/LabelPlacer.h>
 
 using namespace txmap;
@@ -22,19 +22,16 @@ bool Overlap(const TXRect& a, const TXRect& b)
 
 TEST(LabelPlacer, KeepsRandomBoxesApartAndInTheFrame)
 {
-    std::mt19937 random(20240607);
-    std::uniform_real_distribution<double> x(-50, 1050);
-    std::uniform_real_distribution<double> y(-50, 550);
-    std::uniform_real_distribution<double> width(1, 90);
-    std::uniform_real_distribution<double> height(1, 30);
+    RandomSource random(20240607);
     LabelPlacer placer(kFrame);
     std::vector<TXRect> placed;
     int refused = 0;
     for (int i = 0; i < 4000; ++i)
     {
-        const double left = x(random);
-        const double top = y(random);
-        const TXRect box(left, left + width(random), top, top + height(random));
+        const double left = random.Real(-50, 1050);
+        const double top = random.Real(-50, 550);
+        const double width = random.Real(1, 90);
+        const TXRect box(left, left + width, top, top + random.Real(1, 30));
         bool expected = box.left >= 0 && box.right <= 1000 && box.top >= 0 && box.bottom <= 500;
         for (const TXRect& other : placed)
             expected = expected && !Overlap(box, other);

@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <cmath>
-#include <random>
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <tests/support/RandomSource.h>
 #include <txmap/map/FrameShape.h>
 #include <txmap/map/MapLayer.h>
 
@@ -31,9 +31,7 @@ double DepthInRounded(double x, double y, double radius)
 
 TEST(RoundedFrame, IsARectangleWithRoundCorners)
 {
-    std::mt19937 random(11);
-    std::uniform_real_distribution<double> x(0, 120);
-    std::uniform_real_distribution<double> y(10, 90);
+    RandomSource random(11);
     for (const double radius : {0.0, 3.0, 12.0, 30.0})
     {
         const FrameShape frame = FrameShape::RoundedRectangle(kRect, radius);
@@ -41,7 +39,8 @@ TEST(RoundedFrame, IsARectangleWithRoundCorners)
         EXPECT_NEAR(frame.Bounds().bottom, 80, 1e-9);
         for (int i = 0; i < 3000; ++i)
         {
-            const TXPoint point{x(random), y(random)};
+            const double x = random.Real(0, 120);
+            const TXPoint point{x, random.Real(10, 90)};
             const double depth = DepthInRounded(point.x, point.y, radius);
             // Arcs are chains of short lines.
             if (depth > 0.3)

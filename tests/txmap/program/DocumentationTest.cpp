@@ -1,7 +1,7 @@
 // docs/txmap.md against the program itself.
+#include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <set>
 #include <string>
 
@@ -15,13 +15,26 @@ using ::testing::Contains;
 namespace
 {
 
-/// Every "--option" of a text, and every "-o" of a single letter.
+/// Every "--option" of a text, and every "-o" of a single letter: those that stand as words.
 std::set<std::string> OptionsIn(const std::string& text)
 {
-    static const std::regex option("(^|[\\s`,(])(--[a-z][a-z-]*|-[a-z])(?=[\\s`,;.)]|$)");
+    static const std::string kBefore = " \n\t`,(";
+    static const std::string kAfter = " \n\t`,;.)";
+    static const std::string kLetters = "abcdefghijklmnopqrstuvwxyz-";
     std::set<std::string> options;
-    for (std::sregex_iterator match(text.begin(), text.end(), option), end; match != end; ++match)
-        options.insert(match->str(2));
+    for (std::size_t at = text.find('-'); at != std::string::npos; at = text.find('-', at + 1))
+    {
+        if (at > 0 && kBefore.find(text[at - 1]) == std::string::npos)
+            continue;
+        const std::size_t end = std::min(text.find_first_not_of(kLetters, at), text.size());
+        if (end < text.size() && kAfter.find(text[end]) == std::string::npos)
+            continue;
+        const std::string word = text.substr(at, end - at);
+        const bool isLong = word.size() > 2 && word[1] == '-' && word[2] != '-';
+        const bool isShort = word.size() == 2 && word[1] != '-';
+        if (isLong || isShort)
+            options.insert(word);
+    }
     return options;
 }
 

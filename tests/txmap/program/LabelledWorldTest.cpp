@@ -4,9 +4,8 @@
 #include <vector>
 
 #include <gtest/gtest.h>
-#include <tests/txmap/support/Picture.h>
+#include <tests/txmap/support/LabelPicture.h>
 #include <tests/txmap/support/ProgramRun.h>
-#include <tests/txmap/support/TemporaryFolder.h>
 
 namespace
 {
@@ -14,15 +13,10 @@ namespace
 /// Draws countries and places.
 Picture DrawWorld(const std::vector<std::string>& options)
 {
-    const TemporaryFolder folder;
-    std::vector<std::string> arguments = {
-        "--countries",     DataFile("countries-50m.json"), DataFile("places-110m.geojson"), "--graticule", "0", "-o",
-        folder / "map.png"};
+    std::vector<std::string> arguments = {"--countries", DataFile("countries-50m.json"),
+                                          DataFile("places-110m.geojson"), "--graticule", "0"};
     arguments.insert(arguments.end(), options.begin(), options.end());
-    const ProgramRun run = RunTxmap(arguments);
-    EXPECT_EQ(run.exitCode, 0) << run.errors;
-    EXPECT_EQ(run.errors, "");
-    return Picture(folder / "map.png");
+    return Draw(arguments);
 }
 
 /// Whether anything dark was written between two places of a map in degrees.

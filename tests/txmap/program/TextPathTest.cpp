@@ -2,13 +2,13 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <tests/support/RandomSource.h>
 #include <tests/txmap/support/LabelPicture.h>
 #include <tests/txmap/support/ProgramRun.h>
 #include <tests/txmap/support/TemporaryFolder.h>
@@ -43,9 +43,7 @@ std::string Repeated(const std::string& text, int times)
 /// Places close together, the first of which are named.
 std::string ClosePlaces(unsigned seed, int count, int named)
 {
-    std::mt19937 random(seed);
-    std::uniform_real_distribution<double> longitude(-60.0, 60.0);
-    std::uniform_real_distribution<double> latitude(-40.0, 40.0);
+    RandomSource random(seed);
     std::ostringstream json;
     json << R"({"type":"FeatureCollection","features":[)";
     for (int i = 0; i < count; ++i)
@@ -55,7 +53,8 @@ std::string ClosePlaces(unsigned seed, int count, int named)
             json << "\"MAWN jgy " << i << "\"";
         else
             json << "null";
-        json << R"(},"geometry":{"type":"Point","coordinates":[)" << longitude(random) << "," << latitude(random)
+        const double longitude = random.Real(-60.0, 60.0);
+        json << R"(},"geometry":{"type":"Point","coordinates":[)" << longitude << "," << random.Real(-40.0, 40.0)
              << "]}}";
     }
     json << "]}";
@@ -131,7 +130,7 @@ TEST_P(TextPaths, SurviveWhatStrangersNameTheirPlaces)
                                       "\\u202e\\u2066abc\\u200f\\ufeff\\ufffe\\uffff",
                                       "%s%n%d &#0; &#x110000; &amp;&lt;",
                                       "\\u2028\\u2029\\u0085"};
-    std::mt19937 random(7);
+    RandomSource random(7);
     const std::vector<std::string> pieces = {
         "<",   ">",       "&",       ";",       "BOL", "/", "<BOL>", "</BOL>", "<scp>", "lt",
         "\\n", "\\u0000", "\\u0301", "\\u200d", "|",   " ", "x",     "北",     "\\t",   "\\ud83d\\ude00"};
@@ -139,7 +138,7 @@ TEST_P(TextPaths, SurviveWhatStrangersNameTheirPlaces)
     {
         std::string name;
         for (int k = 0; k < 60; ++k)
-            name += pieces[random() % pieces.size()];
+            name += random.OneOf(pieces);
         names.push_back(name);
     }
     for (const std::string& name : names)

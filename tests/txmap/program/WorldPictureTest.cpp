@@ -4,7 +4,7 @@
 #include <vector>
 
 #include <gtest/gtest.h>
-#include <tests/txmap/support/Picture.h>
+#include <tests/txmap/support/LabelPicture.h>
 #include <tests/txmap/support/ProgramRun.h>
 #include <tests/txmap/support/TemporaryFolder.h>
 
@@ -14,13 +14,9 @@ namespace
 /// Draws the countries at a medium scale, without lines of longitude and latitude, with further arguments.
 Picture DrawCountries(const std::vector<std::string>& options, const std::string& data = "countries-50m.json")
 {
-    const TemporaryFolder folder;
-    std::vector<std::string> arguments = {"--countries", DataFile(data), "--graticule", "0", "-o", folder / "map.png"};
+    std::vector<std::string> arguments = {"--countries", DataFile(data), "--graticule", "0"};
     arguments.insert(arguments.end(), options.begin(), options.end());
-    const ProgramRun run = RunTxmap(arguments);
-    EXPECT_EQ(run.exitCode, 0) << run.errors;
-    EXPECT_EQ(run.errors, "");
-    return Picture(folder / "map.png");
+    return Draw(arguments);
 }
 
 /// The world in degrees, drawn once for all tests.

@@ -5,7 +5,7 @@
 
 #include "Picture.h"
 
-/// Draws with labels. @return the picture; the run must leave no message.
+/// Draws a map with these arguments. The run must leave no message.
 Picture Draw(const std::vector<std::string>& arguments);
 
 /// The data of a place with a name, as JSON has it, 40 degrees from the left of the world on the equator.

@@ -1,6 +1,7 @@
 #include "CairoTwins.h"
 
 #include <cstring>
+#include <ostream>
 
 #include <tests/support/ImageCompare.h>
 #include <tests/support/Twins.h>
@@ -9,14 +10,6 @@ using namespace TZObjects;
 
 namespace
 {
-
-QStringList& Messages()
-{
-    static QStringList messages;
-    return messages;
-}
-
-void Collect(QtMsgType, const QMessageLogContext&, const QString& message) { Messages() << message; }
 
 QImage Background(int width, int height, TXImage::Format format)
 {
@@ -27,34 +20,16 @@ QImage Background(int width, int height, TXImage::Format format)
 
 } // namespace
 
-SilentTest::SilentTest()
+Look::Look()
 {
-    // What Qt says while the plugin is loaded is not what these tests are about.
-    TestEngine();
-    Messages().clear();
-    previous = qInstallMessageHandler(Collect);
+    height = 20;
+    haloWidth = 3;
+    haloColor = TXColor(250, 240, 90, 255);
 }
 
-SilentTest::~SilentTest() { qInstallMessageHandler(previous); }
-
-void SilentTest::TearDown() { EXPECT_TRUE(Messages().isEmpty()) << Messages().join('\n').toStdString(); }
-
-TXRefPtr<TXFont> NewFont(const Look& look)
+std::ostream& operator<<(std::ostream& out, const Look& look)
 {
-    TXRefPtr<TXFont> font(TestEngine().NewFont());
-    font->Create();
-    font->SetFontName(look.family);
-    font->SetFontHeight(look.height);
-    font->SetFontBold(look.bold);
-    font->SetFontItalicMode(look.italics);
-    font->SetFontUnderline(look.underline);
-    font->SetFontStrikeOut(look.strikeOut);
-    font->SetFontHalo(look.halo);
-    font->SetFontHaloWidth(look.haloWidth);
-    font->SetFontHaloColor(look.haloColor);
-    font->SetWordSpacing(look.spacing);
-    font->SetFontAngle(look.angle);
-    return font;
+    return out << static_cast<const FontChoice&>(look) << ", pen 0x" << std::hex << look.pen.GetColor() << std::dec;
 }
 
 TXRefPtr<TXPen> NewPen(const Look& look)
@@ -93,8 +68,8 @@ DirectCairo::~DirectCairo()
 
 void DirectCairo::Select(const Look& look)
 {
-    cairo_select_font_face(context, look.family,
-                           look.italics == TXFont::ItalicNone ? CAIRO_FONT_SLANT_NORMAL : CAIRO_FONT_SLANT_ITALIC,
+    cairo_select_font_face(context, TXString(look.family).toUTF8().c_str(),
+                           look.italic == TXFont::ItalicNone ? CAIRO_FONT_SLANT_NORMAL : CAIRO_FONT_SLANT_ITALIC,
                            look.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
 }
 
@@ -112,7 +87,7 @@ CairoTwins::CairoTwins(const Look& look, TXImage::Format format, DirectCairo::Or
 
 void CairoTwins::Select(const Look& look)
 {
-    font = NewFont(look);
+    font = MakeFont(look);
     surface->SelectFont(font);
     surface->SelectPen(NewPen(look));
     direct.Select(look);

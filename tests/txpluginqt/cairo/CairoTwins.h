@@ -4,46 +4,24 @@
 
 #include <QImage>
 #include <QPainter>
-#include <QStringList>
 
 #include <cairo.h>
 #include <gtest/gtest.h>
 #include <txgraphics/txgraphics.h>
 
-#include <tests/support/TestEngine.h>
-
-/// A test that fails when Qt prints anything, and that leaves the engine manager as it was.
-class SilentTest : public ::testing::Test
-{
-protected:
-    SilentTest();
-    ~SilentTest() override;
-    void TearDown() override;
-
-private:
-    ManagerSettingsGuard settings;
-    QtMessageHandler previous;
-};
+#include <tests/support/QuietTest.h>
+#include <tests/txpluginqt/text/LabelFont.h>
 
 /// The font and the pen of a label.
-struct Look
+struct Look : FontChoice
 {
-    const char* family = "DejaVu Sans";
-    int height = 20;
-    bool bold = false;
-    TZObjects::TXFont::TXItalicMode italics = TZObjects::TXFont::ItalicNone;
-    bool underline = false;
-    bool strikeOut = false;
-    bool halo = false;
-    int haloWidth = 3;
-    TZObjects::TXColor haloColor{250, 240, 90, 255};
-    double spacing = 0.0;
-    int angle = 0;
+    Look();
+
     TZObjects::TXColor pen{20, 60, 140, 255};
 };
 
-/// A font that has been created and looks so.
-TZObjects::TXRefPtr<TZObjects::TXFont> NewFont(const Look& look);
+std::ostream& operator<<(std::ostream& out, const Look& look);
+
 /// A pen of the look's colour.
 TZObjects::TXRefPtr<TZObjects::TXPen> NewPen(const Look& look);
 /// An image of the engine's.

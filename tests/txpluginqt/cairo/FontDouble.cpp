@@ -88,4 +88,4 @@ double FontDouble::GetMaxCharWidthOfText(const TXString& text, bool useQt) const
     return real->GetMaxCharWidthOfText(text, useQt);
 }
 
-TXRefPtr<FontDouble> NewFontDouble(const Look& look) { return new FontDouble(NewFont(look)); }
+TXRefPtr<FontDouble> NewFontDouble(const Look& look) { return new FontDouble(MakeFont(look)); }

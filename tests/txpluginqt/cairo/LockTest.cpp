@@ -1,7 +1,7 @@
 // One label at a time on a surface while it draws through cairo, and no lock at all while it does not.
 #include "FontDouble.h"
 #include "OtherThread.h"
-#include <tests/txpluginqt/text/cairo/Entries.h>
+#include <tests/txpluginqt/text/cairo/ShortLabel.h>
 
 using namespace TZObjects;
 
@@ -26,52 +26,68 @@ public:
 class LabelThread : public OtherThread
 {
 public:
-    LabelThread(TXGraphics& surface, const Entry& entry, const LabelCall& call)
-        : OtherThread([&] { return entry.draw(surface, call); })
+    LabelThread(TXGraphics& surface, Entry entry, const ShortLabel& call)
+        : OtherThread([&] { return ::Draw(surface, entry, call); })
     {
     }
 };
 
-class Lock : public SilentTest
+class Lock : public QuietTest
 {
 protected:
     Lock() { twins.Surface().SelectFont(font.get()); }
 
+    /// A label on @p other ends while one of @p entry is held by the question that it asks the font.
+    void ExpectNoWaiting(FontDouble::Question question, Entry entry, TXGraphics& other)
+    {
+        QuestionGate gate(*font, question);
+        gate.Arm();
+        LabelThread first(twins.Surface(), entry, call);
+        ASSERT_TRUE(gate.HoldsOne());
+
+        LabelThread second(other, Entry::StringAt, call);
+        EXPECT_TRUE(second.Ends());
+
+        gate.Open();
+        EXPECT_TRUE(first.Drawn());
+        EXPECT_TRUE(second.Drawn());
+    }
+
     CairoTwins twins;
     TXRefPtr<FontDouble> font = NewFontDouble(Look());
-    LabelCall call;
+    ShortLabel call;
 };
 
-class LockOf : public Lock, public ::testing::WithParamInterface<int>
+class LockOf : public Lock, public ::testing::WithParamInterface<Entry>
 {
 };
 
 TEST_P(LockOf, MakesASecondLabelWaitForTheFirst)
 {
-    const Entry& entry = kEntries[GetParam()];
+    const Entry entry = GetParam();
     QuestionGate gate(*font, FontDouble::Height);
     gate.Arm();
     LabelThread first(twins.Surface(), entry, call);
     ASSERT_TRUE(gate.HoldsOne());
 
-    LabelThread second(twins.Surface(), kPointEntry, call);
+    LabelThread second(twins.Surface(), Entry::StringAt, call);
     EXPECT_TRUE(second.Waits());
     EXPECT_TRUE(twins.Untouched());
 
     gate.Open();
     EXPECT_TRUE(first.Drawn());
     EXPECT_TRUE(second.Drawn());
-    entry.expect(twins.Direct(), call, Look());
-    kPointEntry.expect(twins.Direct(), call, Look());
+    DrawDirectly(twins.Direct(), entry, call, Look());
+    DrawDirectly(twins.Direct(), Entry::StringAt, call, Look());
     EXPECT_TRUE(twins.SameAndInked());
 }
 
 TEST_P(LockOf, IsWaitedForByEachOperation)
 {
-    const Entry& entry = kEntries[GetParam()];
+    const Entry entry = GetParam();
     QuestionGate gate(*font, FontDouble::WordSpacing);
     gate.Arm();
-    LabelThread first(twins.Surface(), kPointEntry, call);
+    LabelThread first(twins.Surface(), Entry::StringAt, call);
     ASSERT_TRUE(gate.HoldsOne());
 
     LabelThread second(twins.Surface(), entry, call);
@@ -80,68 +96,38 @@ TEST_P(LockOf, IsWaitedForByEachOperation)
     gate.Open();
     EXPECT_TRUE(first.Drawn());
     EXPECT_TRUE(second.Drawn());
-    kPointEntry.expect(twins.Direct(), call, Look());
-    entry.expect(twins.Direct(), call, Look());
+    DrawDirectly(twins.Direct(), Entry::StringAt, call, Look());
+    DrawDirectly(twins.Direct(), entry, call, Look());
     EXPECT_TRUE(twins.SameAndInked());
 }
 
-INSTANTIATE_TEST_SUITE_P(Entries, LockOf, ::testing::Range(0, 8),
-                         [](const ::testing::TestParamInfo<int>& entry) { return kEntries[entry.param].name; });
+INSTANTIATE_TEST_SUITE_P(Entries, LockOf, ::testing::ValuesIn(kAllEntries),
+                         [](const auto& tested) { return std::string(NameOf(tested.param)); });
 
 TEST_F(Lock, IsNotTakenWithoutCairo)
 {
     twins.Surface().EnableCairoDrawing(false);
-    QuestionGate gate(*font, FontDouble::ItalicMode);
-    gate.Arm();
-    LabelThread first(twins.Surface(), kPointEntry, call);
-    ASSERT_TRUE(gate.HoldsOne());
-
-    // The first stands still, so that both do not use the painter at the same time.
-    LabelThread second(twins.Surface(), kPointEntry, call);
-    EXPECT_TRUE(second.Ends());
-
-    gate.Open();
-    EXPECT_TRUE(first.Drawn());
-    EXPECT_TRUE(second.Drawn());
+    // The first label stands still, so that both do not use the painter at the same time.
+    ExpectNoWaiting(FontDouble::ItalicMode, Entry::StringAt, twins.Surface());
 }
 
 TEST_F(Lock, IsNotTakenWhileTheFontsAngleIsRead)
 {
-    QuestionGate gate(*font, FontDouble::Angle);
-    gate.Arm();
-    LabelThread first(twins.Surface(), kFontAngleEntry, call);
-    ASSERT_TRUE(gate.HoldsOne());
-
-    LabelThread second(twins.Surface(), kPointEntry, call);
-    EXPECT_TRUE(second.Ends());
-
-    gate.Open();
-    EXPECT_TRUE(first.Drawn());
-    EXPECT_TRUE(second.Drawn());
+    ExpectNoWaiting(FontDouble::Angle, Entry::StringByFontAngle, twins.Surface());
 }
 
 TEST_F(Lock, BelongsToOneSurface)
 {
-    QuestionGate gate(*font, FontDouble::WordSpacing);
-    gate.Arm();
-    LabelThread first(twins.Surface(), kPointEntry, call);
-    ASSERT_TRUE(gate.HoldsOne());
-
     CairoTwins others;
-    LabelThread second(others.Surface(), kPointEntry, call);
-    EXPECT_TRUE(second.Ends());
-
-    gate.Open();
-    EXPECT_TRUE(first.Drawn());
-    EXPECT_TRUE(second.Drawn());
+    ExpectNoWaiting(FontDouble::WordSpacing, Entry::StringAt, others.Surface());
 }
 
 TEST_F(Lock, IsGivenBackWhenALabelIsRefused)
 {
-    call.ox = 1e300;
-    EXPECT_FALSE(kPointEntry.draw(twins.Surface(), call));
-    call.ox = 20;
-    LabelThread second(twins.Surface(), kPointEntry, call);
+    call.x = 1e300;
+    EXPECT_FALSE(::Draw(twins.Surface(), Entry::StringAt, call));
+    call.x = 20;
+    LabelThread second(twins.Surface(), Entry::StringAt, call);
     EXPECT_TRUE(second.Ends());
     EXPECT_TRUE(second.Drawn());
 }

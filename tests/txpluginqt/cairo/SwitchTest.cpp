@@ -1,6 +1,6 @@
 // Switching cairo drawing on and off, and what the cairo context takes over from the surface.
 #include <tests/support/ImageCompare.h>
-#include <tests/txpluginqt/text/cairo/Entries.h>
+#include <tests/txpluginqt/text/cairo/ShortLabel.h>
 
 using namespace TZObjects;
 
@@ -21,41 +21,40 @@ bool IsWhite(TXImage& image) { return InkedPixels(Pixels(image)) == 0 && image.G
 TXRefPtr<TXGraphics> NewSurface(const Look& look = Look())
 {
     TXRefPtr<TXGraphics> surface(TestEngine().NewGraphics());
-    surface->SelectFont(NewFont(look));
+    surface->SelectFont(MakeFont(look));
     surface->SelectPen(NewPen(look));
     return surface;
 }
 
-LabelCall Call()
+ShortLabel Call()
 {
-    LabelCall call;
-    call.ox = 10.5;
-    call.oy = 8.25;
-    call.left = 12;
-    call.top = 9;
+    ShortLabel call;
+    call.x = 10.5;
+    call.y = 8.25;
+    call.left = call.dx = 12;
+    call.top = call.dy = 9;
     call.text = L"Hamburg g";
     return call;
 }
 
 /// What a label looks like on a white image, through a context that came about in the given way.
-QImage Expected(const Entry& entry, const LabelCall& call, const Look& look, DirectCairo::Origin origin,
-                const QImage& before)
+QImage Expected(Entry entry, const ShortLabel& call, const Look& look, DirectCairo::Origin origin, const QImage& before)
 {
     QImage image = before.copy();
     DirectCairo direct(image, origin);
     direct.Select(look);
-    entry.expect(direct, call, look);
+    DrawDirectly(direct, entry, call, look);
     return image;
 }
 
-QImage Expected(const LabelCall& call, const Look& look, DirectCairo::Origin origin)
+QImage Expected(const ShortLabel& call, const Look& look, DirectCairo::Origin origin)
 {
     QImage white(120, 80, QImage::Format_ARGB32_Premultiplied);
     white.fill(Qt::white);
-    return Expected(kPointEntry, call, look, origin, white);
+    return Expected(Entry::StringAt, call, look, origin, white);
 }
 
-class Switch : public SilentTest
+class Switch : public QuietTest
 {
 };
 
@@ -78,14 +77,14 @@ TEST_F(Switch, IsOffUntilSwitchedOn)
 TEST_F(Switch, OnOverAnImageChoosesFontOptionsAndTheFace)
 {
     Look look;
-    look.family = "DejaVu Serif";
+    look.family = L"DejaVu Serif";
     look.bold = true;
-    look.italics = TXFont::ItalicSlant;
+    look.italic = TXFont::ItalicSlant;
     const TXRefPtr<TXGraphics> surface = NewSurface(look);
     TXRefPtr<TXImage> image = WhiteImage();
     surface->SelectImage(image);
     surface->EnableCairoDrawing(true);
-    EXPECT_TRUE(kPointEntry.draw(*surface, Call()));
+    EXPECT_TRUE(::Draw(*surface, Entry::StringAt, Call()));
     EXPECT_TRUE(SamePixels(Pixels(*image), Expected(Call(), look, DirectCairo::Switched)));
 }
 
@@ -93,25 +92,25 @@ TEST_F(Switch, OnWithoutAnImageMakesLabelsFalseUntilOneIsSelected)
 {
     const TXRefPtr<TXGraphics> surface = NewSurface();
     surface->EnableCairoDrawing(true);
-    for (const Entry& entry : kEntries)
-        EXPECT_FALSE(entry.draw(*surface, Call())) << entry;
+    for (const Entry entry : kAllEntries)
+        EXPECT_FALSE(::Draw(*surface, entry, Call())) << entry;
 
     TXRefPtr<TXImage> image = WhiteImage();
     surface->SelectImage(image);
-    EXPECT_TRUE(kPointEntry.draw(*surface, Call()));
+    EXPECT_TRUE(::Draw(*surface, Entry::StringAt, Call()));
     EXPECT_TRUE(SamePixels(Pixels(*image), Expected(Call(), Look(), DirectCairo::Selected)));
-    for (const Entry& entry : kEntries)
-        EXPECT_TRUE(entry.draw(*surface, Call())) << entry;
+    for (const Entry entry : kAllEntries)
+        EXPECT_TRUE(::Draw(*surface, entry, Call())) << entry;
 }
 
 TEST_F(Switch, OnWithAnImageThatIsPaintedButNotSelectedMakesLabelsFalse)
 {
     TXRefPtr<TXImage> image = WhiteImage();
     TXRefPtr<TXGraphics> surface(TestEngine().NewGraphics(image.get()));
-    surface->SelectFont(NewFont(Look()));
+    surface->SelectFont(MakeFont(Look()));
     surface->EnableCairoDrawing(true);
-    for (const Entry& entry : kEntries)
-        EXPECT_FALSE(entry.draw(*surface, Call())) << entry;
+    for (const Entry entry : kAllEntries)
+        EXPECT_FALSE(::Draw(*surface, entry, Call())) << entry;
     EXPECT_TRUE(IsWhite(*image));
 }
 
@@ -124,7 +123,7 @@ TEST_F(Switch, OnTwiceChangesNothing)
     // Neither the font options nor the face that a new context would get.
     surface->GetFont()->SetFontBold(true);
     surface->EnableCairoDrawing(true);
-    EXPECT_TRUE(kPointEntry.draw(*surface, Call()));
+    EXPECT_TRUE(::Draw(*surface, Entry::StringAt, Call()));
     EXPECT_TRUE(SamePixels(Pixels(*image), Expected(Call(), Look(), DirectCairo::Selected)));
 }
 
@@ -147,11 +146,11 @@ TEST_F(Switch, OffGoesBackToQt)
     surface->EnableCairoDrawing(true);
     surface->EnableCairoDrawing(false);
     // The first glyphs of a size may still move Qt's outlines a little.
-    EXPECT_TRUE(kPointEntry.draw(*never, Call()));
+    EXPECT_TRUE(::Draw(*never, Entry::StringAt, Call()));
     expected->Fill(TXColor::WHITE_);
 
-    EXPECT_TRUE(kPointEntry.draw(*never, Call()));
-    EXPECT_TRUE(kPointEntry.draw(*surface, Call()));
+    EXPECT_TRUE(::Draw(*never, Entry::StringAt, Call()));
+    EXPECT_TRUE(::Draw(*surface, Entry::StringAt, Call()));
     EXPECT_TRUE(SamePixels(Pixels(*image), Pixels(*expected)));
     EXPECT_FALSE(Pixels(*image) == Expected(Call(), Look(), DirectCairo::Switched));
 }
@@ -166,7 +165,7 @@ TEST_F(Switch, OnAgainIsOverTheImageSelectedThen)
     surface->EnableCairoDrawing(false);
     surface->SelectImage(second);
     surface->EnableCairoDrawing(true);
-    EXPECT_TRUE(kPointEntry.draw(*surface, Call()));
+    EXPECT_TRUE(::Draw(*surface, Entry::StringAt, Call()));
     EXPECT_TRUE(SamePixels(Pixels(*second), Expected(Call(), Look(), DirectCairo::Switched)));
     EXPECT_TRUE(IsWhite(*first));
 }
@@ -180,13 +179,13 @@ TEST_F(Switch, StartsAsTheManagerSays)
     EXPECT_TRUE(surface->CairoDrawingEnabled());
     EXPECT_TRUE(painting->CairoDrawingEnabled());
     painting = nullptr;
-    EXPECT_FALSE(kPointEntry.draw(*surface, Call()));
+    EXPECT_FALSE(::Draw(*surface, Entry::StringAt, Call()));
 
     // The default is read once.
     TXGraphicsEngineManager::instance("")->EnableCairoDrawing(false);
     surface->SelectImage(image);
     EXPECT_TRUE(surface->CairoDrawingEnabled());
-    EXPECT_TRUE(kPointEntry.draw(*surface, Call()));
+    EXPECT_TRUE(::Draw(*surface, Entry::StringAt, Call()));
     EXPECT_TRUE(SamePixels(Pixels(*image), Expected(Call(), Look(), DirectCairo::Selected)));
 }
 
@@ -195,15 +194,15 @@ TEST_F(Switch, FaceFollowsTheSelectedFont)
     CairoTwins twins;
     Look looks[4];
     looks[0].bold = true;
-    looks[1].italics = TXFont::ItalicFace;
-    looks[2].italics = TXFont::ItalicSlant;
-    looks[3].family = "DejaVu Sans Mono";
+    looks[1].italic = TXFont::ItalicFace;
+    looks[2].italic = TXFont::ItalicSlant;
+    looks[3].family = L"DejaVu Sans Mono";
     for (const Look& look : looks)
     {
         twins.Select(look);
         twins.Wipe();
-        EXPECT_TRUE(kPointEntry.draw(twins.Surface(), Call()));
-        kPointEntry.expect(twins.Direct(), Call(), look);
+        EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, Call()));
+        DrawDirectly(twins.Direct(), Entry::StringAt, Call(), look);
         EXPECT_TRUE(twins.SameAndInked()) << look;
     }
 }
@@ -216,8 +215,8 @@ TEST_F(Switch, FontSelectedWhileOffIsTheFaceWhenOn)
     twins.Surface().EnableCairoDrawing(false);
     twins.Select(look);
     twins.Surface().EnableCairoDrawing(true);
-    EXPECT_TRUE(kPointEntry.draw(twins.Surface(), Call()));
-    kPointEntry.expect(twins.Direct(), Call(), look);
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, Call()));
+    DrawDirectly(twins.Direct(), Entry::StringAt, Call(), look);
     EXPECT_TRUE(twins.SameAndInked());
 }
 
@@ -231,7 +230,7 @@ TEST_F(Switch, SelectingAnImageMakesTheContextAnewWithTheFace)
     surface->SelectImage(first);
     surface->EnableCairoDrawing(true);
     surface->SelectImage(second);
-    EXPECT_TRUE(kPointEntry.draw(*surface, Call()));
+    EXPECT_TRUE(::Draw(*surface, Entry::StringAt, Call()));
     EXPECT_TRUE(SamePixels(Pixels(*second), Expected(Call(), look, DirectCairo::Selected)));
     EXPECT_TRUE(IsWhite(*first));
 }
@@ -243,7 +242,7 @@ TEST_F(Switch, SelectingTheSameImageKeepsTheContext)
     surface->SelectImage(image);
     surface->EnableCairoDrawing(true);
     EXPECT_FALSE(surface->SelectImage(image));
-    EXPECT_TRUE(kPointEntry.draw(*surface, Call()));
+    EXPECT_TRUE(::Draw(*surface, Entry::StringAt, Call()));
     EXPECT_TRUE(SamePixels(Pixels(*image), Expected(Call(), Look(), DirectCairo::Switched)));
 }
 
@@ -254,8 +253,8 @@ TEST_F(Switch, SelectingNoImageMakesLabelsFalse)
     surface->SelectImage(image);
     surface->EnableCairoDrawing(true);
     surface->SelectImage(nullptr);
-    for (const Entry& entry : kEntries)
-        EXPECT_FALSE(entry.draw(*surface, Call())) << entry;
+    for (const Entry entry : kAllEntries)
+        EXPECT_FALSE(::Draw(*surface, entry, Call())) << entry;
     EXPECT_TRUE(IsWhite(*image));
     EXPECT_TRUE(surface->CairoDrawingEnabled());
 }
@@ -264,16 +263,16 @@ TEST_F(Switch, CompatibleGraphicsMakeTheContextAnewWithTheFace)
 {
     TXGraphicsEngineManager::instance("")->SetDefaultImageFormat(TXImage::Format_ARGB32_Premultiplied);
     Look look;
-    look.italics = TXFont::ItalicFace;
+    look.italic = TXFont::ItalicFace;
     const TXRefPtr<TXGraphics> surface = NewSurface(look);
     surface->EnableCairoDrawing(true);
     for (const int height : {80, 40, 130})
     {
         ASSERT_TRUE(surface->CreateCompatibleGraphics(120, height));
         const QImage before = Pixels(*surface->GetImage()).copy();
-        EXPECT_TRUE(kOutlineEntry.draw(*surface, Call()));
+        EXPECT_TRUE(::Draw(*surface, Entry::OutlineAt, Call()));
         EXPECT_TRUE(SamePixels(Pixels(*surface->GetImage()),
-                               Expected(kOutlineEntry, Call(), look, DirectCairo::Selected, before)));
+                               Expected(Entry::OutlineAt, Call(), look, DirectCairo::Selected, before)));
         EXPECT_GT(InkedPixels(Pixels(*surface->GetImage())), 0);
     }
 }
@@ -287,18 +286,18 @@ TEST_F(Switch, CompatibleGraphicsAfterTheSwitchHaveNoFontOptions)
     surface->EnableCairoDrawing(true);
     ASSERT_TRUE(surface->CreateCompatibleGraphics(120, 80));
     const QImage before = Pixels(*image).copy();
-    EXPECT_TRUE(kPointEntry.draw(*surface, Call()));
-    EXPECT_TRUE(SamePixels(Pixels(*image), Expected(kPointEntry, Call(), Look(), DirectCairo::Selected, before)));
+    EXPECT_TRUE(::Draw(*surface, Entry::StringAt, Call()));
+    EXPECT_TRUE(SamePixels(Pixels(*image), Expected(Entry::StringAt, Call(), Look(), DirectCairo::Selected, before)));
 }
 
 TEST_F(Switch, DeleteLeavesTheCairoObjects)
 {
     CairoTwins twins;
     EXPECT_TRUE(twins.Surface().Delete());
-    for (const Entry& entry : kEntries)
+    for (const Entry entry : kAllEntries)
     {
-        EXPECT_TRUE(entry.draw(twins.Surface(), Call())) << entry;
-        entry.expect(twins.Direct(), Call(), Look());
+        EXPECT_TRUE(::Draw(twins.Surface(), entry, Call())) << entry;
+        DrawDirectly(twins.Direct(), entry, Call(), Look());
     }
     EXPECT_TRUE(twins.SameAndInked());
 }

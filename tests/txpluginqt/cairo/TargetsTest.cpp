@@ -5,7 +5,7 @@
 #include <QBuffer>
 
 #include <tests/support/ImageCompare.h>
-#include <tests/txpluginqt/text/cairo/Entries.h>
+#include <tests/txpluginqt/text/cairo/ShortLabel.h>
 
 using namespace TZObjects;
 
@@ -44,16 +44,16 @@ private:
 TXRefPtr<TXGraphics> NewSurface()
 {
     TXRefPtr<TXGraphics> surface(TestEngine().NewGraphics());
-    surface->SelectFont(NewFont(Look()));
+    surface->SelectFont(MakeFont(Look()));
     surface->SelectPen(NewPen(Look()));
     return surface;
 }
 
 /// A label over the whole of a small image.
-LabelCall BigCall()
+ShortLabel BigCall()
 {
-    LabelCall call;
-    call.ox = call.oy = call.left = call.top = 0;
+    ShortLabel call;
+    call.x = call.y = call.left = call.top = call.dx = call.dy = 0;
     call.text = L"HHHH\nHHHH";
     call.scale = 3;
     return call;
@@ -67,26 +67,26 @@ void ExpectRefused(TXImage& image)
     const TXRefPtr<TXGraphics> before = NewSurface();
     before->EnableCairoDrawing(true);
     before->SelectImage(&image);
-    for (const Entry& entry : kEntries)
-        EXPECT_FALSE(entry.draw(*before, BigCall())) << entry;
+    for (const Entry entry : kAllEntries)
+        EXPECT_FALSE(::Draw(*before, entry, BigCall())) << entry;
     before->SelectImage(nullptr);
 
     const TXRefPtr<TXGraphics> after = NewSurface();
     after->SelectImage(&image);
     after->EnableCairoDrawing(true);
     EXPECT_TRUE(after->CairoDrawingEnabled());
-    for (const Entry& entry : kEntries)
-        EXPECT_FALSE(entry.draw(*after, BigCall())) << entry;
+    for (const Entry entry : kAllEntries)
+        EXPECT_FALSE(::Draw(*after, entry, BigCall())) << entry;
 
     // The surface goes on with an image that cairo can draw on.
     TXRefPtr<TXImage> good = NewImage(60, 40, TXImage::Format_ARGB32_Premultiplied);
     good->Fill(TXColor::WHITE_);
     after->SelectImage(good);
-    EXPECT_TRUE(kPointEntry.draw(*after, BigCall()));
+    EXPECT_TRUE(::Draw(*after, Entry::StringAt, BigCall()));
     EXPECT_GT(InkedPixels(Pixels(*good)), 0);
 }
 
-class Targets : public SilentTest
+class Targets : public QuietTest
 {
 };
 
@@ -132,10 +132,10 @@ TEST_F(Targets, InTheHostsMemoryOf32BitsAreDrawnInPlace)
         {
             DirectCairo direct(expected, DirectCairo::Switched);
             direct.Select(Look());
-            for (const Entry& entry : kEntries)
+            for (const Entry entry : kAllEntries)
             {
-                EXPECT_TRUE(entry.draw(*surface, BigCall())) << entry;
-                entry.expect(direct, BigCall(), Look());
+                EXPECT_TRUE(::Draw(*surface, entry, BigCall())) << entry;
+                DrawDirectly(direct, entry, BigCall(), Look());
             }
         }
         const QImage inPlace(memory.Data(), 37, 9, static_cast<QImage::Format>(static_cast<int>(format)));
@@ -162,9 +162,9 @@ TEST_F(Targets, WiderOrHigherThanCairoReachesMakeLabelsFalse)
         const TXRefPtr<TXGraphics> surface = NewSurface();
         surface->SelectImage(largest);
         surface->EnableCairoDrawing(true);
-        LabelCall call = BigCall();
-        call.oy = -30;
-        EXPECT_TRUE(kPointEntry.draw(*surface, call));
+        ShortLabel call = BigCall();
+        call.y = -30;
+        EXPECT_TRUE(::Draw(*surface, Entry::StringAt, call));
         EXPECT_GT(InkedPixels(Pixels(*largest)), 0);
     }
 }
@@ -175,27 +175,27 @@ TEST_F(Targets, WithoutPixelsMakeLabelsFalse)
     const TXRefPtr<TXGraphics> surface = NewSurface();
     surface->EnableCairoDrawing(true);
     surface->SelectImage(absent);
-    for (const Entry& entry : kEntries)
-        EXPECT_FALSE(entry.draw(*surface, BigCall())) << entry;
+    for (const Entry entry : kAllEntries)
+        EXPECT_FALSE(::Draw(*surface, entry, BigCall())) << entry;
     surface->EnableCairoDrawing(false);
     surface->EnableCairoDrawing(true);
-    EXPECT_FALSE(kPointEntry.draw(*surface, BigCall()));
+    EXPECT_FALSE(::Draw(*surface, Entry::StringAt, BigCall()));
 
     TXRefPtr<TXImage> empty = NewImage(0, 0, TXImage::Format_ARGB32);
     surface->SelectImage(empty);
-    EXPECT_FALSE(kPointEntry.draw(*surface, BigCall()));
+    EXPECT_FALSE(::Draw(*surface, Entry::StringAt, BigCall()));
 }
 
 TEST_F(Targets, DeletedUnderTheSurfaceMakeLabelsFalse)
 {
     CairoTwins twins;
-    EXPECT_TRUE(kPointEntry.draw(twins.Surface(), BigCall()));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, BigCall()));
     twins.Image().Delete();
-    for (const Entry& entry : kEntries)
-        EXPECT_FALSE(entry.draw(twins.Surface(), BigCall())) << entry;
+    for (const Entry entry : kAllEntries)
+        EXPECT_FALSE(::Draw(twins.Surface(), entry, BigCall())) << entry;
     twins.Surface().EnableCairoDrawing(false);
     twins.Surface().EnableCairoDrawing(true);
-    EXPECT_FALSE(kPointEntry.draw(twins.Surface(), BigCall()));
+    EXPECT_FALSE(::Draw(twins.Surface(), Entry::StringAt, BigCall()));
 }
 
 /// What a label draws on white pixels after a change of the image, with the face that was selected before.
@@ -206,9 +206,9 @@ void ExpectDrawnOnNewPixels(CairoTwins& twins, const Look& look)
     {
         DirectCairo direct(expected, DirectCairo::Selected);
         direct.Select(look);
-        kPointEntry.expect(direct, BigCall(), look);
+        DrawDirectly(direct, Entry::StringAt, BigCall(), look);
     }
-    EXPECT_TRUE(kPointEntry.draw(twins.Surface(), BigCall()));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, BigCall()));
     EXPECT_TRUE(SamePixels(twins.Actual(), expected));
     EXPECT_GT(InkedPixels(twins.Actual()), 0);
 }
@@ -224,11 +224,11 @@ TEST_F(Targets, CreatedAnewUnderTheSurfaceAreDrawnOn)
     twins.Image().CreateImage(50, 40, TXImage::Format_ARGB32);
     ExpectDrawnOnNewPixels(twins, look);
     twins.Image().Delete();
-    EXPECT_FALSE(kPointEntry.draw(twins.Surface(), BigCall()));
+    EXPECT_FALSE(::Draw(twins.Surface(), Entry::StringAt, BigCall()));
     twins.Image().CreateCompatibleImage(nullptr, 90, 70);
     ExpectDrawnOnNewPixels(twins, look);
     twins.Image().CreateImage(90, 70, TXImage::Format_RGB16);
-    EXPECT_FALSE(kPointEntry.draw(twins.Surface(), BigCall()));
+    EXPECT_FALSE(::Draw(twins.Surface(), Entry::StringAt, BigCall()));
     twins.Image().CreateImage(90, 70, TXImage::Format_ARGB32);
     ExpectDrawnOnNewPixels(twins, look);
 }
@@ -259,7 +259,7 @@ TEST_F(Targets, OutliveTheHostsReferenceAsLongAsTheSurfaceHoldsThem)
     surface->SelectImage(image);
     surface->EnableCairoDrawing(true);
     image = nullptr;
-    EXPECT_TRUE(kPointEntry.draw(*surface, BigCall()));
+    EXPECT_TRUE(::Draw(*surface, Entry::StringAt, BigCall()));
     EXPECT_GT(InkedPixels(Pixels(*surface->GetImage())), 0);
 }
 

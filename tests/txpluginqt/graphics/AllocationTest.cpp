@@ -39,15 +39,6 @@ protected:
         twins.SurfacePainter().setPen(QPen(Qt::black));
     }
 
-    static Allocations Of(const std::function<void()>& draw)
-    {
-        for (int i = 0; i < 3; ++i)
-            draw();
-        const AllocationCounter counter;
-        draw();
-        return counter.SoFar();
-    }
-
     Twins twins;
     std::vector<TXPoint> points;
     QPolygonF polygon;
@@ -55,25 +46,26 @@ protected:
 
 TEST_F(AllocationTest, CounterCounts)
 {
-    const Allocations one = Of([] { std::vector<char> bytes(1000); });
+    const Allocations one = AllocationsOf([] { std::vector<char> bytes(1000); });
     EXPECT_EQ(one.count, 1u);
     EXPECT_GE(one.bytes, 1000u);
-    EXPECT_EQ(Of([] {}).count, 0u);
+    EXPECT_EQ(AllocationsOf([] {}).count, 0u);
 }
 
 TEST_F(AllocationTest, PolygonMakesNoCopyOfThePoints)
 {
-    const Allocations surface = Of([&] { EXPECT_TRUE(twins.Surface().Polygon(points.data(), kPoints)); });
+    const Allocations surface = AllocationsOf([&] { EXPECT_TRUE(twins.Surface().Polygon(points.data(), kPoints)); });
     const Allocations direct =
-        Of([&] { twins.SurfacePainter().drawPolygon(polygon.constData(), kPoints, Qt::OddEvenFill); });
+        AllocationsOf([&] { twins.SurfacePainter().drawPolygon(polygon.constData(), kPoints, Qt::OddEvenFill); });
     EXPECT_EQ(surface.count, direct.count);
     EXPECT_EQ(surface.bytes, direct.bytes);
 }
 
 TEST_F(AllocationTest, PolylineMakesNoCopyOfThePoints)
 {
-    const Allocations surface = Of([&] { EXPECT_TRUE(twins.Surface().Polyline(points.data(), kPoints)); });
-    const Allocations direct = Of([&] { twins.SurfacePainter().drawPolyline(polygon.constData(), kPoints); });
+    const Allocations surface = AllocationsOf([&] { EXPECT_TRUE(twins.Surface().Polyline(points.data(), kPoints)); });
+    const Allocations direct =
+        AllocationsOf([&] { twins.SurfacePainter().drawPolyline(polygon.constData(), kPoints); });
     EXPECT_EQ(surface.count, direct.count);
     EXPECT_EQ(surface.bytes, direct.bytes);
 }
@@ -84,10 +76,10 @@ TEST_F(AllocationTest, PolyPolygonMakesOneArrayOfElementKinds)
     for (int ring = 0; ring < 2000; ++ring)
         rings.Add({points.begin() + ring * 50, points.begin() + (ring + 1) * 50});
     const QPainterPath path = rings.Path();
-    const Allocations direct = Of([&] { twins.SurfacePainter().drawPath(path); });
+    const Allocations direct = AllocationsOf([&] { twins.SurfacePainter().drawPath(path); });
     TXGraphics::stGradientParams gradient;
-    const Allocations plain = Of([&] { EXPECT_TRUE(rings.Draw(twins.Surface())); });
-    const Allocations ignoringGradient = Of([&] { EXPECT_TRUE(rings.Draw(twins.Surface(), gradient)); });
+    const Allocations plain = AllocationsOf([&] { EXPECT_TRUE(rings.Draw(twins.Surface())); });
+    const Allocations ignoringGradient = AllocationsOf([&] { EXPECT_TRUE(rings.Draw(twins.Surface(), gradient)); });
     for (const Allocations& surface : {plain, ignoringGradient})
     {
         EXPECT_LE(surface.count, direct.count + 1);
@@ -110,16 +102,16 @@ TEST_F(AllocationTest, PolyPolygonOfSeparateRingsMakesNoCopyOfThePoints)
         rings.Add(points);
     }
     const QPainterPath path = rings.Path();
-    const Allocations direct = Of([&] { twins.SurfacePainter().drawPath(path); });
-    const Allocations surface = Of([&] { EXPECT_TRUE(rings.Draw(twins.Surface())); });
+    const Allocations direct = AllocationsOf([&] { twins.SurfacePainter().drawPath(path); });
+    const Allocations surface = AllocationsOf([&] { EXPECT_TRUE(rings.Draw(twins.Surface())); });
     EXPECT_LE(surface.count, direct.count + 1);
     EXPECT_LE(surface.bytes, direct.bytes + kPoints * sizeof(QPainterPath::ElementType) + 64);
 }
 
 TEST_F(AllocationTest, LineAndRectangleAllocateNothing)
 {
-    EXPECT_EQ(Of([&] { twins.Surface().Line(3.2, 4.7, 90.1, 70.9); }).count, 0u);
-    EXPECT_EQ(Of([&] { twins.Surface().Rectangle(3.2, 4.7, 90.1, 70.9); }).count, 0u);
+    EXPECT_EQ(AllocationsOf([&] { twins.Surface().Line(3.2, 4.7, 90.1, 70.9); }).count, 0u);
+    EXPECT_EQ(AllocationsOf([&] { twins.Surface().Rectangle(3.2, 4.7, 90.1, 70.9); }).count, 0u);
 }
 
 } // namespace

@@ -79,14 +79,9 @@ TEST_F(AttachTest, DetachBringsTheOwnPainterBackUntouched)
 TEST_F(AttachTest, GettersCarryWhatTheOutsidePainterHolds)
 {
     const TXRefPtr<TXGraphics> surface = NewPaintingSurface();
-    const TXRefPtr<TXPen> pen = NewPen(TXColor(1, 2, 3, 255), 6.0);
-    const TXRefPtr<TXBrush> brush = NewBrush(TXColor(4, 5, 6, 255));
-    const TXRefPtr<TXFont> font = NewFont(11);
-    surface->SelectPen(pen);
-    surface->SelectBrush(brush);
-    surface->SelectFont(font);
+    const auto [pen, brush, font] = SelectResources(*surface);
     surface->Attach(&outside);
-    EXPECT_EQ(pen->GetWidth(), 6.0) << "attaching alone copies nothing";
+    EXPECT_EQ(pen->GetWidth(), 3.5) << "attaching alone copies nothing";
     EXPECT_EQ(surface->GetPen(), pen);
     EXPECT_EQ(PenOf(*pen), outside.pen());
     EXPECT_EQ(pen->GetWidth(), 3.0);
@@ -103,18 +98,13 @@ TEST_F(AttachTest, GettersCarryWhatTheOutsidePainterHolds)
     EXPECT_EQ(surface->GetPen()->GetWidth(), 9.0);
     surface->Detach();
     EXPECT_EQ(surface->GetPen()->GetWidth(), 9.0) << "what was read back stays in the pen";
-    EXPECT_EQ(PainterOf(*surface).pen().widthF(), 6.0) << "and does not reach the own painter by itself";
+    EXPECT_EQ(PainterOf(*surface).pen().widthF(), 3.5) << "and does not reach the own painter by itself";
 }
 
 TEST_F(AttachTest, GettersCarryWhatAnInactivePainterAnswers)
 {
     const TXRefPtr<TXGraphics> surface = NewPaintingSurface();
-    const TXRefPtr<TXPen> pen = NewPen(TXColor(1, 2, 3, 255), 6.0);
-    const TXRefPtr<TXBrush> brush = NewBrush(TXColor(4, 5, 6, 255));
-    const TXRefPtr<TXFont> font = NewFont(11);
-    surface->SelectPen(pen);
-    surface->SelectBrush(brush);
-    surface->SelectFont(font);
+    const auto [pen, brush, font] = SelectResources(*surface);
     QPainter inactive;
     surface->Attach(&inactive);
     EXPECT_EQ(surface->GetPen(), pen);

@@ -131,12 +131,7 @@ TEST_F(HostileImagesTest, NewPixelsAreNotAntialiasedWhereTheManagerSaysSo)
 TEST_F(HostileImagesTest, TheSelectionIsAppliedToTheNewPixels)
 {
     const TXRefPtr<TXGraphics> surface = NewPaintingSurface();
-    const TXRefPtr<TXPen> pen = NewPen(TXColor(9, 8, 7, 200), 3.5);
-    const TXRefPtr<TXBrush> brush = NewBrush(TXColor(70, 80, 90, 100));
-    const TXRefPtr<TXFont> font = NewFont(23);
-    surface->SelectPen(pen);
-    surface->SelectBrush(brush);
-    surface->SelectFont(font);
+    const auto [pen, brush, font] = SelectResources(*surface);
     surface->GetImage()->CreateImage(30, 30, TXImage::Format_ARGB32_Premultiplied);
     // What the surface draws next is drawn in the new pixels with the selected pen and brush.
     PixelsOf(*surface->GetImage()).fill(Qt::white);

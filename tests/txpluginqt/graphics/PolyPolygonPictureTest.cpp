@@ -1,38 +1,21 @@
-#include <QPicture>
-
 #include <tests/support/ImageCompare.h>
 
+#include "RecordingTest.h"
 #include "Rings.h"
-#include "SurfaceTest.h"
 
 using namespace TZObjects;
 
 namespace
 {
 
-/// A surface that records into a picture through an outside painter, and a painter that records beside it. The paint
-/// engine of a picture knows whole paths only, so that the rings have to be drawn as one.
-class PolyPolygonPictureTest : public SurfaceTest
+/// The paint engine of a picture knows whole paths only, so that the rings have to be drawn as one.
+class PolyPolygonPictureTest : public RecordingTest
 {
 protected:
-    PolyPolygonPictureTest() : surface(TestEngine().NewGraphics()), recording(&recorded), directly(&direct)
-    {
-        surface->Attach(&recording);
-        for (QPainter* const painter : {&recording, &directly})
-        {
-            painter->setPen(QPen(QColor(20, 60, 140, 200), 2.5));
-            painter->setBrush(QColor(230, 170, 40, 150));
-        }
-    }
-
-    ~PolyPolygonPictureTest() override { surface->Detach(); }
-
     /// Success when both pictures replay to the same pixels. Ends both recordings.
     ::testing::AssertionResult SameReplay()
     {
-        surface->Detach();
-        recording.end();
-        directly.end();
+        End();
         return SamePixels(Replay(recorded), Replay(direct));
     }
 
@@ -62,12 +45,6 @@ protected:
         }
         return path;
     }
-
-    TXRefPtr<TXGraphics> surface;
-    QPicture recorded;
-    QPicture direct;
-    QPainter recording;
-    QPainter directly;
 };
 
 const Rings kFrame = {{{20, 20}, {120, 20}, {120, 100}, {20, 100}, {20, 20}}, {{50, 40}, {90, 40}, {90, 80}, {50, 80}}};

@@ -23,7 +23,7 @@ QPainter::CompositionMode SomeMode(Random& random)
         QPainter::CompositionMode_Multiply, QPainter::CompositionMode_Difference,
         QPainter::CompositionMode_Darken,   QPainter::RasterOp_SourceXorDestination,
         QPainter::RasterOp_NotDestination,  QPainter::CompositionMode_Clear};
-    return modes[random.Int(0, static_cast<int>(std::size(modes)) - 1)];
+    return random.OneOf(modes);
 }
 
 QTransform SomeTransform(Random& random)
@@ -75,16 +75,6 @@ private:
 };
 
 } // namespace
-
-int Random::Int(int lowest, int highest)
-{
-    return lowest + static_cast<int>(engine() % static_cast<unsigned>(highest - lowest + 1));
-}
-
-double Random::Real(double lowest, double highest)
-{
-    return lowest + (highest - lowest) * (static_cast<double>(engine()) / 4294967295.0);
-}
 
 double Random::Coordinate()
 {
@@ -140,8 +130,8 @@ QPen Random::Pen()
     constexpr Qt::PenCapStyle caps[] = {Qt::FlatCap, Qt::SquareCap, Qt::RoundCap};
     constexpr Qt::PenJoinStyle joins[] = {Qt::MiterJoin, Qt::BevelJoin, Qt::RoundJoin};
     QPen pen(ToQt(Color()), Chance(40) ? 1.0 : Real(0.2, 8.0));
-    pen.setCapStyle(caps[Int(0, 2)]);
-    pen.setJoinStyle(joins[Int(0, 2)]);
+    pen.setCapStyle(OneOf(caps));
+    pen.setJoinStyle(OneOf(joins));
     if (Chance(30))
         pen.setStyle(static_cast<Qt::PenStyle>(Int(2, 5)));
     else if (Chance(10))

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <random>
 #include <vector>
 
 #include <QBrush>
@@ -9,19 +8,17 @@
 #include <QPen>
 #include <QPolygonF>
 
+#include <tests/support/RandomSource.h>
 #include <tests/support/Twins.h>
 #include <txbase/TXColor.h>
 #include <txbase/TXPoint.h>
 
-/// Random parameters of drawing calls, the same for the same seed.
-class Random
+/// Random parameters of drawing calls.
+class Random : public RandomSource
 {
 public:
-    explicit Random(unsigned seed) : engine(seed) {}
+    using RandomSource::RandomSource;
 
-    bool Chance(int percent) { return Int(1, 100) <= percent; }
-    int Int(int lowest, int highest);
-    double Real(double lowest, double highest);
     /// Mostly on or near the test surface; also exact halves and wholes, tiny numbers around 0, and far outside.
     double Coordinate();
     /// Mostly lengths that fit the test surface; also 0, negative, tiny and large ones.
@@ -35,9 +32,6 @@ public:
     QBrush Brush();
     /// Sets everything that a painter holds for shapes, the same on both painters.
     void ChangeState(Twins& twins);
-
-private:
-    std::mt19937 engine;
 };
 
 /// Runs @p draw @p cases times on images of formats 5 and 6, each time over the background and with another random

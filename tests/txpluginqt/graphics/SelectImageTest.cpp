@@ -129,12 +129,7 @@ TEST_F(SelectImageTest, HintsAreThoseOfAFreshPainterWhereTheManagerDoesNotAntial
 TEST_F(SelectImageTest, AppliesTheSelectionAgainAndStartsTheRestAnew)
 {
     const TXRefPtr<TXGraphics> surface = NewPaintingSurface();
-    const TXRefPtr<TXPen> pen = NewPen(TXColor(9, 8, 7, 200), 3.5);
-    const TXRefPtr<TXBrush> brush = NewBrush(TXColor(70, 80, 90, 100));
-    const TXRefPtr<TXFont> font = NewFont(23);
-    surface->SelectPen(pen);
-    surface->SelectBrush(brush);
-    surface->SelectFont(font);
+    const Resources resources = SelectResources(*surface);
     // These are not selected resources and go with the old image.
     surface->SelectPen(TXPen::DotLine);
     const TXRefPtr<TXLinearGradient> gradient = TestEngine().NewLinearGradient(0, 0, 9, 9);
@@ -144,17 +139,7 @@ TEST_F(SelectImageTest, AppliesTheSelectionAgainAndStartsTheRestAnew)
     surface->SetCompositionMode(TXGraphics::CompositionMode_Plus);
     PainterOf(*surface).setClipRect(1, 2, 30, 20);
     surface->SelectImage(NewPaintedImage());
-    const QPainter& painter = PainterOf(*surface);
-    EXPECT_EQ(painter.pen(), PenOf(*pen));
-    EXPECT_EQ(painter.brush(), BrushOf(*brush));
-    EXPECT_EQ(painter.font(), FontOf(*font));
-    EXPECT_TRUE(painter.transform().isIdentity());
-    EXPECT_EQ(painter.opacity(), 1.0);
-    EXPECT_EQ(painter.compositionMode(), QPainter::CompositionMode_SourceOver);
-    EXPECT_FALSE(painter.hasClipping());
-    EXPECT_EQ(surface->GetPen(), pen);
-    EXPECT_EQ(surface->GetBrush(), brush);
-    EXPECT_EQ(surface->GetFont(), font);
+    ExpectOnly(resources, *surface);
 }
 
 TEST_F(SelectImageTest, OnASurfaceMadeOverAnImageLeavesThatOne)

@@ -202,12 +202,7 @@ TEST_F(SurfaceLifecycleTest, CreateCompatibleGraphicsSetsHintsWhereTheManagerAnt
 TEST_F(SurfaceLifecycleTest, CreateCompatibleGraphicsAppliesTheSelectionAgainAndStartsTheRestAnew)
 {
     const TXRefPtr<TXGraphics> surface = NewPaintingSurface();
-    const TXRefPtr<TXPen> pen = NewPen(TXColor(9, 8, 7, 200), 3.5);
-    const TXRefPtr<TXBrush> brush = NewBrush(TXColor(70, 80, 90, 100));
-    const TXRefPtr<TXFont> font = NewFont(23);
-    surface->SelectPen(pen);
-    surface->SelectBrush(brush);
-    surface->SelectFont(font);
+    const Resources resources = SelectResources(*surface);
     surface->SetOpacity(0.5);
     surface->SetWindowOrg(3, 4);
     surface->SetCompositionMode(TXGraphics::CompositionMode_Xor);
@@ -216,17 +211,7 @@ TEST_F(SurfaceLifecycleTest, CreateCompatibleGraphicsAppliesTheSelectionAgainAnd
     ASSERT_TRUE(surface->CreateCompatibleGraphics(50, 60));
     EXPECT_EQ(surface->GetImage(), image) << "the selected image itself is made afresh";
     EXPECT_EQ(PixelsOf(*image).size(), QSize(50, 60));
-    const QPainter& painter = PainterOf(*surface);
-    EXPECT_EQ(painter.pen(), PenOf(*pen));
-    EXPECT_EQ(painter.brush(), BrushOf(*brush));
-    EXPECT_EQ(painter.font(), FontOf(*font));
-    EXPECT_EQ(painter.opacity(), 1.0);
-    EXPECT_TRUE(painter.transform().isIdentity());
-    EXPECT_EQ(painter.compositionMode(), QPainter::CompositionMode_SourceOver);
-    EXPECT_FALSE(painter.hasClipping());
-    EXPECT_EQ(surface->GetPen(), pen);
-    EXPECT_EQ(surface->GetBrush(), brush);
-    EXPECT_EQ(surface->GetFont(), font);
+    ExpectOnly(resources, *surface);
 }
 
 TEST_F(SurfaceLifecycleTest, CreateCompatibleGraphicsBringsASurfaceBack)

@@ -41,6 +41,30 @@ TXRefPtr<TXFont> SurfaceTest::NewFont(int height)
     return font;
 }
 
+SurfaceTest::Resources SurfaceTest::SelectResources(TXGraphics& surface)
+{
+    Resources resources{NewPen(TXColor(9, 8, 7, 200), 3.5), NewBrush(TXColor(70, 80, 90, 100)), NewFont(23)};
+    surface.SelectPen(resources.pen);
+    surface.SelectBrush(resources.brush);
+    surface.SelectFont(resources.font);
+    return resources;
+}
+
+void SurfaceTest::ExpectOnly(const Resources& resources, TXGraphics& surface)
+{
+    const QPainter& painter = PainterOf(surface);
+    EXPECT_EQ(painter.pen(), PenOf(*resources.pen));
+    EXPECT_EQ(painter.brush(), BrushOf(*resources.brush));
+    EXPECT_EQ(painter.font(), FontOf(*resources.font));
+    EXPECT_EQ(painter.opacity(), 1.0);
+    EXPECT_TRUE(painter.transform().isIdentity());
+    EXPECT_EQ(painter.compositionMode(), QPainter::CompositionMode_SourceOver);
+    EXPECT_FALSE(painter.hasClipping());
+    EXPECT_EQ(surface.GetPen(), resources.pen);
+    EXPECT_EQ(surface.GetBrush(), resources.brush);
+    EXPECT_EQ(surface.GetFont(), resources.font);
+}
+
 QPainter& SurfaceTest::PainterOf(TXGraphics& surface) { return *static_cast<QPainter*>(surface.GetInteralObject()); }
 
 QImage& SurfaceTest::PixelsOf(TXImage& image) { return *static_cast<QImage*>(image.GetInternalObject()); }

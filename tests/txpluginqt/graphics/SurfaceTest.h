@@ -26,6 +26,17 @@ protected:
     /// A font of that height.
     static TZObjects::TXRefPtr<TZObjects::TXFont> NewFont(int height);
 
+    struct Resources
+    {
+        TZObjects::TXRefPtr<TZObjects::TXPen> pen;
+        TZObjects::TXRefPtr<TZObjects::TXBrush> brush;
+        TZObjects::TXRefPtr<TZObjects::TXFont> font;
+    };
+    /// Selects new resources that no default is like.
+    static Resources SelectResources(TZObjects::TXGraphics& surface);
+    /// The surface has these selected, and its painter holds them and is otherwise as one that has just begun.
+    static void ExpectOnly(const Resources& resources, TZObjects::TXGraphics& surface);
+
     /// The painter that a surface draws with now.
     static QPainter& PainterOf(TZObjects::TXGraphics& surface);
     /// The Qt image behind an image.

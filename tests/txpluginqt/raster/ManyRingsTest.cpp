@@ -1,4 +1,4 @@
-// Shapes of many rings, which are drawn by groups, against QPainter's own operation.
+// Shapes of many rings, drawn from the host's own points, against QPainter's own operation.
 #include <cmath>
 #include <functional>
 
@@ -7,8 +7,7 @@
 #include <gtest/gtest.h>
 #include <tests/support/Drawn.h>
 #include <tests/support/ImageCompare.h>
-#include <txpluginqt/raster/InkReach.h>
-#include <txpluginqt/raster/RingGroups.h>
+#include <tests/support/Twins.h>
 #include <txpluginqt/raster/RingShape.h>
 
 #include "RandomPaths.h"
@@ -212,32 +211,6 @@ TEST_F(ManyRingsTest, SharpCornersReachTheirNeighbours)
             }
 }
 
-/// A shape's groups, each by the left edges of its rings.
-std::vector<std::vector<int>> GroupsOf(const Shape& shape, const QTransform& transform = QTransform(),
-                                       double reach = 0.0)
-{
-    std::vector<QPainterPath::ElementType> kinds;
-    for (const int count : shape.counts)
-        for (int k = 0; k < count; ++k)
-            kinds.push_back(k == 0 ? QPainterPath::MoveToElement : QPainterPath::LineToElement);
-    const OutlineView outline{&shape.points.data()->x, kinds.data(), static_cast<int>(kinds.size()), Qt::OddEvenFill};
-    const Rings rings = RingsOf(outline);
-    RingGroups groups(outline, rings, transform, QRect(-1000, -1000, 3000, 3000), reach);
-    std::vector<std::vector<int>> lefts;
-    groups.ForEach(
-        [&](const OutlineView& group)
-        {
-            lefts.emplace_back();
-            for (int i = 0; i < group.count; ++i)
-                if (group.kinds[i] == QPainterPath::MoveToElement)
-                    lefts.back().push_back(static_cast<int>(group.points[2 * i]));
-        });
-    EXPECT_EQ(static_cast<int>(lefts.size()), groups.Count());
-    return lefts;
-}
-
-using Groups = std::vector<std::vector<int>>;
-
 /// Many rings on a wide image, in two ways.
 ::testing::AssertionResult WideShapeDrawnAsPainted(const QBrush& brush, const QPen& pen, unsigned seed)
 {
@@ -297,103 +270,6 @@ TEST(WideRingsTest, OfNegativeMiterLimitsAreDrawnAsPainted)
             pen.setMiterLimit(limit);
             EXPECT_TRUE(WideShapeDrawnAsPainted(QColor(200, 30, 40, 90), pen, seed));
         }
-}
-
-TEST(RingGroupsTest, AreOfRingsThatShareAPixelOrFollowOneAnotherInARow)
-{
-    Shape shape;
-    shape.AddBox(10.5, 10.5, 20.5, 20.5);
-    shape.AddBox(50.5, 10.5, 60.5, 20.5);
-    shape.AddBox(22.5, 10.5, 30.5, 20.5);
-    EXPECT_EQ(GroupsOf(shape), (Groups{{10}, {50}, {22}}));
-    shape.AddBox(31.5, 15.5, 40.5, 30.5);
-    EXPECT_EQ(GroupsOf(shape), (Groups{{10}, {50}, {22, 31}})) << "side by side";
-    shape.AddBox(50.5, 21.5, 60.5, 30.5);
-    EXPECT_EQ(GroupsOf(shape), (Groups{{10}, {50}, {22, 31}, {50}})) << "one below the other";
-    shape.AddBox(15.5, 20.5, 52.5, 20.6);
-    EXPECT_EQ(GroupsOf(shape), (Groups{{10, 50, 22, 31, 15}, {50}}));
-    EXPECT_EQ(GroupsOf(shape, QTransform::fromScale(0.1, 0.1)).size(), 1u);
-    EXPECT_EQ(GroupsOf(shape, QTransform(), 0.7).size(), 1u);
-}
-
-TEST(RingGroupsTest, AreFoundWhateverTheirOrder)
-{
-    // Chains that only their last links join.
-    for (unsigned seed = 0; seed < 50; ++seed)
-    {
-        RandomPaths random(seed);
-        std::vector<QPointF> corners;
-        for (int row = 0; row < 5; ++row)
-            for (int link = 0; link < 20; ++link)
-                corners.emplace_back(10.5 + link * 5, 10.5 + row * 20);
-        for (std::size_t i = corners.size(); i > 1; --i)
-            std::swap(corners[i - 1], corners[static_cast<std::size_t>(random.Int(0, static_cast<int>(i) - 1))]);
-        Shape shape;
-        for (const QPointF& at : corners)
-            shape.AddBox(at.x(), at.y(), at.x() + 5.0, at.y() + 9.0);
-        const Groups groups = GroupsOf(shape);
-        ASSERT_EQ(groups.size(), 5u);
-        for (const auto& group : groups)
-            ASSERT_EQ(group.size(), 20u);
-    }
-}
-
-/// How often the rings of a shape are compared on an image of 2,000 x 1,000 pixels.
-int ComparisonsOf(const Shape& shape, int* groupCount = nullptr)
-{
-    std::vector<QPainterPath::ElementType> kinds;
-    for (const int count : shape.counts)
-        for (int k = 0; k < count; ++k)
-            kinds.push_back(k == 0 ? QPainterPath::MoveToElement : QPainterPath::LineToElement);
-    const OutlineView outline{&shape.points.data()->x, kinds.data(), static_cast<int>(kinds.size()), Qt::OddEvenFill};
-    const Rings rings = RingsOf(outline);
-    const RingGroups groups(outline, rings, QTransform(), QRect(0, 0, 2000, 1000), 0.0);
-    if (groupCount)
-        *groupCount = groups.Count();
-    return groups.Comparisons();
-}
-
-TEST(RingGroupsTest, AreGivenUpWhereFindingThemWouldCostTheSquareOfTheRings)
-{
-    RandomPaths random(5);
-    Shape shape;
-    for (int i = 0; i < 100000; ++i)
-    {
-        // All in columns of the same pixels.
-        const double x = 100.5 + (i % 5) * 300.0;
-        const double y = random.Real(0.0, 900.0);
-        shape.AddBox(x, y, x + 3.0, y + 2.0);
-    }
-    int groups = 0;
-    EXPECT_LE(ComparisonsOf(shape, &groups), 64 * 100000 + 1);
-    EXPECT_EQ(groups, 1);
-}
-
-TEST(RingGroupsTest, LeaveOutWhatIsOffTheImage)
-{
-    Shape shape;
-    for (int i = 0; i < 5000; ++i)
-        shape.AddBox(-50.0, i, -40.0, i + 3.0);
-    EXPECT_EQ(ComparisonsOf(shape), 0);
-    shape.AddBox(10.0, 10.0, 20.0, 20.0);
-    shape.AddBox(40.0, 10.0, 50.0, 20.0);
-    shape.AddBox(10.0, -20.0, 50.0, -1.0);
-    int groups = 0;
-    EXPECT_LE(ComparisonsOf(shape, &groups), 2);
-    EXPECT_EQ(groups, 2);
-}
-
-TEST(RingGroupsTest, BoundsSpanSinglePointsToo)
-{
-    Shape shape;
-    shape.AddBox(10.0, 10.0, 20.0, 20.0);
-    shape.Add({{90000.0, -3.0}});
-    std::vector<QPainterPath::ElementType> kinds(5, QPainterPath::LineToElement);
-    kinds.front() = QPainterPath::MoveToElement;
-    kinds.push_back(QPainterPath::MoveToElement);
-    const Rings rings = RingsOf({&shape.points.data()->x, kinds.data(), 6, Qt::OddEvenFill});
-    ASSERT_EQ(rings.size(), 2);
-    EXPECT_EQ(BoundsOf(rings), QRectF(QPointF(10.0, -3.0), QPointF(90000.0, 20.0)));
 }
 
 } // namespace

@@ -5,16 +5,6 @@
 #include <QFont>
 #include <QLinearGradient>
 
-int RandomPaths::Int(int lowest, int highest)
-{
-    return lowest + static_cast<int>(engine() % static_cast<unsigned>(highest - lowest + 1));
-}
-
-double RandomPaths::Real(double lowest, double highest)
-{
-    return lowest + (highest - lowest) * (static_cast<double>(engine()) / 4294967295.0);
-}
-
 void RandomPaths::AddContour(QPainterPath& path, const QPointF& at, double size)
 {
     const double width = size * Real(0.1, 1.0);
@@ -99,7 +89,7 @@ QPainterPath RandomPaths::NextLetters()
     path.setFillRule(Chance(50) ? Qt::WindingFill : Qt::OddEvenFill);
     const int lines = Chance(60) ? 1 : Int(2, 4);
     for (int i = 0; i < lines; ++i)
-        path.addText(Real(0, 30), 15 + i * Real(-2, 25), font, texts[Int(0, 7)]);
+        path.addText(Real(0, 30), 15 + i * Real(-2, 25), font, OneOf(texts));
     return path;
 }
 

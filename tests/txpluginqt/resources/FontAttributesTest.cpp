@@ -14,21 +14,11 @@ namespace
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-class FontAttributesTest : public ResourceTest
+class FontAttributesTest : public FontTest
 {
 protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(font);
-        font->Create();
-        ASSERT_NE(font->GetInternalObject(), nullptr);
-    }
-
-    QFont& QtFont() { return *static_cast<QFont*>(font->GetInternalObject()); }
     std::wstring Name() const { return font->GetFontName().toStdWString(); }
     std::wstring Family() { return QtFont().family().toStdWString(); }
-
-    TXRefPtr<TXFont> font{TestEngine().NewFont()};
 };
 
 } // namespace

@@ -10,20 +10,7 @@ using namespace TZObjects;
 namespace
 {
 
-class FontItalicTest : public ResourceTest
-{
-protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(font);
-        font->Create();
-        ASSERT_NE(font->GetInternalObject(), nullptr);
-    }
-
-    QFont& QtFont() { return *static_cast<QFont*>(font->GetInternalObject()); }
-
-    TXRefPtr<TXFont> font{TestEngine().NewFont()};
-};
+using FontItalicTest = FontTest;
 
 TXFont::TXItalicMode Mode(int value) { return static_cast<TXFont::TXItalicMode>(value); }
 

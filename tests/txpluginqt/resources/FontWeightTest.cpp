@@ -9,20 +9,7 @@ using namespace TZObjects;
 namespace
 {
 
-class FontWeightTest : public ResourceTest
-{
-protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(font);
-        font->Create();
-        ASSERT_NE(font->GetInternalObject(), nullptr);
-    }
-
-    QFont& QtFont() { return *static_cast<QFont*>(font->GetInternalObject()); }
-
-    TXRefPtr<TXFont> font{TestEngine().NewFont()};
-};
+using FontWeightTest = FontTest;
 
 int QtWeight(int weight)
 {

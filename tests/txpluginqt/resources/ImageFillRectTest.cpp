@@ -3,7 +3,7 @@
 
 #include <cmath>
 #include <limits>
-#include <random>
+#include <tests/support/RandomSource.h>
 #include <vector>
 
 using namespace TZObjects;
@@ -106,12 +106,16 @@ TEST_F(ImageFillRectTest, EdgesAreClippedAndTruncated)
 
 TEST_F(ImageFillRectTest, RandomRectanglesFillWhatAModelFills)
 {
-    std::mt19937 random(73);
-    std::uniform_real_distribution<double> coordinate(-4.0, 14.0);
+    RandomSource random(73);
     for (int i = 0; i < 5000; ++i)
     {
         // Every fourth coordinate is whole.
-        const auto next = [&] { return random() % 4 == 0 ? std::floor(coordinate(random)) : coordinate(random); };
+        const auto next = [&]
+        {
+            const bool isWhole = random.Below(4) == 0;
+            const double coordinate = random.Real(-4.0, 14.0);
+            return isWhole ? std::floor(coordinate) : coordinate;
+        };
         const double left = next();
         const double right = next();
         const double top = next();

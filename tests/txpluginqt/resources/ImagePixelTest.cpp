@@ -2,7 +2,7 @@
 #include "ResourceTest.h"
 
 #include <climits>
-#include <random>
+#include <tests/support/RandomSource.h>
 #include <utility>
 #include <vector>
 
@@ -34,7 +34,7 @@ constexpr std::pair<int, int> kOutside[] = {{-1, 0},      {0, -1},      {8, 0}, 
 
 TEST_F(ImagePixelTest, SetPixelStoresTheColorInEveryFormatWithColors)
 {
-    std::mt19937 random(99);
+    RandomSource random(99);
     for (int format = 4; format < QImage::NImageFormats; ++format)
     {
         SCOPED_TRACE(format);
@@ -43,9 +43,9 @@ TEST_F(ImagePixelTest, SetPixelStoresTheColorInEveryFormatWithColors)
         twin.fill(0);
         for (int i = 0; i < 500; ++i)
         {
-            const int x = static_cast<int>(random() % 8);
-            const int y = static_cast<int>(random() % 4);
-            const TXColor color(random(), true);
+            const int x = random.Below(8);
+            const int y = random.Below(4);
+            const TXColor color(random.Next(), true);
             image->SetPixel(x, y, color);
             twin.setPixelColor(x, y, SameChannels(color));
             ASSERT_TRUE(SameBytes(QtImage(*image), twin)) << "color " << std::hex << color.GetColor();
@@ -69,11 +69,11 @@ TEST_F(ImagePixelTest, GetPixelAnswersThePackedPixelInEveryFormat)
 
 TEST_F(ImagePixelTest, AColorComesBackExactlyFromFormat5)
 {
-    std::mt19937 random(7);
+    RandomSource random(7);
     Make(TXImage::Format_ARGB32);
     for (int i = 0; i < 2000; ++i)
     {
-        const unsigned int value = random();
+        const unsigned int value = random.Next();
         image->SetPixel(3, 2, TXColor(value, true));
         ASSERT_EQ(image->GetPixel(3, 2).GetColor(), value);
         ASSERT_EQ(QtImage(*image).pixel(3, 2), value);

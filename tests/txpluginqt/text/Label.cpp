@@ -28,18 +28,14 @@ const char* NameOf(Entry entry)
     return "?";
 }
 
-void PrintTo(Entry entry, std::ostream* out) { *out << NameOf(entry); }
+std::ostream& operator<<(std::ostream& out, Entry entry) { return out << NameOf(entry); }
 
 std::ostream& operator<<(std::ostream& out, const Label& label)
 {
-    const FontChoice& font = label.font;
     return out << "\"" << TXString(label.text.substr(0, 60)).toUTF8() << "\" aligned " << label.hAlign << ", angle "
                << label.angle << ", scale " << label.scale << ", at (" << label.x << ", " << label.y << "), spacings "
                << label.lineSpacing << ", " << label.columnSpacing << ", " << label.charSpacing << ", halo "
-               << label.halo << "; font " << TXString(font.family).toUTF8() << " " << font.height << " bold "
-               << font.bold << " italic " << font.italic << " underline " << font.underline << " strike-out "
-               << font.strikeOut << " letter spacing " << font.letterSpacing << " halo width " << font.haloWidth
-               << " angle " << font.angle;
+               << label.halo << "; font " << label.font;
 }
 
 bool Draw(TXGraphics& surface, Entry entry, const Label& l)

@@ -26,7 +26,7 @@ constexpr Entry kAllEntries[] = {Entry::StringInBox,  Entry::StringMoved, Entry:
                                  Entry::OutlineAbout, Entry::OutlineAt,   Entry::VerticalAbout,     Entry::VerticalAt};
 
 const char* NameOf(Entry entry);
-void PrintTo(Entry entry, std::ostream* out);
+std::ostream& operator<<(std::ostream& out, Entry entry);
 
 /// The arguments of every entry; each entry takes those that it has.
 struct Label

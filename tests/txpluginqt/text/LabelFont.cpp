@@ -1,8 +1,18 @@
 #include "LabelFont.h"
 
+#include <ostream>
+
 #include <tests/support/TestEngine.h>
 
 using namespace TZObjects;
+
+std::ostream& operator<<(std::ostream& out, const FontChoice& choice)
+{
+    return out << TXString(choice.family).toUTF8() << " " << choice.height << " bold " << choice.bold << " italic "
+               << choice.italic << " underline " << choice.underline << " strike-out " << choice.strikeOut
+               << " letter spacing " << choice.letterSpacing << " halo " << choice.halo << " of " << choice.haloWidth
+               << " angle " << choice.angle;
+}
 
 TXRefPtr<TXFont> MakeFont(const FontChoice& choice)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <iosfwd>
 #include <string>
 
 #include <QFont>
@@ -21,6 +22,8 @@ struct FontChoice
     TZObjects::TXColor haloColor = TZObjects::TXColor::BLACK_;
     int angle = 0;
 };
+
+std::ostream& operator<<(std::ostream& out, const FontChoice& choice);
 
 /// The plugin's font. Weight and italics are set before the name, which hands them on to cairo.
 TZObjects::TXRefPtr<TZObjects::TXFont> MakeFont(const FontChoice& choice);

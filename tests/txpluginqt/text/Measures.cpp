@@ -3,6 +3,8 @@
 #include <ostream>
 #include <tuple>
 
+#include <QTextDocument>
+
 using namespace TZObjects;
 
 namespace
@@ -37,4 +39,12 @@ std::ostream& operator<<(std::ostream& out, const Measures& m)
                << ' ' << m.blockWidth << " x " << m.blockHeight << " (" << m.blockWidthInt << " x " << m.blockHeightInt
                << "), font " << m.height << ' ' << m.ascent << ' ' << m.descent << " (" << m.heightInt << ' '
                << m.ascentInt << ' ' << m.descentInt << "), character " << m.charWidth;
+}
+
+QSizeF DocumentSize(const QString& html, const QFont& font)
+{
+    QTextDocument document;
+    document.setHtml(html);
+    document.setDefaultFont(font);
+    return document.size();
 }

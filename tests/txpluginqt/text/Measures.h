@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QFont>
+#include <QSizeF>
+#include <QString>
+
 #include <txgraphics/txgraphics.h>
 
 /// What every measuring operation of a font answers for a text. Outputs start at -7, which no measure is.
@@ -31,3 +35,6 @@ struct Measures
 /// True when all are the same, of any type of number.
 bool operator==(const Measures& left, const Measures& right);
 std::ostream& operator<<(std::ostream& out, const Measures& measures);
+
+/// The size of rich text as fonts measure it: the font is set after the text.
+QSizeF DocumentSize(const QString& html, const QFont& font);

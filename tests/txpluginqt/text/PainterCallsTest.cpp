@@ -1,12 +1,12 @@
 // What a picture does not show: the calls that reach a paint engine, recorded on a device of the test's own.
 #include <cmath>
-#include <random>
 #include <vector>
 
 #include <QPainter>
 
 #include "ExpectedLabel.h"
 #include <tests/support/QuietTest.h>
+#include <tests/support/RandomSource.h>
 #include <tests/support/Recorder.h>
 
 using namespace TZObjects;
@@ -123,8 +123,7 @@ TEST_P(PainterCallsTest, EveryElementOfAPathReachesADeviceThatIsNoImage)
 TEST_P(PainterCallsTest, AnchorsAreAddedUpInTheirOrder)
 {
     // Transforms and points are compared to the last bit.
-    std::mt19937 random(11);
-    std::uniform_real_distribution<double> real(-3.0, 6.0);
+    RandomSource random(11);
     for (int i = 0; i < 300; ++i)
     {
         Label label;
@@ -134,7 +133,7 @@ TEST_P(PainterCallsTest, AnchorsAreAddedUpInTheirOrder)
         for (double Label::*const member :
              {&Label::x, &Label::y, &Label::left, &Label::right, &Label::top, &Label::dx, &Label::dy, &Label::scale,
               &Label::lineSpacing, &Label::columnSpacing, &Label::charSpacing})
-            label.*member = real(random);
+            label.*member = random.Real(-3.0, 6.0);
         ASSERT_EQ(CallsFor(label), DirectCallsFor(label)) << label;
     }
 }

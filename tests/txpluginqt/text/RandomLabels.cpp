@@ -6,16 +6,6 @@
 
 using namespace TZObjects;
 
-int RandomLabels::Int(int lowest, int highest)
-{
-    return lowest + static_cast<int>(engine() % static_cast<unsigned>(highest - lowest + 1));
-}
-
-double RandomLabels::Real(double lowest, double highest)
-{
-    return lowest + (highest - lowest) * (static_cast<double>(engine()) / 4294967295.0);
-}
-
 QColor RandomLabels::NextColor()
 {
     const int red = Int(0, 255);
@@ -29,17 +19,17 @@ FontChoice RandomLabels::NextFont()
     FontChoice font;
     font.family =
         OneOf<std::wstring>({L"DejaVu Sans", L"DejaVu Sans", L"DejaVu Serif", L"WenQuanYi Micro Hei", L"No Such Face"});
-    font.height = OneOf<int>({9, 12, 17, 24, 40});
+    font.height = OneOf({9, 12, 17, 24, 40});
     font.bold = Chance(30);
     font.italic = static_cast<TXFont::TXItalicMode>(Int(0, 2));
     font.underline = Chance(20);
     font.strikeOut = Chance(20);
-    font.letterSpacing = OneOf<double>({0.0, 0.0, 0.0, 2.5, -3.0, -30.0});
+    font.letterSpacing = OneOf({0.0, 0.0, 0.0, 2.5, -3.0, -30.0});
     font.halo = Chance(50);
-    font.haloWidth = OneOf<int>({1, 1, 2, 3, 7});
+    font.haloWidth = OneOf({1, 1, 2, 3, 7});
     const QColor color = NextColor();
     font.haloColor = TXColor(color.red(), color.green(), color.blue(), color.alpha());
-    font.angle = OneOf<int>({0, 30, 90, 180, -45, 359});
+    font.angle = OneOf({0, 30, 90, 180, -45, 359});
     return font;
 }
 
@@ -48,8 +38,8 @@ Label RandomLabels::NextLabel()
     Label label;
     label.text = OneOf(LabelTexts());
     label.font = NextFont();
-    label.vAlign = OneOf<int>({1, 2, 3, 0, 7});
-    label.hAlign = OneOf<int>({1, 1, 2, 2, 3, 3, 0, 7});
+    label.vAlign = OneOf({1, 2, 3, 0, 7});
+    label.hAlign = OneOf({1, 1, 2, 2, 3, 3, 0, 7});
     label.x = Real(0.0, 110.0);
     label.y = Real(0.0, 70.0);
     label.left = label.x + Real(-50.0, 20.0);
@@ -58,11 +48,11 @@ Label RandomLabels::NextLabel()
     label.bottom = label.y + Real(0.0, 50.0);
     label.dx = Real(-15.0, 15.0);
     label.dy = Real(-15.0, 15.0);
-    label.angle = OneOf<double>({0.0, 0.0, 30.0, 90.0, 180.0, 359.5, -45.0, 1e-17});
-    label.scale = OneOf<double>({0.5, 1.0, 1.0, 2.0});
-    label.lineSpacing = OneOf<double>({0.0, 3.5, -4.0, 12.0});
-    label.columnSpacing = OneOf<double>({0.0, 2.5, -3.0, 10.0});
-    label.charSpacing = OneOf<double>({0.0, 1.75, -2.0, 6.0});
+    label.angle = OneOf({0.0, 0.0, 30.0, 90.0, 180.0, 359.5, -45.0, 1e-17});
+    label.scale = OneOf({0.5, 1.0, 1.0, 2.0});
+    label.lineSpacing = OneOf({0.0, 3.5, -4.0, 12.0});
+    label.columnSpacing = OneOf({0.0, 2.5, -3.0, 10.0});
+    label.charSpacing = OneOf({0.0, 1.75, -2.0, 6.0});
     label.halo = Chance(50);
     const QColor color = NextColor();
     label.fill = TXColor(color.red(), color.green(), color.blue(), color.alpha());

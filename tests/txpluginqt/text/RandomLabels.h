@@ -1,18 +1,18 @@
 #pragma once
 
 #include <functional>
-#include <random>
-#include <vector>
 
 #include <QPainter>
 
+#include <tests/support/RandomSource.h>
+
 #include "Label.h"
 
-/// Makes the same labels and the same states of a painter for the same seed on every machine.
-class RandomLabels
+/// Random labels and states of a painter.
+class RandomLabels : private RandomSource
 {
 public:
-    explicit RandomLabels(unsigned seed) : engine(seed) {}
+    using RandomSource::RandomSource;
 
     /// A label with everything about it chosen at random.
     Label NextLabel();
@@ -22,15 +22,5 @@ public:
     std::function<void(QPainter&)> NextChange();
 
 private:
-    int Int(int lowest, int highest);
-    double Real(double lowest, double highest);
-    bool Chance(int percent) { return Int(1, 100) <= percent; }
-    template <class T>
-    const T& OneOf(const std::vector<T>& values)
-    {
-        return values[static_cast<std::size_t>(Int(0, static_cast<int>(values.size()) - 1))];
-    }
     FontChoice NextFont();
-
-    std::mt19937 engine;
 };

@@ -1,9 +1,9 @@
-#include <random>
 
 #include <QString>
 #include <QTextDocument>
 
 #include <gtest/gtest.h>
+#include <tests/support/RandomSource.h>
 #include <txpluginqt/text/RichTextDocument.h>
 
 using namespace txqt;
@@ -33,14 +33,13 @@ TEST(RichTextTest, RandomMixturesOfPiecesAreJudgedAsByQt)
 {
     const char* const pieces[] = {"<", ">", "/", "&",  "lt;", "&lt;", "<b>", "</b>",  "b",  "u",     "br",   "x",
                                   " ", "!", "?", "\n", "\t",  "doc",  "xml", "<?xml", "?>", "<!doc", "<!--", "="};
-    std::mt19937 random(7);
-    std::uniform_int_distribution<std::size_t> piece(0, std::size(pieces) - 1);
+    RandomSource random(7);
     int rich = 0;
     for (int i = 0; i < 20000; ++i)
     {
         QString text;
         for (int k = 0; k < i % 7; ++k)
-            text += QLatin1String(pieces[piece(random)]);
+            text += QLatin1String(random.OneOf(pieces));
         ASSERT_EQ(IsRichText(text), Qt::mightBeRichText(text)) << text.toStdString();
         rich += IsRichText(text);
     }

@@ -1,4 +1,3 @@
-#include <random>
 #include <vector>
 
 #include <QString>
@@ -8,6 +7,7 @@
 
 #include "NaiveTags.h"
 #include <tests/support/AllocationCount.h>
+#include <tests/support/RandomSource.h>
 
 using namespace txqt;
 
@@ -125,12 +125,12 @@ TEST(RichTextTagsTest, RandomMixturesOfPiecesAreRewrittenAsByAWalkOverTheText)
                                    "<ACp>"};
     for (const auto& [tag, html] : kTagsAndHtml)
         pieces.push_back(tag);
-    std::mt19937 engine(41);
+    RandomSource random(41);
     for (int i = 0; i < 20000; ++i)
     {
         QString text;
-        for (unsigned count = engine() % 14; count > 0; --count)
-            text += pieces[engine() % pieces.size()];
+        for (int count = random.Below(14); count > 0; --count)
+            text += random.OneOf(pieces);
         ASSERT_EQ(Converted(text), ConvertedNaively(text)) << text.toStdString();
     }
 }

@@ -18,7 +18,7 @@ class CairoClipLifeTest : public SurfaceTest
 protected:
     CairoClipLifeTest() : surface(TestEngine().NewGraphics())
     {
-        surface->SelectFont(::NewFont(Look()));
+        surface->SelectFont(::MakeFont(Look()));
         surface->SelectPen(::NewPen(Look()));
         surface->SelectImage(NewPaintedImage(100, 76));
         surface->EnableCairoDrawing(true);
@@ -35,11 +35,11 @@ protected:
             direct.Select(Look());
             if (clip)
                 ClipDirectly(direct, *clip);
-            kPointEntry.expect(direct, WideLabel(), Look());
+            DrawDirectly(direct, Entry::StringAt, WideLabel(), Look());
         }
         if (InkedPixels(expected) == 0)
             return ::testing::AssertionFailure() << "nothing was expected to be drawn";
-        if (!kPointEntry.draw(*surface, WideLabel()))
+        if (!::Draw(*surface, Entry::StringAt, WideLabel()))
             return ::testing::AssertionFailure() << "the label was refused";
         return SamePixels(PixelsOf(image), expected);
     }
@@ -226,7 +226,7 @@ TEST_F(CairoClipLifeTest, SettingAndLiftingItKeepTheContext)
     surface->EnableCairoDrawing(false);
     surface->EnableCairoDrawing(true);
     surface->GetImage()->Fill(TXColor::WHITE_);
-    EXPECT_TRUE(kPointEntry.draw(*surface, WideLabel()));
+    EXPECT_TRUE(::Draw(*surface, Entry::StringAt, WideLabel()));
     EXPECT_FALSE(PixelsOf(*surface->GetImage()) == regular) << "the weight does not show";
 }
 

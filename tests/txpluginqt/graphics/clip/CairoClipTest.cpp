@@ -11,13 +11,13 @@ namespace
 
 constexpr TXImage::Format kFormats[] = {TXImage::Format_ARGB32, TXImage::Format_ARGB32_Premultiplied};
 
-LabelCall SomeLabel(Random& random)
+ShortLabel SomeLabel(Random& random)
 {
-    LabelCall call;
-    call.ox = random.Real(-10.0, 50.0);
-    call.oy = random.Real(-10.0, 50.0);
-    call.left = random.Real(-5.0, 20.0);
-    call.top = random.Real(-5.0, 20.0);
+    ShortLabel call;
+    call.x = random.Real(-10.0, 50.0);
+    call.y = random.Real(-10.0, 50.0);
+    call.left = call.dx = random.Real(-5.0, 20.0);
+    call.top = call.dy = random.Real(-5.0, 20.0);
     call.text = random.Chance(50) ? L"Hamburg" : L"Ham\nburgo";
     call.angle = random.Chance(50) ? 0.0 : random.Real(-90.0, 90.0);
     call.scale = random.Real(0.7, 2.0);
@@ -32,7 +32,7 @@ Look SomeLook(Random& random)
     look.bold = random.Chance(50);
     look.halo = random.Chance(30);
     look.underline = random.Chance(30);
-    look.spacing = random.Chance(40) ? -3.0 : 0.0;
+    look.letterSpacing = random.Chance(40) ? -3.0 : 0.0;
     look.pen = random.Color();
     return look;
 }
@@ -60,7 +60,7 @@ protected:
         else if (kind <= 65)
             twins.Flood();
         else
-            twins.Label(SomeLabel(random), kEntries[random.Int(0, 7)]);
+            twins.Label(SomeLabel(random), random.OneOf(kAllEntries));
     }
 
     /// What a label looks like on white, with a clip or without.
@@ -71,7 +71,7 @@ protected:
         DirectCairo direct(image, DirectCairo::Switched);
         direct.Select(Look());
         clip(direct);
-        kPointEntry.expect(direct, WideLabel(), Look());
+        DrawDirectly(direct, Entry::StringAt, WideLabel(), Look());
         return image;
     }
 };
@@ -88,7 +88,7 @@ TEST_F(CairoClipTest, LabelsAreClippedAsDirectCairoDoes)
             const Rings region = SomeRegion(random);
             twins.Clip(region);
             ASSERT_TRUE(twins.Untouched());
-            twins.Label(SomeLabel(random), kEntries[random.Int(0, 7)]);
+            twins.Label(SomeLabel(random), random.OneOf(kAllEntries));
             ASSERT_TRUE(twins.Same()) << "format " << format << ", case " << i;
             inked += !twins.Untouched();
         }
@@ -122,7 +122,7 @@ TEST_F(CairoClipTest, IsNotRoundedForLabels)
     TextTwins twins;
     twins.Actual().fill(Qt::white);
     Clip(twins.Surface(), region);
-    EXPECT_TRUE(kPointEntry.draw(twins.Surface(), WideLabel()));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, WideLabel()));
     EXPECT_TRUE(SamePixels(twins.Actual(), exact));
     EXPECT_EQ(twins.SurfacePainter().clipPath(), RoundedPath(rounded));
 }
@@ -136,13 +136,13 @@ TEST_F(CairoClipTest, IsReplacedForShapesAndNarrowedForLabels)
     Clip(twins.Surface(), first);
     Clip(twins.Surface(), second);
     EXPECT_EQ(twins.SurfacePainter().clipPath(), RoundedPath(second));
-    EXPECT_TRUE(kPointEntry.draw(twins.Surface(), WideLabel()));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, WideLabel()));
     EXPECT_TRUE(
         SamePixels(twins.Actual(), Picture([&](cairo_t* context) { ClipDirectly(context, Box(40, 10, 60, 50)); })));
 
     twins.Surface().RestoreClipRegion();
     twins.Actual().fill(Qt::white);
-    EXPECT_TRUE(kPointEntry.draw(twins.Surface(), WideLabel()));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, WideLabel()));
     EXPECT_TRUE(SamePixels(twins.Actual(), Picture([](cairo_t*) {})));
 }
 
@@ -165,9 +165,9 @@ TEST_F(CairoClipTest, ByAGradientDoesNotConcernLabels)
 TEST_F(CairoClipTest, IsOddEvenForLabelsWhoseOwnGlyphsAreNot)
 {
     Look look;
-    look.spacing = -8.0;
+    look.letterSpacing = -8.0;
     look.bold = true;
-    LabelCall call = WideLabel();
+    ShortLabel call = WideLabel();
     call.scale = 1.7;
     Rings region = Box(5, 5, 80, 70);
     region.Add(Box(20, 15, 95, 50).points);
@@ -181,14 +181,14 @@ TEST_F(CairoClipTest, IsOddEvenForLabelsWhoseOwnGlyphsAreNot)
     TextTwins otherGlyphs(TXImage::Format_ARGB32_Premultiplied, look);
     ClipDirectly(otherGlyphs.DirectContext(), region);
     cairo_set_fill_rule(otherGlyphs.DirectContext(), CAIRO_FILL_RULE_EVEN_ODD);
-    kPointEntry.expect(otherGlyphs.DirectContext(), call, look);
+    DrawDirectly(otherGlyphs.DirectContext(), Entry::StringAt, call, look);
     EXPECT_FALSE(otherGlyphs.Expected() == twins.Actual());
 
     TextTwins otherRegion(TXImage::Format_ARGB32_Premultiplied, look);
     cairo_rectangle(otherRegion.DirectContext(), 5, 5, 75, 65);
     cairo_rectangle(otherRegion.DirectContext(), 20, 15, 75, 35);
     cairo_clip(otherRegion.DirectContext());
-    kPointEntry.expect(otherRegion.DirectContext(), call, look);
+    DrawDirectly(otherRegion.DirectContext(), Entry::StringAt, call, look);
     EXPECT_FALSE(otherRegion.Expected() == twins.Actual());
 }
 
@@ -263,12 +263,12 @@ TEST_F(CairoClipTest, FillsCoverTheLabelsBeforeAndLieUnderThoseAfter)
         {
             twins.Label();
             twins.Clip(Box(5, 5, 90, 60), true, TXColor(200, 10, 90, 120));
-            twins.Label(WideLabel(), kVerticalEntry);
+            twins.Label(WideLabel(), Entry::VerticalAt);
             twins.Clip(Box(20, 15, 95, 70), gradient);
             twins.Label();
             EXPECT_TRUE(twins.SameAndInked()) << format;
             twins.RestoreClip();
-            twins.Label(WideLabel(), kOutlineEntry);
+            twins.Label(WideLabel(), Entry::OutlineAt);
             EXPECT_TRUE(twins.SameAndInked()) << format;
         }
     }
@@ -276,14 +276,14 @@ TEST_F(CairoClipTest, FillsCoverTheLabelsBeforeAndLieUnderThoseAfter)
 
 TEST_F(CairoClipTest, FollowsEveryKindOfLabel)
 {
-    for (const Entry& entry : kEntries)
+    for (const Entry entry : kAllEntries)
     {
         Look look;
         look.underline = look.strikeOut = look.halo = true;
         TextTwins twins(TXImage::Format_ARGB32_Premultiplied, look);
         for (const TXString text : {L"Hag", L"", L"\n\n", L" \n", L"Hag"})
         {
-            LabelCall call = WideLabel();
+            ShortLabel call = WideLabel();
             call.text = text;
             twins.Label(call, entry);
             twins.Clip(Box(4.3, 2.6, 70.5, 60.5));

@@ -1,6 +1,4 @@
-#include <QPicture>
-
-#include <tests/txpluginqt/graphics/SurfaceTest.h>
+#include <tests/txpluginqt/graphics/RecordingTest.h>
 
 #include "ClipRegion.h"
 
@@ -9,23 +7,10 @@ using namespace TZObjects;
 namespace
 {
 
-/// A surface that records into a picture through an outside painter, and a painter that records beside it. A picture
-/// holds every call, so that nothing can be done in another order, or left out, unseen.
-class ClipPictureTest : public SurfaceTest
+/// A picture holds every call, so that nothing can be done in another order, or left out, unseen.
+class ClipPictureTest : public RecordingTest
 {
 protected:
-    ClipPictureTest() : surface(TestEngine().NewGraphics()), recording(&recorded), directly(&direct)
-    {
-        surface->Attach(&recording);
-        for (QPainter* const painter : {&recording, &directly})
-        {
-            painter->setPen(QPen(QColor(20, 60, 140, 200), 2.5));
-            painter->setBrush(QColor(230, 170, 40, 150));
-        }
-    }
-
-    ~ClipPictureTest() override { surface->Detach(); }
-
     void Clip(const Rings& region, bool fill, const TXColor& color)
     {
         ::Clip(*surface, region, fill, color);
@@ -53,19 +38,11 @@ protected:
     /// True when both pictures hold the same calls. Ends both recordings.
     bool SameRecord()
     {
-        surface->Detach();
-        recording.end();
-        directly.end();
+        End();
         return recorded.size() == direct.size() && recorded.size() > 0 &&
                QByteArray(recorded.data(), static_cast<int>(recorded.size())) ==
                    QByteArray(direct.data(), static_cast<int>(direct.size()));
     }
-
-    TXRefPtr<TXGraphics> surface;
-    QPicture recorded;
-    QPicture direct;
-    QPainter recording;
-    QPainter directly;
 };
 
 TEST_F(ClipPictureTest, HoldsTheClipAndItsFill)

@@ -142,7 +142,7 @@ TEST_F(ClipRefusalTest, OfNoCoordinateAsFarAsAMillionMillion)
                 }
                 Clip(twins.Surface(), region, true, TXColor(1, 2, 3, 200));
                 EXPECT_TRUE(twins.SurfacePainter().hasClipping());
-                kPointEntry.draw(twins.Surface(), WideLabel());
+                ::Draw(twins.Surface(), Entry::StringAt, WideLabel());
                 twins.Surface().fillRect(TXRect(0, 90, 0, 90), TXColor(1, 2, 3, 200));
                 twins.Surface().RestoreClipRegion();
                 // Whatever that drew, drawing goes on as ever.

@@ -38,10 +38,10 @@ void TextTwins::RestoreClip()
     cairo_reset_clip(twins.Direct());
 }
 
-void TextTwins::Label(const LabelCall& call, const Entry& entry)
+void TextTwins::Label(const ShortLabel& call, Entry entry)
 {
-    EXPECT_TRUE(entry.draw(Surface(), call)) << entry << ": " << call;
-    entry.expect(twins.Direct(), call, look);
+    EXPECT_TRUE(::Draw(Surface(), entry, call)) << entry << ", " << look;
+    DrawDirectly(twins.Direct(), entry, call, look);
 }
 
 void TextTwins::Label() { Label(WideLabel()); }
@@ -64,11 +64,11 @@ void TextTwins::Flood()
     return same ? twins.SameAndInked() : same;
 }
 
-LabelCall WideLabel()
+ShortLabel WideLabel()
 {
-    LabelCall call;
-    call.ox = 2.25;
-    call.oy = 1.5;
+    ShortLabel call;
+    call.x = 2.25;
+    call.y = 1.5;
     call.text = L"HMWHMW\nWMHWMH\nHMWHMW";
     return call;
 }

@@ -3,7 +3,7 @@
 #include <QPainter>
 
 #include <tests/support/PainterState.h>
-#include <tests/txpluginqt/text/cairo/Entries.h>
+#include <tests/txpluginqt/text/cairo/ShortLabel.h>
 
 #include "ClipRegion.h"
 
@@ -27,7 +27,7 @@ public:
     /// Clips without filling the region.
     void Clip(const Rings& region);
     void RestoreClip();
-    void Label(const LabelCall& call, const Entry& entry = kPointEntry);
+    void Label(const ShortLabel& call, Entry entry = Entry::StringAt);
     /// A label of two lines over most of the images.
     void Label();
     /// A translucent fill over all of the images.
@@ -56,4 +56,4 @@ private:
 };
 
 /// A label of two lines over most of the images of a `TextTwins`.
-LabelCall WideLabel();
+ShortLabel WideLabel();

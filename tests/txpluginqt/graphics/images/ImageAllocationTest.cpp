@@ -25,15 +25,6 @@ protected:
         return NewImageOf(pixels);
     }
 
-    static Allocations Of(const std::function<void()>& draw)
-    {
-        for (int i = 0; i < 3; ++i)
-            draw();
-        const AllocationCounter counter;
-        draw();
-        return counter.SoFar();
-    }
-
     /// Every way of drawing the image, or a part of it, unscaled.
     static std::vector<Allocations> OfUnscaledCalls(TXGraphics& surface, TXImage& image)
     {
@@ -52,7 +43,7 @@ protected:
         };
         std::vector<Allocations> allocations;
         for (const auto& call : calls)
-            allocations.push_back(Of([&] { EXPECT_TRUE(call()); }));
+            allocations.push_back(AllocationsOf([&] { EXPECT_TRUE(call()); }));
         return allocations;
     }
 };
@@ -64,9 +55,11 @@ TEST_F(ImageAllocationTest, AWholeImageTakesNothing)
     twins.SurfacePainter().setRenderHint(QPainter::Antialiasing, false);
     const TXRect whole(0, 100, 0, 80);
     const TXRect moved(20, 120, 10, 90);
-    EXPECT_EQ(Of([&] { EXPECT_TRUE(twins.Surface().DrawImage(source.get(), 0.5)); }).count, 0u);
-    EXPECT_EQ(Of([&] { EXPECT_TRUE(twins.Surface().DrawImage(whole, source.get(), whole, 0.5)); }).count, 0u);
-    EXPECT_EQ(Of([&] { EXPECT_TRUE(twins.Surface().DrawImage(moved, source.get(), whole, 0.5)); }).count, 0u);
+    EXPECT_EQ(AllocationsOf([&] { EXPECT_TRUE(twins.Surface().DrawImage(source.get(), 0.5)); }).count, 0u);
+    EXPECT_EQ(AllocationsOf([&] { EXPECT_TRUE(twins.Surface().DrawImage(whole, source.get(), whole, 0.5)); }).count,
+              0u);
+    EXPECT_EQ(AllocationsOf([&] { EXPECT_TRUE(twins.Surface().DrawImage(moved, source.get(), whole, 0.5)); }).count,
+              0u);
 }
 
 TEST_F(ImageAllocationTest, ARotatedImageTakesWhatQtTakes)
@@ -75,7 +68,7 @@ TEST_F(ImageAllocationTest, ARotatedImageTakesWhatQtTakes)
     Twins twins(160, 120);
     const TXRect whole(0, 100, 0, 80);
     const TXRect moved(20, 120, 10, 90);
-    const Allocations direct = Of(
+    const Allocations direct = AllocationsOf(
         [&]
         {
             twins.SurfacePainter().save();
@@ -87,8 +80,8 @@ TEST_F(ImageAllocationTest, ARotatedImageTakesWhatQtTakes)
         });
     for (const TXRect& dst : {whole, moved})
     {
-        const Allocations surface =
-            Of([&] { EXPECT_TRUE(twins.Surface().DrawImage4BitmapRotate(dst, source.get(), whole, 30.0, 1.0)); });
+        const Allocations surface = AllocationsOf(
+            [&] { EXPECT_TRUE(twins.Surface().DrawImage4BitmapRotate(dst, source.get(), whole, 30.0, 1.0)); });
         EXPECT_LE(surface.count, direct.count);
         EXPECT_LE(surface.bytes, direct.bytes);
     }
@@ -131,7 +124,7 @@ TEST_F(ImageAllocationTest, AWholeLayerThatIsStillPaintedIsScaledWithoutACopy)
     Twins twins(160, 120);
     const TXRect whole(0, kSide, 0, kSide);
     const TXRect small(20, 120, 10, 60);
-    EXPECT_LT(Of([&] { EXPECT_TRUE(twins.Surface().DrawImage(small, image.get(), whole, 0.5)); }).bytes,
+    EXPECT_LT(AllocationsOf([&] { EXPECT_TRUE(twins.Surface().DrawImage(small, image.get(), whole, 0.5)); }).bytes,
               160u * 120u * 4u * 2u);
 }
 
@@ -143,8 +136,9 @@ TEST_F(ImageAllocationTest, ScalingTakesTheSizeThatIsDrawn)
     // is taken for the whole image.
     for (const TXRect& part : {TXRect(700, 900, 900, 1100), TXRect(700, 720, 900, 920)})
         EXPECT_LT(
-            Of([&]
-               { EXPECT_TRUE(twins.Surface().DrawImage(TXRect(-5000, 5000, -5000, 5000), source.get(), part, 1.0)); })
+            AllocationsOf(
+                [&]
+                { EXPECT_TRUE(twins.Surface().DrawImage(TXRect(-5000, 5000, -5000, 5000), source.get(), part, 1.0)); })
                 .bytes,
             160u * 120u * 4u * 2u);
 }
@@ -156,10 +150,16 @@ TEST_F(ImageAllocationTest, WhatIsRefusedOrOutsideTakesNothing)
     TXGraphics& surface = twins.Surface();
     const TXRect dst(10, 60, 10, 60);
     const TXRect huge(-1e6, 1e6, -1e6, 1e6);
-    EXPECT_EQ(Of([&] { EXPECT_FALSE(surface.DrawImage(dst, source.get(), huge, 1.0)); }).count, 0u);
-    EXPECT_EQ(Of([&] { EXPECT_FALSE(surface.DrawImage4BitmapRotate(dst, source.get(), huge, 9.0, 1.0)); }).count, 0u);
-    EXPECT_EQ(Of([&] { EXPECT_TRUE(surface.DrawImage(TXRect(500, 600, 0, 50), source.get(), huge, 1.0)); }).count, 0u);
-    EXPECT_EQ(Of([&] { EXPECT_FALSE(surface.DrawImage(TXRect(-50, 0, 0, 50), source.get(), huge, 1.0)); }).count, 0u);
+    EXPECT_EQ(AllocationsOf([&] { EXPECT_FALSE(surface.DrawImage(dst, source.get(), huge, 1.0)); }).count, 0u);
+    EXPECT_EQ(
+        AllocationsOf([&] { EXPECT_FALSE(surface.DrawImage4BitmapRotate(dst, source.get(), huge, 9.0, 1.0)); }).count,
+        0u);
+    EXPECT_EQ(
+        AllocationsOf([&] { EXPECT_TRUE(surface.DrawImage(TXRect(500, 600, 0, 50), source.get(), huge, 1.0)); }).count,
+        0u);
+    EXPECT_EQ(
+        AllocationsOf([&] { EXPECT_FALSE(surface.DrawImage(TXRect(-50, 0, 0, 50), source.get(), huge, 1.0)); }).count,
+        0u);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
-#include <random>
-
 #include <gtest/gtest.h>
+#include <tests/support/RandomSource.h>
 #include <txpluginqt/graphics/ImagePlacement.h>
 
 using TZObjects::TXRect;
@@ -16,12 +15,12 @@ constexpr QSize kTarget(100, 80);
 class Numbers
 {
 public:
-    explicit Numbers(unsigned seed) : engine(seed) {}
+    explicit Numbers(unsigned seed) : random(seed) {}
 
     double Next(double lowest, double highest)
     {
-        const double value = lowest + (highest - lowest) * (static_cast<double>(engine()) / 4294967295.0);
-        return engine() % 2 ? value : static_cast<int>(value / 10.0) * 10.0;
+        const double value = random.Real(lowest, highest);
+        return random.Below(2) ? value : static_cast<int>(value / 10.0) * 10.0;
     }
 
     TXRect NextRect(double width, double height)
@@ -33,7 +32,7 @@ public:
     }
 
 private:
-    std::mt19937 engine;
+    RandomSource random;
 };
 
 void ExpectRect(const TXRect& actual, const TXRect& expected)

@@ -85,15 +85,14 @@ QImage& PixelsOf(const TXRefPtr<TXImage>& image) { return *static_cast<QImage*>(
 
 } // namespace
 
-RandomSource SomeSource(Random& random)
+SourceImage SomeSource(Random& random)
 {
-    const std::vector<QImage::Format> formats = DrawnFormats();
-    const auto format = formats[static_cast<std::size_t>(random.Int(0, static_cast<int>(formats.size()) - 1))];
+    const QImage::Format format = random.OneOf(DrawnFormats());
     const auto number = static_cast<TXImage::Format>(static_cast<int>(format));
     const int width = random.Chance(10) ? 1 : random.Int(2, 70);
     const int height = random.Chance(10) ? 1 : random.Int(2, 60);
     const QImage picture = Picture(width, height, format);
-    RandomSource source{TestEngine().NewImage(), {}};
+    SourceImage source{TestEngine().NewImage(), {}};
     // The interface takes no later format over a caller's memory.
     if (random.Chance(25) && format <= QImage::Format_A2RGB30_Premultiplied)
     {
@@ -115,7 +114,7 @@ double SomeOpacity(Random& random)
 {
     constexpr double opacities[] = {0.0,  0.5,    1.0, 1.0, 1.0, 2.0, -1.0, std::numeric_limits<double>::quiet_NaN(),
                                     1e-3, 0.99999};
-    return random.Chance(45) ? opacities[random.Int(0, 9)] : random.Real(0.0, 1.0);
+    return random.Chance(45) ? random.OneOf(opacities) : random.Real(0.0, 1.0);
 }
 
 ImageCall SomeCall(Random& random, const QSize& target, const QSize& source)

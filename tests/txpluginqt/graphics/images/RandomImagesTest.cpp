@@ -76,7 +76,7 @@ protected:
             const bool attached = random.Chance(30);
             const TXRefPtr<TXGraphics> other = attached ? AttachedSurface(random, twins) : TXRefPtr<TXGraphics>();
             TXGraphics& surface = attached ? *other : twins.Surface();
-            const RandomSource source = SomeSource(random);
+            const SourceImage source = SomeSource(random);
             ways.Note(DrawOne({random, twins, surface, *source.image, PixelsOf(*surface.GetImage()).size()}, draw));
             if (attached)
             {

@@ -15,13 +15,13 @@ constexpr int kCasesOfAKind = 200;
 double SomeHeight(Random& random)
 {
     constexpr double heights[] = {0.0, -3.0, 0.99, 1.5, 2.5, 9.49, 9.5, 10.0, 12.0, 14.49, 14.5, 14.99, 15.0, 64.5};
-    return random.Chance(50) ? heights[random.Int(0, 13)] : random.Real(4.0, 60.0);
+    return random.Chance(50) ? random.OneOf(heights) : random.Real(4.0, 60.0);
 }
 
 double SomeAngle(Random& random)
 {
     constexpr double angles[] = {0.0, 1e-9, 0.5, 0.99, 1.0, 1.5, 90.0, -30.0, 360.0, 1e6};
-    return random.Chance(60) ? angles[random.Int(0, 9)] : random.Real(-400.0, 400.0);
+    return random.Chance(60) ? random.OneOf(angles) : random.Real(-400.0, 400.0);
 }
 
 short SomeCharacter(Random& random)
@@ -36,22 +36,22 @@ short SomeCharacter(Random& random)
         return static_cast<short>(random.Int(0x4E00, 0x6000));
     if (kind <= 88)
         return static_cast<short>(random.Int(0xD700, 0xFFFF));
-    return static_cast<short>(units[random.Int(0, 11)]);
+    return static_cast<short>(random.OneOf(units));
 }
 
-constexpr const char* kFamilies[] = {"DejaVu Sans", "DejaVu Sans Mono", "DejaVu Serif", "WenQuanYi Micro Hei",
-                                     "No Such Face"};
+constexpr const wchar_t* kFamilies[] = {L"DejaVu Sans", L"DejaVu Sans Mono", L"DejaVu Serif", L"WenQuanYi Micro Hei",
+                                        L"No Such Face"};
 
 Look SomeLook(Random& random)
 {
     Look look;
-    look.family = kFamilies[random.Int(0, 4)];
+    look.family = random.OneOf(kFamilies);
     look.height = random.Int(5, 40);
     look.bold = random.Chance(40);
-    look.italics = static_cast<TXFont::TXItalicMode>(random.Int(0, 2));
+    look.italic = static_cast<TXFont::TXItalicMode>(random.Int(0, 2));
     look.underline = random.Chance(20);
     look.halo = random.Chance(20);
-    look.spacing = random.Chance(20) ? 3.5 : 0.0;
+    look.letterSpacing = random.Chance(20) ? 3.5 : 0.0;
     look.pen = random.Color();
     return look;
 }
@@ -64,12 +64,12 @@ CharacterSymbol SomeSymbol(Random& random)
     symbol.width = random.Real(-5.0, 50.0);
     symbol.height = SomeHeight(random);
     symbol.angle = SomeAngle(random);
-    symbol.fontName = random.Chance(5) ? L"" : QString(kFamilies[random.Int(0, 4)]).toStdWString();
+    symbol.fontName = random.Chance(5) ? L"" : random.OneOf(kFamilies);
     symbol.character = SomeCharacter(random);
     return symbol;
 }
 
-class CairoFontMarkerRandomTest : public SilentTest
+class CairoFontMarkerRandomTest : public QuietTest
 {
 };
 

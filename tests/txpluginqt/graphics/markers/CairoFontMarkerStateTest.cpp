@@ -15,8 +15,8 @@ TEST_F(CairoFontMarkerTest, TheFaceIsItalicAndBoldAsTheFontIs)
         for (const auto italics : {TXFont::ItalicNone, TXFont::ItalicFace, TXFont::ItalicSlant})
         {
             look.bold = bold;
-            look.italics = italics;
-            look.family = "DejaVu Serif";
+            look.italic = italics;
+            look.family = L"DejaVu Serif";
             Select(look);
             symbol.fontName = L"DejaVu Sans";
             EXPECT_TRUE(SameAsDirect());
@@ -28,7 +28,7 @@ TEST_F(CairoFontMarkerTest, TheFaceIsSelectedAnewOnlyForAnotherName)
 {
     // What became of the font since it was selected shows with the next name.
     look.bold = true;
-    look.italics = TXFont::ItalicFace;
+    look.italic = TXFont::ItalicFace;
     twins.Font().SetFontBold(true);
     twins.Font().SetFontItalic(true);
     EXPECT_TRUE(SameAsDirect());
@@ -92,7 +92,7 @@ TEST_F(CairoFontMarkerTest, ChangesOnlyTheNameOfTheFont)
     look.strikeOut = true;
     look.halo = true;
     look.haloWidth = 4;
-    look.spacing = 2.5;
+    look.letterSpacing = 2.5;
     look.angle = 33;
     Select(look);
     TXFont& font = twins.Font();
@@ -125,7 +125,7 @@ TEST_F(CairoFontMarkerTest, WithoutAContextTheAnswerIsTrueAndNothingIsDrawn)
         const TXRefPtr<TXGraphics> surface = TestEngine().NewGraphics();
         surface->EnableCairoDrawing(true);
         EXPECT_TRUE(Draw(*surface, symbol)) << "without an image";
-        surface->SelectFont(NewFont(look));
+        surface->SelectFont(MakeFont(look));
         surface->SelectImage(image);
         symbol.fontName = L"DejaVu Serif";
         EXPECT_TRUE(Draw(*surface, symbol));

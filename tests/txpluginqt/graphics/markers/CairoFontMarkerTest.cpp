@@ -125,7 +125,7 @@ TEST_F(CairoFontMarkerTest, WithoutAPenItIsBlack)
     const TXRefPtr<TXImage> image = NewImage(200, 140, TXImage::Format_ARGB32_Premultiplied);
     const TXRefPtr<TXGraphics> surface = TestEngine().NewGraphics(painted.get());
     ASSERT_FALSE(surface->GetPen());
-    surface->SelectFont(NewFont(Look()));
+    surface->SelectFont(MakeFont(Look()));
     surface->SelectImage(image);
     surface->EnableCairoDrawing(true);
     auto& pixels = *static_cast<QImage*>(image->GetInternalObject());

@@ -3,7 +3,7 @@
 #include "CairoSymbols.h"
 
 /// A test that draws characters as markers through cairo, and the same directly.
-class CairoFontMarkerTest : public SilentTest
+class CairoFontMarkerTest : public QuietTest
 {
 protected:
     ::testing::AssertionResult SameAsDirect()

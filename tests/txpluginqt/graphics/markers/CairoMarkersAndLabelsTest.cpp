@@ -1,6 +1,6 @@
 // Markers and labels through cairo on one surface: each sees what the one before has left.
 #include <tests/txpluginqt/graphics/RandomCases.h>
-#include <tests/txpluginqt/text/cairo/Entries.h>
+#include <tests/txpluginqt/text/cairo/ShortLabel.h>
 
 #include "CairoSpy.h"
 #include "CairoSymbols.h"
@@ -10,26 +10,26 @@ using namespace TZObjects;
 namespace
 {
 
-class CairoMarkersAndLabelsTest : public SilentTest
+class CairoMarkersAndLabelsTest : public QuietTest
 {
 protected:
-    void DrawLabel(const Entry& entry)
+    void DrawLabel(Entry entry)
     {
-        EXPECT_TRUE(entry.draw(twins.Surface(), call)) << entry;
-        entry.expect(twins.Direct(), call, look);
+        EXPECT_TRUE(::Draw(twins.Surface(), entry, call)) << entry;
+        DrawDirectly(twins.Direct(), entry, call, look);
     }
 
     Look look;
     CairoMarkerTwins twins;
     CharacterSymbol symbol;
-    LabelCall call;
+    ShortLabel call;
 };
 
 TEST_F(CairoMarkersAndLabelsTest, ALabelAfterAFontMarkerHasItsFaceAndTheFontsSize)
 {
     symbol.fontName = L"DejaVu Serif";
     symbol.height = 41.0;
-    for (const Entry& entry : kEntries)
+    for (const Entry entry : kAllEntries)
     {
         twins.Select(look);
         twins.Wipe();
@@ -50,12 +50,12 @@ TEST_F(CairoMarkersAndLabelsTest, AreTurnedByTheAngleTimesPiThroughADivisionBy18
         differing += radians != angle * (3.141592653589793 / 180);
         call.angle = symbol.angle = angle + 1.0;
         const double expected = call.angle * 3.141592653589793 / 180;
-        for (const Entry& entry : kEntries)
+        for (const Entry entry : kAllEntries)
         {
             // This one is turned by whole degrees.
-            if (&entry == &kFontAngleEntry)
+            if (entry == Entry::StringByFontAngle)
                 continue;
-            EXPECT_TRUE(entry.draw(twins.Surface(), call));
+            EXPECT_TRUE(::Draw(twins.Surface(), entry, call));
             EXPECT_EQ(LastRotation(), expected) << entry;
         }
         EXPECT_TRUE(twins.Surface().FontMarker(symbol.x, symbol.y, symbol.width, symbol.height, symbol.angle,
@@ -75,9 +75,9 @@ TEST_F(CairoMarkersAndLabelsTest, InAnyOrderAreDrawnAsCairoDrawsThem)
         symbol.y = random.Real(10.0, 130.0);
         symbol.angle = call.angle = random.Real(-90.0, 90.0);
         symbol.height = random.Real(7.0, 30.0);
-        symbol.fontName = families[random.Int(0, 3)];
+        symbol.fontName = random.OneOf(families);
         symbol.character = static_cast<short>(random.Chance(10) ? 0xD800 : random.Int(0x25A0, 0x25CF));
-        call.ox = random.Real(10.0, 150.0);
+        call.x = random.Real(10.0, 150.0);
         if (random.Chance(10))
         {
             look.bold = !look.bold;
@@ -85,7 +85,7 @@ TEST_F(CairoMarkersAndLabelsTest, InAnyOrderAreDrawnAsCairoDrawsThem)
             twins.Select(look);
         }
         if (random.Chance(40))
-            DrawLabel(kEntries[random.Int(0, 7)]);
+            DrawLabel(random.OneOf(kAllEntries));
         else
             EXPECT_TRUE(twins.Draw(symbol, look)) << symbol;
         ASSERT_TRUE(twins.Same()) << "step " << i;
@@ -101,27 +101,27 @@ TEST_F(CairoMarkersAndLabelsTest, WhatAMarkerThroughQtLeftIsTheFontOfLabelsThrou
     EXPECT_TRUE(Draw(twins.Surface(), symbol));
     twins.Surface().EnableCairoDrawing(true);
     twins.Wipe();
-    look.family = "DejaVu Serif";
+    look.family = L"DejaVu Serif";
     look.height = 31;
-    cairo_select_font_face(twins.Direct(), look.family, CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
-    DrawLabel(kPointEntry);
+    cairo_select_font_face(twins.Direct(), "DejaVu Serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+    DrawLabel(Entry::StringAt);
     EXPECT_TRUE(twins.SameAndInked());
 }
 
 TEST_F(CairoMarkersAndLabelsTest, WhatAMarkerWithoutAContextLeftIsTheFaceOfLabelsOnceThereIsOne)
 {
     const TXRefPtr<TXGraphics> surface = TestEngine().NewGraphics();
-    surface->SelectFont(NewFont(look));
+    surface->SelectFont(MakeFont(look));
     surface->SelectPen(NewPen(look));
     surface->EnableCairoDrawing(true);
     symbol.fontName = L"DejaVu Serif";
     EXPECT_TRUE(Draw(*surface, symbol));
-    look.family = "DejaVu Serif";
+    look.family = L"DejaVu Serif";
     CairoMarkerTwins others(look, TXImage::Format_ARGB32_Premultiplied, DirectCairo::Selected);
     others.Surface().SelectImage(nullptr);
     surface->SelectImage(&others.Image());
-    EXPECT_TRUE(kPointEntry.draw(*surface, call));
-    kPointEntry.expect(others.Direct(), call, look);
+    EXPECT_TRUE(::Draw(*surface, Entry::StringAt, call));
+    DrawDirectly(others.Direct(), Entry::StringAt, call, look);
     EXPECT_TRUE(others.SameAndInked());
     surface->SelectImage(nullptr);
 }

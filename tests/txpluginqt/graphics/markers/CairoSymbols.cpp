@@ -134,7 +134,7 @@ void CairoMarkerTwins::SelectDirectly(const CharacterSymbol& symbol, const Look&
         return;
     const std::string name = QString::fromStdWString(symbol.fontName).toStdString();
     cairo_select_font_face(Direct(), name.c_str(),
-                           look.italics == TXFont::ItalicNone ? CAIRO_FONT_SLANT_NORMAL : CAIRO_FONT_SLANT_ITALIC,
+                           look.italic == TXFont::ItalicNone ? CAIRO_FONT_SLANT_NORMAL : CAIRO_FONT_SLANT_ITALIC,
                            look.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
 }
 

@@ -1,7 +1,7 @@
 // A marker that is a character waits for a label of the same surface while cairo draws, and never while Qt does.
 #include <tests/txpluginqt/cairo/FontDouble.h>
 #include <tests/txpluginqt/cairo/OtherThread.h>
-#include <tests/txpluginqt/text/cairo/Entries.h>
+#include <tests/txpluginqt/text/cairo/ShortLabel.h>
 
 #include "CairoSymbols.h"
 
@@ -31,7 +31,7 @@ public:
     mutable Gate beingNamed;
 };
 
-class FontMarkerLockTest : public SilentTest
+class FontMarkerLockTest : public QuietTest
 {
 protected:
     FontMarkerLockTest()
@@ -50,20 +50,20 @@ protected:
     }
     auto Label()
     {
-        return [this] { return kPointEntry.draw(twins.Surface(), call); };
+        return [this] { return ::Draw(twins.Surface(), Entry::StringAt, call); };
     }
     void ExpectMarker()
     {
         twins.SelectDirectly(symbol, Look());
         ::DrawDirectly(twins.Direct(), symbol, Look().pen);
     }
-    void ExpectLabel() { kPointEntry.expect(twins.Direct(), call, Look()); }
+    void ExpectLabel() { DrawDirectly(twins.Direct(), Entry::StringAt, call, Look()); }
 
     CairoMarkerTwins twins;
-    TXRefPtr<GatedFont> font{new GatedFont(NewFont(Look()))};
+    TXRefPtr<GatedFont> font{new GatedFont(MakeFont(Look()))};
     Gate label;
     CharacterSymbol symbol;
-    LabelCall call;
+    ShortLabel call;
 };
 
 TEST_F(FontMarkerLockTest, AMarkerWaitsForALabel)

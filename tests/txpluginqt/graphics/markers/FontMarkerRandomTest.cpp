@@ -18,13 +18,13 @@ constexpr int kCases = 800;
 double SomeSize(Random& random)
 {
     constexpr double sizes[] = {0.0, -3.0, 0.3, 0.99, 1.0, 1.5, 2.5, 9.49, 9.5, 9.99, 10.0, 12.0, 15.0, 64.0, 65.5};
-    return random.Chance(40) ? sizes[random.Int(0, 14)] : random.Real(4.0, 45.0);
+    return random.Chance(40) ? random.OneOf(sizes) : random.Real(4.0, 45.0);
 }
 
 double SomeAngle(Random& random)
 {
     constexpr double angles[] = {0.0, 1e-9, 0.5, -0.5, 0.99, 1.0, 90.0, -30.0, 360.0, 1e6};
-    return random.Chance(60) ? angles[random.Int(0, 9)] : random.Real(-400.0, 400.0);
+    return random.Chance(60) ? random.OneOf(angles) : random.Real(-400.0, 400.0);
 }
 
 short SomeCharacter(Random& random)
@@ -40,14 +40,14 @@ short SomeCharacter(Random& random)
         return static_cast<short>(random.Int(0x4E00, 0x6000));
     if (kind <= 85)
         return static_cast<short>(random.Int(0xE000, 0xFFFF));
-    return static_cast<short>(units[random.Int(0, 13)]);
+    return static_cast<short>(random.OneOf(units));
 }
 
 const wchar_t* SomeFamily(Random& random)
 {
     constexpr const wchar_t* families[] = {L"DejaVu Sans",  L"DejaVu Sans",         L"DejaVu Sans Mono",
                                            L"DejaVu Serif", L"WenQuanYi Micro Hei", L"No Such Face"};
-    return families[random.Int(0, 5)];
+    return random.OneOf(families);
 }
 
 FontChoice SomeFont(Random& random)

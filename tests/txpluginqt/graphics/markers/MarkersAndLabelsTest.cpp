@@ -93,13 +93,13 @@ TEST_F(MarkersAndLabelsTest, MarkersAndLabelsInAnyOrderAreDrawnAsQtDrawsThem)
             star.offsetY = star.y - 5.0;
             symbol.angle = star.angle = label.angle = random.Real(-90.0, 90.0);
             symbol.height = random.Real(7.0, 30.0);
-            symbol.fontName = families[random.Int(0, 3)];
+            symbol.fontName = random.OneOf(families);
             symbol.character = static_cast<short>(random.Int(0x25A0, 0x25CF));
             const int kind = random.Int(0, 3);
             if (kind == 0)
-                DrawLabel(kAllEntries[random.Int(0, 7)]);
+                DrawLabel(random.OneOf(kAllEntries));
             else if (kind == 1)
-                DrawSymbol(kPlacements[random.Int(0, 1)], star);
+                DrawSymbol(random.OneOf(kPlacements), star);
             else
                 DrawSymbol(symbol);
         }

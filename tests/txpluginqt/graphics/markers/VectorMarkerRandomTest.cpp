@@ -16,13 +16,13 @@ constexpr int kCases = 600;
 double SomeAngle(Random& random)
 {
     constexpr double angles[] = {0.0, 1e-9, 1e-8, -1e-8, -1e-7, 0.5, -0.5, 90.0, 360.0, 1e6, -30.0};
-    return random.Chance(50) ? angles[random.Int(0, 10)] : random.Real(-400.0, 400.0);
+    return random.Chance(50) ? random.OneOf(angles) : random.Real(-400.0, 400.0);
 }
 
 double SomeScale(Random& random)
 {
     constexpr double scales[] = {1.0, -1.0, 0.0, 0.001, 100.0};
-    return random.Chance(25) ? scales[random.Int(0, 4)] : random.Real(-2.5, 2.5);
+    return random.Chance(25) ? random.OneOf(scales) : random.Real(-2.5, 2.5);
 }
 
 std::vector<TXPoint> SomePoints(Random& random)
@@ -34,7 +34,7 @@ std::vector<TXPoint> SomePoints(Random& random)
         const int corners = random.Int(3, 11);
         return Star(corners, random.Int(1, corners - 1), random.Real(2.0, 30.0));
     }
-    const int count = kind <= 70 ? random.Int(2, 9) : counts[random.Int(0, 6)];
+    const int count = kind <= 70 ? random.Int(2, 9) : random.OneOf(counts);
     std::vector<TXPoint> points;
     for (int i = 0; i < count; ++i)
     {

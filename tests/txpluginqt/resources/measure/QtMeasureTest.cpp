@@ -14,14 +14,6 @@ using namespace TZObjects;
 namespace
 {
 
-QSizeF DocumentSize(const QString& html, const QFont& font)
-{
-    QTextDocument document;
-    document.setHtml(html);
-    document.setDefaultFont(font);
-    return document.size();
-}
-
 /// What has to be measured, from Qt itself.
 Measures MeasuredDirectly(const TXFont& font, const QFont& qfont, const std::wstring& label)
 {

@@ -6,6 +6,8 @@
 #include <tests/support/ChildProcess.h>
 
 #include "CacheSize.h"
+#include "NumbersDetail.h"
+#include <tests/support/PixelFont.h>
 
 using namespace txqt;
 
@@ -20,9 +22,8 @@ struct Value
 bool Hits()
 {
     bool made = false;
-    QFont font("DejaVu Sans");
-    font.setPixelSize(20);
-    LabelCache::OfThread().Get<Value>(font, "text", {},
+    const QFont font = PixelFont(20);
+    LabelCache::OfThread().Get<Value>(font, "text", NumbersDetail(),
                                       [&]
                                       {
                                           made = true;

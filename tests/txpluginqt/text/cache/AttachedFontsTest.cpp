@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include <tests/support/ImageCompare.h>
+#include <tests/support/PixelFont.h>
 #include <tests/support/QuietTest.h>
 #include <tests/txpluginqt/text/ExpectedLabel.h>
 #include <tests/txpluginqt/text/Measures.h>
@@ -77,8 +78,7 @@ class AttachedFontsTest : public QuietTest
 
 TEST_F(AttachedFontsTest, OfThreeResolutionsDrawTheirSpacings)
 {
-    QFont font("DejaVu Sans");
-    font.setPixelSize(19);
+    QFont font = PixelFont(19);
     font.setLetterSpacing(QFont::AbsoluteSpacing, 4.0);
     for (int i = 0; i < 2; ++i)
         for (const int dotsPerInch : {72, 100, 300})
@@ -90,8 +90,7 @@ TEST_F(AttachedFontsTest, OfThreeResolutionsDrawTheirSpacings)
 
 TEST_F(AttachedFontsTest, OfThreeResolutionsMeasureTheirSpacingsAndPoints)
 {
-    QFont font("DejaVu Sans");
-    font.setPixelSize(19);
+    QFont font = PixelFont(19);
     font.setLetterSpacing(QFont::AbsoluteSpacing, 4.0);
     const TXString plain(L"Main");
     const TXString rich(L"<span style=\"font-size:14pt\">Main</span>");
@@ -124,8 +123,7 @@ TEST_F(AttachedFontsTest, OfColouredBitmapsDrawAsQtDrawsNow)
 {
     for (int size = 31; size < 37; ++size)
     {
-        QFont font("DejaVu Sans");
-        font.setPixelSize(size);
+        QFont font = PixelFont(size);
         const wchar_t* const text = L"a\U0001F30Db";
         // Qt itself gives the globe another width until it has made its outline.
         Drawn(96, font, text);

@@ -7,6 +7,7 @@
 #include <tests/txpluginqt/resources/AllocationFailure.h>
 
 #include "CacheSize.h"
+#include "NumbersDetail.h"
 
 using namespace txqt;
 
@@ -24,7 +25,8 @@ TEST(CacheFailureTest, AFailedAllocationLeavesACacheThatGoesOn)
     LabelCache& cache = LabelCache::OfThread();
     QFont font;
     font.setPixelSize(20);
-    const auto get = [&](int i) { cache.Get<Value>(font, QString::number(i), {i}, [] { return Value(); }); };
+    const auto get = [&](int i)
+    { cache.Get<Value>(font, QString::number(i), NumbersDetail{{i}}, [] { return Value(); }); };
     constexpr int kMost = 60;
     bool happened = true;
     for (int number = 1; happened; ++number)

@@ -20,6 +20,7 @@
 #include <txpluginqt/text/QtTextBlock.h>
 
 #include "CacheSize.h"
+#include <tests/support/PixelFont.h>
 
 #if defined(__SANITIZE_ADDRESS__)
 // The sanitizer's own name; not every compiler has the header for it.
@@ -41,13 +42,6 @@ long long AllocatedBytes()
     const struct mallinfo2 info = mallinfo2();
     return static_cast<long long>(info.uordblks + info.hblkhd);
 #endif
-}
-
-QFont FontOf(int pixels)
-{
-    QFont font("DejaVu Sans");
-    font.setPixelSize(pixels);
-    return font;
 }
 
 class CacheMemoryTest : public QuietTest
@@ -82,9 +76,9 @@ TEST_F(CacheMemoryTest, MeasuredLinesAreCounted)
         {
             for (int i = 0; i < 4000; ++i)
             {
-                QtTextBlock::Of(QString("label number %1").arg(i), FontOf(20));
-                QtTextBlock::Of(QString("label\nnumber\n%1\nx").arg(i), FontOf(20));
-                QtTextBlock::Of(QString("\n\n%1\n\n\n").arg(i), FontOf(20));
+                QtTextBlock::Of(QString("label number %1").arg(i), PixelFont(20));
+                QtTextBlock::Of(QString("label\nnumber\n%1\nx").arg(i), PixelFont(20));
+                QtTextBlock::Of(QString("\n\n%1\n\n\n").arg(i), PixelFont(20));
             }
         });
 }
@@ -96,8 +90,8 @@ TEST_F(CacheMemoryTest, MeasuredColumnsAreCounted)
         {
             for (int i = 0; i < 4000; ++i)
             {
-                QtColumns::Of(QString("label number %1").arg(i), FontOf(20), 1.0, 2.0);
-                QtColumns::Of(QString("la\nbel\nnum\nber\n%1").arg(i), FontOf(20), 1.0, 2.0);
+                QtColumns::Of(QString("label number %1").arg(i), PixelFont(20), 1.0, 2.0);
+                QtColumns::Of(QString("la\nbel\nnum\nber\n%1").arg(i), PixelFont(20), 1.0, 2.0);
             }
         });
 }
@@ -108,8 +102,8 @@ TEST_F(CacheMemoryTest, OutlinesAreCounted)
         []
         {
             for (int i = 0; i < 1000; ++i)
-                QtTextBlock::Of(QString("label\nnumber %1").arg(i), FontOf(20))
-                    ->Outlines(FontOf(20), QPointF(0.25, 0.5), 20.0, 1, Qt::WindingFill);
+                QtTextBlock::Of(QString("label\nnumber %1").arg(i), PixelFont(20))
+                    ->Outlines(PixelFont(20), QPointF(0.25, 0.5), 20.0, 1, Qt::WindingFill);
         });
 }
 
@@ -119,7 +113,7 @@ TEST_F(CacheMemoryTest, OutlinesOfTextsWithoutInkAreCounted)
         []
         {
             for (int i = 0; i < 8000; ++i)
-                LabelOutlines(FontOf(20), " ", {{{i * 1.0, 0.0}, " "}}, Qt::WindingFill);
+                LabelOutlines(PixelFont(20), " ", {{{i * 1.0, 0.0}, " "}}, Qt::WindingFill);
         });
 }
 
@@ -132,8 +126,8 @@ TEST_F(CacheMemoryTest, HalosAreCounted)
             QPainter painter(&image);
             painter.setRenderHint(QPainter::Antialiasing);
             for (int i = 0; i < 400; ++i)
-                QtColumns::Of(QString("la\nbel\nnum\nber\n%1").arg(i), FontOf(20), 1.0, 2.0)
-                    ->Outlines(FontOf(20), QPointF(0.0, 0.0), 1)
+                QtColumns::Of(QString("la\nbel\nnum\nber\n%1").arg(i), PixelFont(20), 1.0, 2.0)
+                    ->Outlines(PixelFont(20), QPointF(0.0, 0.0), 1)
                     .Stroke(painter, QPen(Qt::red, 3.0));
         });
 }
@@ -148,7 +142,7 @@ TEST_F(CacheMemoryTest, HalosOfTextsWithoutInkAreCounted)
             QPainter painter(&image);
             for (int i = 0; i < 30; ++i)
             {
-                const LabelOutlines outlines(FontOf(20), QString(1000, ' '),
+                const LabelOutlines outlines(PixelFont(20), QString(1000, ' '),
                                              std::vector<PlacedText>(1000, {QPointF(i, 0.0), " "}), Qt::WindingFill);
                 outlines.Stroke(painter, QPen(Qt::red, 3.0));
                 outlines.Stroke(painter, QPen(Qt::red, 4.0));
@@ -224,7 +218,7 @@ TEST_F(CacheMemoryTest, ManyDifferentFontsStayWithinTheLimit)
         for (int i = first; i < last; ++i)
         {
             QPainter painter(&image);
-            const QFont font = FontOf(10 + i);
+            const QFont font = PixelFont(10 + i);
             QtTextBlock::Of("A", font)
                 ->Outlines(font, QPointF(0.0, 0.0), 20.0, 1, Qt::WindingFill)
                 .Fill(painter, Qt::red);
@@ -245,8 +239,8 @@ TEST_F(CacheMemoryTest, GoesWithItsThread)
     const auto work = []
     {
         for (int i = 0; i < 300; ++i)
-            QtTextBlock::Of(QString("label number %1").arg(i), FontOf(20))
-                ->Outlines(FontOf(20), QPointF(0.25, 0.5), 20.0, 1, Qt::WindingFill);
+            QtTextBlock::Of(QString("label number %1").arg(i), PixelFont(20))
+                ->Outlines(PixelFont(20), QPointF(0.25, 0.5), 20.0, 1, Qt::WindingFill);
         EXPECT_GT(LabelCache::OfThread().Bytes(), 1000000u);
     };
     const auto onThread = [&] { std::thread(work).join(); };

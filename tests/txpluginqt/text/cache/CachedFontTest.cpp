@@ -9,6 +9,7 @@
 #include <QTransform>
 
 #include "LabelCacheTest.h"
+#include <tests/support/PixelFont.h>
 
 namespace
 {
@@ -130,20 +131,13 @@ protected:
         for (const char* const family : {"NoSuchFace", "NoOtherFace"})
             QFont::removeSubstitutions(family);
     }
-
-    static QFont FontNamed(const QString& family)
-    {
-        QFont font(family);
-        font.setPixelSize(20);
-        return font;
-    }
 };
 
 TEST_F(SubstitutionTest, OfAFontsFamilyMakesItAnotherFont)
 {
-    const QFont font = FontNamed("NoSuchFace");
-    const QFont both = FontNamed("NoOtherFace, NoSuchFace");
-    QFont listed = FontNamed("DejaVu Sans");
+    const QFont font = PixelFont(20, "NoSuchFace");
+    const QFont both = PixelFont(20, "NoOtherFace, NoSuchFace");
+    QFont listed = PixelFont(20, "DejaVu Sans");
     listed.setFamilies({"NoOtherFace", "NoSuchFace"});
     for (const QFont& tested : {font, both, listed})
     {
@@ -165,7 +159,7 @@ TEST_F(SubstitutionTest, OfAFontsFamilyMakesItAnotherFont)
 
 TEST_F(SubstitutionTest, OfAnotherFamilyConcernsRichTextsOnly)
 {
-    const QFont font = FontNamed("DejaVu Sans");
+    const QFont font = PixelFont(20, "DejaVu Sans");
     const auto hits = [&](const QString& text) { return Hits(text, 100, font); };
     const QString rich = "<span style=\"font-family:NoSuchFace\">a</span>";
     EXPECT_FALSE(hits("a"));

@@ -14,6 +14,7 @@
 #include <txpluginqt/text/QtTextBlock.h>
 
 #include "CacheSize.h"
+#include <tests/support/PixelFont.h>
 #include <tests/txpluginqt/raster/RandomPaths.h>
 
 using namespace txqt;
@@ -24,13 +25,6 @@ namespace
 using Draw = std::function<void(QPainter&)>;
 
 QImage Drawn(const Draw& draw) { return ::Drawn(QSize(130, 80), QImage::Format_ARGB32_Premultiplied, draw); }
-
-QFont FontOf(int pixels)
-{
-    QFont font("DejaVu Sans");
-    font.setPixelSize(pixels);
-    return font;
-}
 
 QPainterPath DirectPath(const QFont& font, const std::vector<PlacedText>& pieces, Qt::FillRule rule)
 {
@@ -72,22 +66,22 @@ protected:
 
 TEST_F(CachedOutlinesTest, MeasuredLabelsAreCachedByFontTextAndSpacings)
 {
-    const auto block = QtTextBlock::Of("a\nb", FontOf(20));
-    EXPECT_EQ(QtTextBlock::Of("a\nb", FontOf(20)), block);
-    EXPECT_NE(QtTextBlock::Of("a\nc", FontOf(20)), block);
-    EXPECT_NE(QtTextBlock::Of("a\nb", FontOf(21)), block);
-    const auto columns = QtColumns::Of("a\nb", FontOf(20), 1.0, 2.0);
-    EXPECT_EQ(QtColumns::Of("a\nb", FontOf(20), 1.0, 2.0), columns);
-    EXPECT_NE(QtColumns::Of("a\nb", FontOf(20), 2.0, 1.0), columns);
-    EXPECT_NE(QtColumns::Of("a\nb", FontOf(20), 1.5, 2.0), columns);
-    EXPECT_NE(QtColumns::Of("a\nb", FontOf(20), 1.0, std::nextafter(2.0, 3.0)), columns);
-    EXPECT_NE(QtColumns::Of("ab", FontOf(20), 1.0, 2.0), columns);
-    EXPECT_NE(QtColumns::Of("a\nb", FontOf(21), 1.0, 2.0), columns);
+    const auto block = QtTextBlock::Of("a\nb", PixelFont(20));
+    EXPECT_EQ(QtTextBlock::Of("a\nb", PixelFont(20)), block);
+    EXPECT_NE(QtTextBlock::Of("a\nc", PixelFont(20)), block);
+    EXPECT_NE(QtTextBlock::Of("a\nb", PixelFont(21)), block);
+    const auto columns = QtColumns::Of("a\nb", PixelFont(20), 1.0, 2.0);
+    EXPECT_EQ(QtColumns::Of("a\nb", PixelFont(20), 1.0, 2.0), columns);
+    EXPECT_NE(QtColumns::Of("a\nb", PixelFont(20), 2.0, 1.0), columns);
+    EXPECT_NE(QtColumns::Of("a\nb", PixelFont(20), 1.5, 2.0), columns);
+    EXPECT_NE(QtColumns::Of("a\nb", PixelFont(20), 1.0, std::nextafter(2.0, 3.0)), columns);
+    EXPECT_NE(QtColumns::Of("ab", PixelFont(20), 1.0, 2.0), columns);
+    EXPECT_NE(QtColumns::Of("a\nb", PixelFont(21), 1.0, 2.0), columns);
 }
 
 TEST_F(CachedOutlinesTest, AreSharedWithinA64thOfAPixelOnly)
 {
-    const QFont font = FontOf(20);
+    const QFont font = PixelFont(20);
     EXPECT_FALSE(SharesAt(font, 10.001, 20.001));
     EXPECT_TRUE(SharesAt(font, 10.001, 20.001));
     EXPECT_TRUE(SharesAt(font, 10.012, 20.013));
@@ -117,12 +111,12 @@ TEST_F(CachedOutlinesTest, WhatLabelsShareIsWhatQtWouldDrawForEach)
     int shared = 0;
     for (int i = 0; i < 2500; ++i)
     {
-        QFont font = FontOf(random.Int(8, 30));
+        QFont font = PixelFont(random.Int(8, 30));
         font.setLetterSpacing(QFont::AbsoluteSpacing, random.Chance(60) ? 0.0 : random.Real(-12.0, 4.0));
         font.setUnderline(random.Chance(10));
         font.setOverline(random.Chance(5));
         font.setStrikeOut(random.Chance(5));
-        const QString text = texts[random.Int(0, 4)];
+        const QString text = random.OneOf(texts);
         // Two places in the same 64th, or about its border.
         const double part = random.Int(-5 * 64, 60 * 64) / 64.0;
         const auto near = [&]() -> double
@@ -162,7 +156,7 @@ TEST_F(CachedOutlinesTest, PlacesFarAwayOrTinyAreDrawnAsDirectly)
         // The representation of the third is the number of the place at 15.625.
         for (const double second : {0.005, 0.0, 2000 * 5e-324, 5e-324, 1e-310, 1e6 + 0.301})
         {
-            QFont font = FontOf(20);
+            QFont font = PixelFont(20);
             font.setLetterSpacing(QFont::AbsoluteSpacing, -9.0);
             for (const double x : {first, second})
                 ASSERT_TRUE(SamePixels(
@@ -185,7 +179,7 @@ TEST_F(CachedOutlinesTest, PlacesFarAwayOrTinyAreDrawnAsDirectly)
 TEST_F(CachedOutlinesTest, LinesAndColumnsOfTheSameTextAreToldApart)
 {
     // As many lines as characters, at the same places.
-    const QFont font = FontOf(20);
+    const QFont font = PixelFont(20);
     const QString text = "ab\n";
     const QPointF corner(10.0, 10.0);
     const auto block = QtTextBlock::Of(text, font);
@@ -213,7 +207,7 @@ TEST_F(CachedOutlinesTest, HalosAreDrawnAsStrokedDirectly)
     for (int i = 0; i < kCases; ++i)
     {
         RandomPaths random(static_cast<unsigned>(i) % 300u + 1000u * static_cast<unsigned>(i % 2));
-        const QFont font = FontOf(random.Int(6, 26));
+        const QFont font = PixelFont(random.Int(6, 26));
         const QString text = random.Chance(50) ? "Wavy" : "i l.";
         const std::vector<PlacedText> pieces{{{5.0, 30.0}, text}, {{8.0, 50.0}, "gj"}};
         // The second round comes to the same label with another pen and another transform.
@@ -261,7 +255,7 @@ TEST_F(CachedOutlinesTest, HalosAreDrawnAsStrokedDirectly)
 
 TEST_F(CachedOutlinesTest, StrokesAreCachedByTheWidthOfThePenAlone)
 {
-    const QFont font = FontOf(20);
+    const QFont font = PixelFont(20);
     const auto caches = [&](const QPen& pen, double scale)
     {
         const LabelOutlines outlines(font, "Main", {{{5.0, 30.0}, "Main"}}, Qt::OddEvenFill);

@@ -351,9 +351,18 @@ TEST_F(InkOutlineTest, TellsHowMuchMemoryItTakes)
     for (int i = 0; i < 50; ++i)
         path.addEllipse(i * 20.0, 0.0, 10.0, 10.0);
     const std::size_t elements = static_cast<std::size_t>(path.elementCount());
-    const std::size_t needed = elements * (sizeof(QPointF) + sizeof(QPainterPath::ElementType)) + 50 * sizeof(QRectF);
-    EXPECT_GE(InkOutline(path).Bytes(), needed);
-    EXPECT_LE(InkOutline(path).Bytes(), needed + 1000);
+    const std::size_t perElement = sizeof(QPointF) + sizeof(QPainterPath::ElementType);
+    std::size_t flat = 0;
+    for (const QPolygonF& polygon : path.toSubpathPolygons())
+        flat += static_cast<std::size_t>(polygon.size());
+    EXPECT_GE(InkOutline(path).Bytes(), elements * perElement + flat / 2 * perElement);
+    EXPECT_LE(InkOutline(path).Bytes(), elements * perElement + flat * 4 * perElement);
+    QPainterPath lines;
+    for (int i = 0; i < 50; ++i)
+        lines.addRect(i * 20.0, 0.0, 10.0, 10.0);
+    const std::size_t corners = static_cast<std::size_t>(lines.elementCount());
+    EXPECT_GE(InkOutline(lines).Bytes(), corners * perElement);
+    EXPECT_LE(InkOutline(lines).Bytes(), corners * perElement + 1000);
 }
 
 } // namespace

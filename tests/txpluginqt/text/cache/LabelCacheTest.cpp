@@ -1,7 +1,6 @@
 // What the cache of labels keeps, for how long, and how much of it.
 #include <algorithm>
 #include <list>
-#include <random>
 #include <string>
 #include <thread>
 #include <unordered_map>
@@ -9,6 +8,7 @@
 #include <QHash>
 
 #include "LabelCacheTest.h"
+#include <tests/support/RandomSource.h>
 
 using namespace txqt;
 
@@ -56,12 +56,12 @@ TEST_F(LabelCacheTest, TextsOfTheSameHashAreToldApart)
     SetSize(std::size_t(32) << 20);
     std::unordered_map<uint, QString> texts;
     int pairs = 0;
-    std::mt19937 random(3);
+    RandomSource random(3);
     for (int i = 0; i < 400000 && pairs < 3; ++i)
     {
         QString text;
         for (int k = 0; k < 9; ++k)
-            text += QChar(static_cast<int>(0x61 + random() % 26));
+            text += QChar(random.Int('a', 'z'));
         const auto [same, isNew] = texts.emplace(qHash(text), text);
         if (isNew)
             continue;
@@ -79,12 +79,12 @@ TEST_F(LabelCacheTest, OfTwoTextsOfTheSameHashTheOneNotUsedGoes)
     QString first;
     QString second;
     std::unordered_map<uint, QString> texts;
-    std::mt19937 random(3);
+    RandomSource random(3);
     while (second.isNull())
     {
         QString text;
         for (int k = 0; k < 9; ++k)
-            text += QChar(static_cast<int>(0x61 + random() % 26));
+            text += QChar(random.Int('a', 'z'));
         const auto [same, isNew] = texts.emplace(qHash(text), text);
         if (isNew)
             continue;
@@ -182,10 +182,10 @@ TEST_F(LabelCacheTest, KeepsExactlyWhatASimpleListOfTheLastUsedWouldKeep)
         std::size_t bytes;
     };
     std::list<Cached> model;
-    std::mt19937 random(5);
+    RandomSource random(5);
     for (int i = 0; i < 20000; ++i)
     {
-        const int name = static_cast<int>(random() % 300);
+        const int name = random.Int(0, 299);
         const std::size_t size = name % 40 == 0 ? 41000 : name * 7u;
         const QString text(1, QChar(0x4e00 + name));
         const auto found =
@@ -229,15 +229,15 @@ TEST_F(LabelCacheTest, CountsTextsAndDetails)
 
 TEST_F(LabelCacheTest, NeverHoldsMoreThanItsLimitWhateverTheLimitDoes)
 {
-    std::mt19937 random(11);
+    RandomSource random(11);
     std::size_t limit = 0;
     int hits = 0;
     for (int i = 0; i < 20000; ++i)
     {
         if (i % 500 == 0)
-            SetSize(limit = random() % 5 == 0 ? 0 : random() % 200000);
-        const std::size_t size = random() % 100 == 0 ? random() % 300000 : random() % 3000;
-        hits += Hits(QString(static_cast<int>(random() % 10), QChar(static_cast<int>(0x61 + random() % 26))), size);
+            SetSize(limit = random.Below(5) == 0 ? 0 : random.Below(200000u));
+        const std::size_t size = random.Below(100) == 0 ? random.Below(300000u) : random.Below(3000u);
+        hits += Hits(QString(random.Below(10), QChar(random.Int('a', 'z'))), size);
         ASSERT_LE(Bytes(), limit);
     }
     EXPECT_GT(hits, 1000);

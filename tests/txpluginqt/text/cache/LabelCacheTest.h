@@ -1,13 +1,13 @@
 #pragma once
 
-#include <vector>
-
 #include <QFont>
 
 #include <tests/support/QuietTest.h>
 #include <txpluginqt/text/LabelCache.h>
 
 #include "CacheSize.h"
+#include "NumbersDetail.h"
+#include <tests/support/PixelFont.h>
 
 /// A value that says of itself how large it is.
 struct Sized
@@ -25,22 +25,6 @@ struct OtherKind
     static std::size_t Bytes() { return 8; }
 };
 
-/// Numbers that a value depends on.
-struct NumbersDetail
-{
-    std::vector<qint64> numbers;
-
-    bool operator==(const NumbersDetail& other) const { return numbers == other.numbers; }
-    std::size_t Hash() const
-    {
-        std::size_t hash = 0;
-        for (const qint64 number : numbers)
-            txqt::CombineHash(hash, static_cast<std::size_t>(number));
-        return hash;
-    }
-    std::size_t Bytes() const { return numbers.capacity() * sizeof(qint64); }
-};
-
 /// What no entry without a text takes more of beside its value.
 constexpr std::size_t kMostPerEntry = 800;
 
@@ -55,13 +39,7 @@ protected:
     /// As a host that sets the size to 0 and back.
     static void Empty() { const CacheSize current(TZObjects::TXGraphicsEngineManager::instance("")->LabelCacheSize()); }
 
-    /// A font of a size in pixels, as labels have.
-    static QFont Font(int pixels = 20)
-    {
-        QFont font("DejaVu Sans");
-        font.setPixelSize(pixels);
-        return font;
-    }
+    static QFont Font(int pixels = 20) { return PixelFont(pixels); }
 
     /// True when the value was cached before.
     static bool Hits(const QString& text, std::size_t bytes = 100, const QFont& font = Font(),

@@ -37,7 +37,7 @@ Label SomeLabel(RandomPaths& random, RandomLabels& labels)
     if (random.Chance(60))
     {
         static const wchar_t* const texts[] = {L"Wavy fj", L"a\nlonger", L"<BOL>b</BOL>", L"i l ."};
-        label.text = texts[random.Int(0, 3)];
+        label.text = random.OneOf(texts);
         FontChoice font;
         font.height = random.Chance(50) ? 17 : 18;
         font.bold = random.Chance(30);

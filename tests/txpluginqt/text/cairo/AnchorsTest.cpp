@@ -1,7 +1,7 @@
 // Where each operation puts the top left of a label, and how it turns.
 #include <cmath>
 
-#include "Entries.h"
+#include "ShortLabel.h"
 
 using namespace TZObjects;
 
@@ -32,27 +32,27 @@ struct Turn
     double scale;
 };
 
-class Anchors : public SilentTest, public ::testing::WithParamInterface<Turn>
+class Anchors : public QuietTest, public ::testing::WithParamInterface<Turn>
 {
 protected:
     Anchors()
     {
-        call.ox = 90;
-        call.oy = 60;
-        call.left = 97;
-        call.top = 52;
+        call.x = 90;
+        call.y = 60;
+        call.left = call.dx = 97;
+        call.top = call.dy = 52;
         call.angle = GetParam().angle;
         call.scale = GetParam().scale;
         // A quarter turn takes (x, y) to (-y, x).
-        const double dx = (call.left - call.ox) * call.scale;
-        const double dy = (call.top - call.oy) * call.scale;
+        const double dx = (call.left - call.x) * call.scale;
+        const double dy = (call.top - call.y) * call.scale;
         const double sine = std::sin(call.angle * kRadiansPerDegree);
         const double cosine = std::cos(call.angle * kRadiansPerDegree);
-        cornerX = call.ox + (dx * cosine - dy * sine);
-        cornerY = call.oy + (dx * sine + dy * cosine);
+        cornerX = call.x + (dx * cosine - dy * sine);
+        cornerY = call.y + (dx * sine + dy * cosine);
     }
 
-    LabelCall call;
+    ShortLabel call;
     double cornerX;
     double cornerY;
 };
@@ -60,7 +60,7 @@ protected:
 TEST_P(Anchors, OfBoxesTurnAboutTheirOrigin)
 {
     CairoTwins twins;
-    EXPECT_TRUE(kBoxEntry.draw(twins.Surface(), call));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringInBox, call));
     DrawTurned(twins.Direct(), cornerX, cornerY, call.angle, call.scale, Look().pen);
     EXPECT_TRUE(twins.SameAndInked());
 }
@@ -68,7 +68,7 @@ TEST_P(Anchors, OfBoxesTurnAboutTheirOrigin)
 TEST_P(Anchors, OfOutlinesWithACornerTurnAboutTheirOrigin)
 {
     CairoTwins twins;
-    EXPECT_TRUE(kOutlineBoxEntry.draw(twins.Surface(), call));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::OutlineAbout, call));
     const TXColor halo = Look().haloColor;
     DrawTurned(twins.Direct(), cornerX, cornerY, call.angle, call.scale, call.fill, &halo);
     EXPECT_TRUE(twins.SameAndInked());
@@ -78,7 +78,7 @@ TEST_P(Anchors, OfColumnsWithACornerTurnAboutTheirOrigin)
 {
     CairoTwins twins;
     call.text = L"H";
-    EXPECT_TRUE(kVerticalBoxEntry.draw(twins.Surface(), call));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::VerticalAbout, call));
 
     cairo_t* const cr = twins.Direct();
     const cairo_font_extents_t font = UseSize(cr, 20 * call.scale);
@@ -96,12 +96,12 @@ TEST_P(Anchors, OfColumnsWithACornerTurnAboutTheirOrigin)
 TEST_P(Anchors, OfPointsAreThePoints)
 {
     CairoTwins twins;
-    EXPECT_TRUE(kPointEntry.draw(twins.Surface(), call));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, call));
     DrawTurned(twins.Direct(), 90, 60, call.angle, call.scale, Look().pen);
     EXPECT_TRUE(twins.SameAndInked());
 
     twins.Wipe();
-    EXPECT_TRUE(kOutlineEntry.draw(twins.Surface(), call));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::OutlineAt, call));
     const TXColor halo = Look().haloColor;
     DrawTurned(twins.Direct(), 90, 60, call.angle, call.scale, call.fill, &halo);
     EXPECT_TRUE(twins.SameAndInked());
@@ -110,9 +110,9 @@ TEST_P(Anchors, OfPointsAreThePoints)
 TEST_P(Anchors, OfOffsetsAreTheSums)
 {
     CairoTwins twins;
-    call.left = 12.5;
-    call.top = -20.25;
-    EXPECT_TRUE(kOffsetEntry.draw(twins.Surface(), call));
+    call.left = call.dx = 12.5;
+    call.top = call.dy = -20.25;
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringMoved, call));
     DrawTurned(twins.Direct(), 102.5, 39.75, call.angle, call.scale, Look().pen);
     EXPECT_TRUE(twins.SameAndInked());
 }
@@ -122,10 +122,10 @@ TEST_P(Anchors, OfOffsetsWithoutAnAngleTurnByTheFonts)
     Look look;
     look.angle = static_cast<int>(call.angle);
     CairoTwins twins(look);
-    call.left = 12.5;
-    call.top = -20.25;
+    call.left = call.dx = 12.5;
+    call.top = call.dy = -20.25;
     call.angle = 13;
-    EXPECT_TRUE(kFontAngleEntry.draw(twins.Surface(), call));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringByFontAngle, call));
     DrawTurned(twins.Direct(), 102.5, 39.75, look.angle, call.scale, look.pen);
     EXPECT_TRUE(twins.SameAndInked());
 }
@@ -136,7 +136,7 @@ TEST_P(Anchors, AreImagePixelsWhateverThePainterIsSetTo)
     twins.Surface().SetWindowOrg(25, 13);
     twins.Surface().SetOpacity(0.3);
     twins.Surface().SetCompositionMode(TXGraphics::CompositionMode_Clear);
-    EXPECT_TRUE(kPointEntry.draw(twins.Surface(), call));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, call));
     DrawTurned(twins.Direct(), 90, 60, call.angle, call.scale, Look().pen);
     EXPECT_TRUE(twins.SameAndInked());
 }

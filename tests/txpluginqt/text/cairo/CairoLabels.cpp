@@ -5,14 +5,42 @@
 #include <memory>
 #include <vector>
 
+#include <QPointF>
 #include <QStringList>
 
-using TZObjects::TXColor;
+using namespace TZObjects;
 
 namespace
 {
 
 constexpr double kPi = 3.141592653589793;
+
+/// Where the top left of a label lies that is given by its corner, turned about (x, y) and scaled from there.
+QPointF TurnedCorner(const Label& label)
+{
+    const double radians = label.angle * kPi / 180;
+    const double dx = label.scale * (label.left - label.x);
+    const double dy = label.scale * (label.top - label.y);
+    return {label.x + dx * std::cos(radians) - dy * std::sin(radians),
+            label.y + dx * std::sin(radians) + dy * std::cos(radians)};
+}
+
+/// Where the top left of an entry's label lies.
+QPointF TopLeft(Entry entry, const Label& label)
+{
+    switch (entry)
+    {
+    case Entry::StringInBox:
+    case Entry::OutlineAbout:
+    case Entry::VerticalAbout:
+        return TurnedCorner(label);
+    case Entry::StringMoved:
+    case Entry::StringByFontAngle:
+        return {label.x + label.dx, label.y + label.dy};
+    default:
+        return {label.x, label.y};
+    }
+}
 
 using GlyphList = std::vector<std::unique_ptr<Glyphs>>;
 
@@ -233,6 +261,46 @@ void StrokeRules(cairo_t* context, const TXColor& color, double width)
     cairo_set_line_width(context, width);
     cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
     cairo_stroke(context);
+}
+
+ExpectedLabel::ExpectedLabel(Entry entry, const Label& label, const FontChoice* font, const TXColor& pen)
+    : text(label.Text()), angle(label.angle), scale(label.scale), color(pen),
+      inColumns(entry == Entry::VerticalAbout || entry == Entry::VerticalAt)
+{
+    const bool isOutline = entry == Entry::OutlineAbout || entry == Entry::OutlineAt;
+    x = TopLeft(entry, label).x();
+    y = TopLeft(entry, label).y();
+    align = inColumns ? label.vAlign : label.hAlign;
+    if (inColumns)
+        lineSpacing = label.columnSpacing;
+    else if (isOutline || entry == Entry::StringAt)
+        lineSpacing = label.lineSpacing;
+    if (inColumns || isOutline)
+        color = label.fill;
+    halo = isOutline;
+    haloColor = isOutline ? TXColor::RED_ : TXColor::WHITE_;
+    haloWidth = isOutline ? 1.5 : 0.1;
+    if (!font)
+        return;
+    if (entry == Entry::StringByFontAngle)
+        angle = font->angle;
+    fontHeight = font->height;
+    charSpacing = font->letterSpacing;
+    italic = font->italic != TXFont::ItalicNone;
+    underline = font->underline;
+    strikeOut = font->strikeOut;
+    halo = isOutline || (font->halo && (!inColumns || label.halo));
+    // The alpha of the halo's colour is dropped.
+    haloColor = TXColor(font->haloColor.getR(), font->haloColor.getG(), font->haloColor.getB(), 255);
+    haloWidth = std::max(font->haloWidth, 1);
+}
+
+void ExpectedLabel::Draw(cairo_t* context) const
+{
+    if (inColumns)
+        DrawColumns(context);
+    else
+        DrawLines(context);
 }
 
 void ExpectedLabel::DrawLines(cairo_t* context) const

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <cairo.h>
+#include <tests/txpluginqt/text/Label.h>
 #include <txbase/TXColor.h>
 
 /// A run of glyphs, and the extents of its ink.
@@ -63,8 +64,16 @@ struct ExpectedLabel
     bool underline = false;
     bool strikeOut = false;
 
-    /// Draws the label as lines, with the face that is selected in the context.
+    bool inColumns = false; // of stacked characters
+
+    /// The label of an entry.
+    /// @param font the selected one; null for none. @param pen the colour of the selected pen.
+    ExpectedLabel(Entry entry, const Label& label, const FontChoice* font, const TZObjects::TXColor& pen);
+
+    /// Draws the label with the face that is selected in the context.
+    void Draw(cairo_t* context) const;
+
+private:
     void DrawLines(cairo_t* context) const;
-    /// Draws the label as columns of stacked characters.
     void DrawColumns(cairo_t* context) const;
 };

@@ -2,7 +2,7 @@
 #include <cmath>
 #include <vector>
 
-#include "Entries.h"
+#include "ShortLabel.h"
 
 using namespace TZObjects;
 
@@ -44,7 +44,7 @@ double FirstBaseline(cairo_t* cr, const cairo_font_extents_t& font, const char* 
     return (font.ascent + std::abs(Ink(cr, first).y_bearing)) * 0.5;
 }
 
-class Columns : public SilentTest
+class Columns : public QuietTest
 {
 };
 
@@ -69,7 +69,7 @@ TEST_F(Columns, CharactersFollowAtTheAscentAndTheScaledWordSpacing)
         for (const double spacing : {0.0, 4.5, -3.0})
         {
             Look look;
-            look.spacing = spacing;
+            look.letterSpacing = spacing;
             CairoTwins twins(look);
             EXPECT_TRUE(Draw(twins, L"Hxg", 2, 0.0, scale, 11.0));
 
@@ -121,7 +121,7 @@ TEST_F(Columns, GapsAfterTheFirstAndTheLaterOnesDependOnItalics)
     for (const int italics : {0, 1, 2})
     {
         Look look;
-        look.italics = static_cast<TXFont::TXItalicMode>(italics);
+        look.italic = static_cast<TXFont::TXItalicMode>(italics);
         CairoTwins twins(look);
         EXPECT_TRUE(Draw(twins, L"a\nb\nc\nd"));
 
@@ -212,10 +212,10 @@ TEST_F(Columns, WithoutAFontAreRefused)
     surface->EnableCairoDrawing(true);
     const QImage before = static_cast<QImage*>(image->GetInternalObject())->copy();
 
-    LabelCall call;
-    EXPECT_FALSE(kVerticalEntry.draw(*surface, call));
-    EXPECT_FALSE(kVerticalBoxEntry.draw(*surface, call));
-    EXPECT_FALSE(kFontAngleEntry.draw(*surface, call));
+    ShortLabel call;
+    EXPECT_FALSE(::Draw(*surface, Entry::VerticalAt, call));
+    EXPECT_FALSE(::Draw(*surface, Entry::VerticalAbout, call));
+    EXPECT_FALSE(::Draw(*surface, Entry::StringByFontAngle, call));
     EXPECT_TRUE(*static_cast<QImage*>(image->GetInternalObject()) == before);
 }
 

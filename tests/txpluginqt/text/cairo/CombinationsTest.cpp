@@ -1,9 +1,8 @@
 // Every label operation over many combinations of its arguments with fonts, pens and image formats.
-#include <random>
-
-#include "Entries.h"
+#include "ShortLabel.h"
 #include <tests/support/ImageCompare.h>
 #include <tests/support/PainterState.h>
+#include <tests/support/RandomSource.h>
 
 using namespace TZObjects;
 
@@ -12,31 +11,17 @@ namespace
 
 constexpr int kCombinations = 1000;
 
-/// Picks the same values in every run, on every platform.
-class Picker
+/// Picks parts of a label.
+class Picker : public RandomSource
 {
 public:
-    explicit Picker(unsigned seed) : engine(seed) {}
+    using RandomSource::RandomSource;
 
-    int Below(int limit) { return static_cast<int>(engine() % static_cast<unsigned>(limit)); }
     bool Coin() { return Below(2) == 1; }
     /// In steps of a sixteenth.
     double Between(int low, int high) { return low + Below((high - low) * 16) / 16.0; }
 
-    template <class T, std::size_t count>
-    const T& From(const T (&values)[count])
-    {
-        return values[Below(static_cast<int>(count))];
-    }
-
-    TXColor Color()
-    {
-        const int alpha[] = {255, 255, 128, 40, 0};
-        return TXColor(Below(256), Below(256), Below(256), From(alpha));
-    }
-
-private:
-    std::mt19937 engine;
+    TXColor Color() { return TXColor(Below(256), Below(256), Below(256), OneOf({255, 255, 128, 40, 0})); }
 };
 
 std::wstring LongText(bool several)
@@ -78,87 +63,80 @@ TXString Text(Picker& picker)
         return LongText(false);
     if (choice == 1)
         return LongText(true);
-    return picker.From(texts);
+    return picker.OneOf(texts);
 }
 
 Look PickLook(Picker& picker)
 {
-    const char* const families[] = {"DejaVu Sans", "DejaVu Sans", "DejaVu Serif", "WenQuanYi Micro Hei"};
-    const int heights[] = {9, 14, 20, 27};
-    const double spacings[] = {0.0, 0.0, 3.5, 1.0, -1.25, -40.0};
-    const int haloWidths[] = {1, 2, 5, 0};
-    const int angles[] = {0, 30, 90, -45, 359};
     Look look;
-    look.family = picker.From(families);
-    look.height = picker.From(heights);
+    look.family = picker.OneOf<std::wstring>({L"DejaVu Sans", L"DejaVu Sans", L"DejaVu Serif", L"WenQuanYi Micro Hei"});
+    look.height = picker.OneOf({9, 14, 20, 27});
     look.bold = picker.Coin();
-    look.italics = static_cast<TXFont::TXItalicMode>(picker.Below(3));
+    look.italic = static_cast<TXFont::TXItalicMode>(picker.Below(3));
     look.underline = picker.Coin();
     look.strikeOut = picker.Coin();
     look.halo = picker.Coin();
-    look.haloWidth = picker.From(haloWidths);
+    look.haloWidth = picker.OneOf({1, 2, 5, 0});
     look.haloColor = picker.Color();
-    look.spacing = picker.From(spacings);
-    look.angle = picker.From(angles);
+    look.letterSpacing = picker.OneOf({0.0, 0.0, 3.5, 1.0, -1.25, -40.0});
+    look.angle = picker.OneOf({0, 30, 90, -45, 359});
     look.pen = picker.Color();
     return look;
 }
 
-LabelCall PickCall(Picker& picker)
+ShortLabel PickCall(Picker& picker)
 {
-    const int aligns[] = {1, 2, 3, 0};
-    const double angles[] = {0.0, 30.0, 90.0, -45.0, 359.5};
-    const double lineSpacings[] = {0.0, 4.0, -3.0};
-    const double scales[] = {1.0, 1.0, 0.5, 2.0, 0.001};
-    LabelCall call;
-    call.ox = picker.Between(10, 110);
-    call.oy = picker.Between(5, 80);
-    call.left = picker.Between(-5, 60);
-    call.top = picker.Between(-5, 60);
-    call.vAlign = static_cast<TXGraphics::TXTextVertAlign>(1 + picker.Below(3));
-    call.hAlign = static_cast<TXGraphics::TXTextHorizAlign>(picker.From(aligns));
+    ShortLabel call;
+    call.x = picker.Between(10, 110);
+    call.y = picker.Between(5, 80);
+    call.left = call.dx = picker.Between(-5, 60);
+    call.top = call.dy = picker.Between(-5, 60);
+    call.vAlign = picker.Int(1, 3);
+    call.hAlign = picker.OneOf({1, 2, 3, 0});
     call.text = Text(picker);
     call.fill = picker.Color();
-    call.angle = picker.From(angles);
-    call.lineSpacing = picker.From(lineSpacings);
-    call.unusedSpacing = picker.Between(0, 20);
+    call.angle = picker.OneOf({0.0, 30.0, 90.0, -45.0, 359.5});
+    call.lineSpacing = call.columnSpacing = picker.OneOf({0.0, 4.0, -3.0});
+    call.charSpacing = picker.Between(0, 20);
     call.halo = picker.Coin();
-    call.scale = picker.From(scales);
+    call.scale = picker.OneOf({1.0, 1.0, 0.5, 2.0, 0.001});
     return call;
 }
 
-class Combinations : public SilentTest, public ::testing::WithParamInterface<int>
+class Combinations : public QuietTest, public ::testing::WithParamInterface<Entry>
 {
 };
 
 TEST_P(Combinations, AreDrawnAsDirectly)
 {
-    const Entry& entry = kEntries[GetParam()];
+    const Entry entry = GetParam();
     CairoTwins premultiplied(Look(), TXImage::Format_ARGB32_Premultiplied);
     CairoTwins plain(Look(), TXImage::Format_ARGB32);
     int inked = 0;
     for (int i = 0; i < kCombinations && !HasFailure(); ++i)
     {
-        Picker picker(static_cast<unsigned>(GetParam() * 10000 + i));
+        Picker picker(static_cast<unsigned>(static_cast<int>(GetParam()) * 10000 + i));
         CairoTwins& twins = i % 2 ? plain : premultiplied;
         const Look look = PickLook(picker);
-        const LabelCall call = PickCall(picker);
+        ShortLabel call = PickCall(picker);
+        call.font = look;
         twins.Select(look);
         twins.Wipe();
         const PainterState before(twins.SurfacePainter());
 
-        EXPECT_TRUE(entry.draw(twins.Surface(), call));
+        EXPECT_TRUE(::Draw(twins.Surface(), entry, call));
 
         inked += !twins.Untouched();
-        entry.expect(twins.Direct(), call, look);
-        EXPECT_TRUE(twins.Same()) << "combination " << i << ", " << entry << ": " << call << "; " << look;
+        DrawDirectly(twins.Direct(), entry, call, look);
+        EXPECT_TRUE(twins.Same()) << "combination " << i << ", " << entry << ": " << call << ", pen 0x" << std::hex
+                                  << look.pen.GetColor();
         EXPECT_TRUE(SameState(PainterState(twins.SurfacePainter()), before));
     }
     // Otherwise the comparison would have compared backgrounds.
     EXPECT_GT(inked, kCombinations / 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(Entries, Combinations, ::testing::Range(0, 8),
-                         [](const ::testing::TestParamInfo<int>& entry) { return kEntries[entry.param].name; });
+INSTANTIATE_TEST_SUITE_P(Entries, Combinations, ::testing::ValuesIn(kAllEntries),
+                         [](const auto& tested) { return std::string(NameOf(tested.param)); });
 
 } // namespace

@@ -1,5 +1,5 @@
 // Halos: who gets one, its width and its colour.
-#include "Entries.h"
+#include "ShortLabel.h"
 
 using namespace TZObjects;
 
@@ -9,11 +9,11 @@ namespace
 constexpr double kX = 40.0;
 constexpr double kY = 30.0;
 
-LabelCall Call(const wchar_t* text)
+ShortLabel Call(const wchar_t* text)
 {
-    LabelCall call;
-    call.ox = kX;
-    call.oy = kY;
+    ShortLabel call;
+    call.x = kX;
+    call.y = kY;
     call.text = text;
     call.fill = TXColor(120, 20, 200, 210);
     return call;
@@ -32,7 +32,7 @@ void DrawLine(cairo_t* cr, double size, const TXColor& color, const TXColor& hal
     cairo_restore(cr);
 }
 
-class Halos : public SilentTest
+class Halos : public QuietTest
 {
 };
 
@@ -43,7 +43,7 @@ TEST_F(Halos, OfOrdinaryTextFollowTheFontAlone)
         Look look;
         look.halo = halo;
         CairoTwins twins(look);
-        EXPECT_TRUE(kPointEntry.draw(twins.Surface(), Call(L"Hx")));
+        EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, Call(L"Hx")));
         DrawLine(twins.Direct(), 20, look.pen, look.haloColor, halo ? 3 : 0);
         EXPECT_TRUE(twins.SameAndInked()) << "halo " << halo;
     }
@@ -56,8 +56,8 @@ TEST_F(Halos, OfOutlineTextAreAlwaysThereAndTheFillIsTheArgument)
         Look look;
         look.halo = halo;
         CairoTwins twins(look);
-        const LabelCall call = Call(L"Hx");
-        EXPECT_TRUE(kOutlineEntry.draw(twins.Surface(), call));
+        const ShortLabel call = Call(L"Hx");
+        EXPECT_TRUE(::Draw(twins.Surface(), Entry::OutlineAt, call));
         DrawLine(twins.Direct(), 20, call.fill, look.haloColor, 3);
         EXPECT_TRUE(twins.SameAndInked()) << "halo " << halo;
     }
@@ -71,9 +71,9 @@ TEST_F(Halos, OfColumnsNeedBothTheArgumentAndTheFont)
             Look look;
             look.halo = byFont;
             CairoTwins twins(look);
-            LabelCall call = Call(L"H");
+            ShortLabel call = Call(L"H");
             call.halo = byArgument;
-            EXPECT_TRUE(kVerticalEntry.draw(twins.Surface(), call));
+            EXPECT_TRUE(::Draw(twins.Surface(), Entry::VerticalAt, call));
 
             cairo_t* const cr = twins.Direct();
             const cairo_font_extents_t font = UseSize(cr, 20);
@@ -95,21 +95,21 @@ TEST_F(Halos, AreNeverScaled)
     for (const double scale : {0.5, 2.0})
     {
         CairoTwins twins(look);
-        LabelCall call = Call(L"Hx");
+        ShortLabel call = Call(L"Hx");
         call.scale = scale;
-        EXPECT_TRUE(kPointEntry.draw(twins.Surface(), call));
+        EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, call));
         DrawLine(twins.Direct(), 20 * scale, look.pen, look.haloColor, 3);
         EXPECT_TRUE(twins.SameAndInked()) << "ordinary, scale " << scale;
 
         twins.Wipe();
-        EXPECT_TRUE(kOutlineEntry.draw(twins.Surface(), call));
+        EXPECT_TRUE(::Draw(twins.Surface(), Entry::OutlineAt, call));
         DrawLine(twins.Direct(), 20 * scale, call.fill, look.haloColor, 3);
         EXPECT_TRUE(twins.SameAndInked()) << "outline, scale " << scale;
 
         twins.Wipe();
         call.text = L"H";
         call.halo = true;
-        EXPECT_TRUE(kVerticalEntry.draw(twins.Surface(), call));
+        EXPECT_TRUE(::Draw(twins.Surface(), Entry::VerticalAt, call));
         cairo_t* const cr = twins.Direct();
         const cairo_font_extents_t font = UseSize(cr, 20 * scale);
         const cairo_text_extents_t ink = AddText(cr, "H", 0, 0);
@@ -131,23 +131,23 @@ TEST_F(Halos, LoseTheAlphaOfTheirColour)
         look.haloColor = TXColor(30, 160, 220, alpha);
         const TXColor opaque(30, 160, 220, 255);
         CairoTwins twins(look);
-        const LabelCall call = Call(L"Hx");
-        EXPECT_TRUE(kPointEntry.draw(twins.Surface(), call));
+        const ShortLabel call = Call(L"Hx");
+        EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, call));
         DrawLine(twins.Direct(), 20, look.pen, opaque, 3);
         EXPECT_TRUE(twins.SameAndInked()) << "ordinary, alpha " << alpha;
 
         twins.Wipe();
-        EXPECT_TRUE(kOutlineEntry.draw(twins.Surface(), call));
+        EXPECT_TRUE(::Draw(twins.Surface(), Entry::OutlineAt, call));
         DrawLine(twins.Direct(), 20, call.fill, opaque, 3);
         EXPECT_TRUE(twins.SameAndInked()) << "outline, alpha " << alpha;
 
         twins.Wipe();
-        LabelCall vertical = Call(L"H");
+        ShortLabel vertical = Call(L"H");
         vertical.halo = true;
         Look withOpaque = look;
         withOpaque.haloColor = opaque;
-        EXPECT_TRUE(kVerticalEntry.draw(twins.Surface(), vertical));
-        kVerticalEntry.expect(twins.Direct(), vertical, withOpaque);
+        EXPECT_TRUE(::Draw(twins.Surface(), Entry::VerticalAt, vertical));
+        DrawDirectly(twins.Direct(), Entry::VerticalAt, vertical, withOpaque);
         EXPECT_TRUE(twins.SameAndInked()) << "vertical, alpha " << alpha;
     }
 }
@@ -159,9 +159,9 @@ TEST_F(Halos, OfALineCoverTheLineBefore)
     look.halo = true;
     look.haloWidth = 6;
     CairoTwins twins(look);
-    LabelCall call = Call(L"Hx\nHx");
+    ShortLabel call = Call(L"Hx\nHx");
     call.lineSpacing = -12;
-    EXPECT_TRUE(kPointEntry.draw(twins.Surface(), call));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, call));
 
     cairo_t* const cr = twins.Direct();
     const cairo_font_extents_t font = UseSize(cr, 20);
@@ -184,9 +184,9 @@ TEST_F(Halos, OfOneLineLieBelowAllItsCharacters)
         Look look;
         look.halo = true;
         look.haloWidth = 6;
-        look.spacing = spacing;
+        look.letterSpacing = spacing;
         CairoTwins twins(look);
-        EXPECT_TRUE(kPointEntry.draw(twins.Surface(), Call(L"Hx")));
+        EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, Call(L"Hx")));
 
         cairo_t* const cr = twins.Direct();
         const cairo_font_extents_t font = UseSize(cr, 20);
@@ -210,11 +210,11 @@ TEST_F(Halos, OfACharacterInAColumnCoverTheCharacterBefore)
     Look look;
     look.halo = true;
     look.haloWidth = 8;
-    look.spacing = -9;
+    look.letterSpacing = -9;
     CairoTwins twins(look);
-    LabelCall call = Call(L"HH");
+    ShortLabel call = Call(L"HH");
     call.halo = true;
-    EXPECT_TRUE(kVerticalEntry.draw(twins.Surface(), call));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::VerticalAt, call));
 
     cairo_t* const cr = twins.Direct();
     const cairo_font_extents_t font = UseSize(cr, 20);
@@ -235,23 +235,23 @@ TEST_F(Halos, OfACharacterBelowARuleAreStrokedWithRoundCaps)
     // The round caps that the rules of a character are drawn with stay until its column ends. They change the outline
     // that cairo strokes around the next character a little, closed though it is.
     Look look;
-    look.family = "DejaVu Serif";
+    look.family = L"DejaVu Serif";
     look.height = 9;
     look.halo = true;
     look.haloWidth = 1;
     look.underline = true;
     CairoTwins twins(look);
-    LabelCall call = Call(L"il");
-    call.ox = 60.6;
-    call.oy = 42.4;
+    ShortLabel call = Call(L"il");
+    call.x = 60.6;
+    call.y = 42.4;
     call.halo = true;
-    EXPECT_TRUE(kVerticalEntry.draw(twins.Surface(), call));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::VerticalAt, call));
 
     cairo_t* const cr = twins.Direct();
     const cairo_font_extents_t font = UseSize(cr, 9);
     const cairo_text_extents_t first = AddText(cr, "i", 0, 0);
     cairo_new_path(cr);
-    cairo_translate(cr, call.ox, call.oy + (font.ascent - first.y_bearing) * 0.5);
+    cairo_translate(cr, call.x, call.y + (font.ascent - first.y_bearing) * 0.5);
     double baseline = 0;
     for (const char* const character : {"i", "l"})
     {

@@ -4,7 +4,7 @@
 #include <limits>
 #include <vector>
 
-#include "Entries.h"
+#include "ShortLabel.h"
 #include <tests/txpluginqt/cairo/FontDouble.h>
 
 using namespace TZObjects;
@@ -23,50 +23,51 @@ std::vector<Look> Looks()
     looks[1].underline = true;
     looks[1].strikeOut = true;
     looks[1].halo = true;
-    looks[2].spacing = 3;
+    looks[2].letterSpacing = 3;
     looks[3] = looks[1];
-    looks[3].spacing = -2;
+    looks[3].letterSpacing = -2;
     return looks;
 }
 
-class Hostile : public SilentTest
+class Hostile : public QuietTest
 {
 protected:
     /// An ordinary label is drawn as on a fresh surface, without anything being selected again.
     void ExpectUnharmed(CairoTwins& twins, const Look& look)
     {
-        for (const Entry* const entry : {&kPointEntry, &kVerticalEntry})
+        for (const Entry entry : {Entry::StringAt, Entry::VerticalAt})
         {
             twins.Wipe();
-            LabelCall call;
+            ShortLabel call;
             call.text = L"Hag\nx";
-            EXPECT_TRUE(entry->draw(twins.Surface(), call));
-            entry->expect(twins.Direct(), call, look);
-            EXPECT_TRUE(twins.SameAndInked()) << *entry;
+            EXPECT_TRUE(::Draw(twins.Surface(), entry, call));
+            DrawDirectly(twins.Direct(), entry, call, look);
+            EXPECT_TRUE(twins.SameAndInked()) << entry;
         }
     }
 
     /// Draws the label with every operation, each look and one or two lines.
     /// @param refused false where drawing something harmless is an answer too.
     template <class Spoil>
-    void Try(bool refused, const std::vector<const Entry*>& entries, Spoil spoil)
+    void Try(bool refused, const std::vector<Entry>& entries, Spoil spoil)
     {
         for (const Look& look : Looks())
         {
             CairoTwins twins(look);
-            for (const Entry* const entry : entries)
+            for (const Entry entry : entries)
                 for (const wchar_t* const text : {L"Hag", L"Ha\ngx"})
                 {
-                    LabelCall call;
+                    ShortLabel call;
                     call.text = text;
+                    call.font = look;
                     call.halo = true;
                     spoil(call);
                     twins.Wipe();
-                    const bool drawn = entry->draw(twins.Surface(), call);
+                    const bool drawn = ::Draw(twins.Surface(), entry, call);
                     if (refused)
                     {
-                        EXPECT_FALSE(drawn) << *entry << ": " << call << "; " << look;
-                        EXPECT_TRUE(twins.Untouched()) << *entry << ": " << call << "; " << look;
+                        EXPECT_FALSE(drawn) << entry << ": " << call;
+                        EXPECT_TRUE(twins.Untouched()) << entry << ": " << call;
                     }
                     ExpectUnharmed(twins, look);
                     if (HasFailure())
@@ -75,30 +76,24 @@ protected:
         }
     }
 
-    static std::vector<const Entry*> All()
-    {
-        std::vector<const Entry*> entries;
-        for (const Entry& entry : kEntries)
-            entries.push_back(&entry);
-        return entries;
-    }
-
-    const std::vector<const Entry*> withAngle{&kBoxEntry,     &kPointEntry,       &kOffsetEntry,  &kOutlineBoxEntry,
-                                              &kOutlineEntry, &kVerticalBoxEntry, &kVerticalEntry};
-    const std::vector<const Entry*> withSecondPair{&kBoxEntry, &kOffsetEntry, &kFontAngleEntry, &kOutlineBoxEntry,
-                                                   &kVerticalBoxEntry};
-    const std::vector<const Entry*> withSpacing{&kPointEntry, &kOutlineBoxEntry, &kOutlineEntry, &kVerticalBoxEntry,
-                                                &kVerticalEntry};
+    const std::vector<Entry> all{std::begin(kAllEntries), std::end(kAllEntries)};
+    const std::vector<Entry> withAngle{Entry::StringInBox,  Entry::StringAt,  Entry::StringMoved,
+                                       Entry::OutlineAbout, Entry::OutlineAt, Entry::VerticalAbout,
+                                       Entry::VerticalAt};
+    const std::vector<Entry> withSecondPair{Entry::StringInBox, Entry::StringMoved, Entry::StringByFontAngle,
+                                            Entry::OutlineAbout, Entry::VerticalAbout};
+    const std::vector<Entry> withSpacing{Entry::StringAt, Entry::OutlineAbout, Entry::OutlineAt, Entry::VerticalAbout,
+                                         Entry::VerticalAt};
 };
 
 TEST_F(Hostile, AnchorsThatAreNotFiniteAreRefused)
 {
     for (const double value : {kNan, kInfinity, -kInfinity})
     {
-        Try(true, All(), [&](LabelCall& call) { call.ox = value; });
-        Try(true, All(), [&](LabelCall& call) { call.oy = value; });
-        Try(true, withSecondPair, [&](LabelCall& call) { call.left = value; });
-        Try(true, withSecondPair, [&](LabelCall& call) { call.top = value; });
+        Try(true, all, [&](ShortLabel& call) { call.x = value; });
+        Try(true, all, [&](ShortLabel& call) { call.y = value; });
+        Try(true, withSecondPair, [&](ShortLabel& call) { call.left = call.dx = value; });
+        Try(true, withSecondPair, [&](ShortLabel& call) { call.top = call.dy = value; });
     }
 }
 
@@ -106,38 +101,38 @@ TEST_F(Hostile, AnchorsBeyondAllImagesDoNoHarm)
 {
     for (const double value : {1e300, -1e300, 1e12, -1e12, 1e9, -1e9, 32768.0})
     {
-        Try(false, All(), [&](LabelCall& call) { call.ox = value; });
-        Try(false, All(), [&](LabelCall& call) { call.oy = value; });
-        Try(false, withSecondPair, [&](LabelCall& call) { call.left = value; });
-        Try(false, withSecondPair, [&](LabelCall& call) { call.top = value; });
+        Try(false, all, [&](ShortLabel& call) { call.x = value; });
+        Try(false, all, [&](ShortLabel& call) { call.y = value; });
+        Try(false, withSecondPair, [&](ShortLabel& call) { call.left = call.dx = value; });
+        Try(false, withSecondPair, [&](ShortLabel& call) { call.top = call.dy = value; });
     }
 }
 
 TEST_F(Hostile, AnglesThatAreNotFiniteAreRefused)
 {
     for (const double value : {kNan, kInfinity, -kInfinity})
-        Try(true, withAngle, [&](LabelCall& call) { call.angle = value; });
-    Try(false, withAngle, [](LabelCall& call) { call.angle = 1e300; });
+        Try(true, withAngle, [&](ShortLabel& call) { call.angle = value; });
+    Try(false, withAngle, [](ShortLabel& call) { call.angle = 1e300; });
 }
 
 TEST_F(Hostile, ScalesThatAreNotFiniteAreRefused)
 {
     for (const double value : {kNan, kInfinity, -kInfinity})
-        Try(true, All(), [&](LabelCall& call) { call.scale = value; });
+        Try(true, all, [&](ShortLabel& call) { call.scale = value; });
 }
 
 TEST_F(Hostile, ScalesAtTheEndsOfTheRangeDoNoHarm)
 {
     for (const double value : {0.0, 1e-320, 1e-300, -1e-300, 1e-20, -1.0, 1e300, -1e300})
-        Try(false, All(), [&](LabelCall& call) { call.scale = value; });
+        Try(false, all, [&](ShortLabel& call) { call.scale = value; });
 }
 
 TEST_F(Hostile, LineSpacingsThatAreNotFiniteAreRefused)
 {
     for (const double value : {kNan, kInfinity, -kInfinity})
-        Try(true, withSpacing, [&](LabelCall& call) { call.lineSpacing = value; });
+        Try(true, withSpacing, [&](ShortLabel& call) { call.lineSpacing = call.columnSpacing = value; });
     for (const double value : {1e300, 1e12, -1e9})
-        Try(false, withSpacing, [&](LabelCall& call) { call.lineSpacing = value; });
+        Try(false, withSpacing, [&](ShortLabel& call) { call.lineSpacing = call.columnSpacing = value; });
 }
 
 TEST_F(Hostile, AnArgumentThatIsNotUsedDoesNotMatter)
@@ -145,10 +140,10 @@ TEST_F(Hostile, AnArgumentThatIsNotUsedDoesNotMatter)
     for (const double value : kAbsurd)
     {
         CairoTwins twins;
-        LabelCall call;
-        call.unusedSpacing = value;
-        EXPECT_TRUE(kVerticalEntry.draw(twins.Surface(), call));
-        kVerticalEntry.expect(twins.Direct(), call, Look());
+        ShortLabel call;
+        call.charSpacing = value;
+        EXPECT_TRUE(::Draw(twins.Surface(), Entry::VerticalAt, call));
+        DrawDirectly(twins.Direct(), Entry::VerticalAt, call, Look());
         EXPECT_TRUE(twins.SameAndInked());
     }
 }
@@ -156,13 +151,13 @@ TEST_F(Hostile, AnArgumentThatIsNotUsedDoesNotMatter)
 TEST_F(Hostile, SizesBeyondTheLargestDoNoHarm)
 {
     // A size of 70,000 by the scale: FreeType would refuse the face in this whole process from then on.
-    Try(false, {&kPointEntry, &kVerticalEntry}, [](LabelCall& call) { call.scale = 3500.0; });
+    Try(false, {Entry::StringAt, Entry::VerticalAt}, [](ShortLabel& call) { call.scale = 3500.0; });
 
     Look look;
     look.height = 70000;
     CairoTwins twins(look);
-    kPointEntry.draw(twins.Surface(), LabelCall());
-    kVerticalEntry.draw(twins.Surface(), LabelCall());
+    ::Draw(twins.Surface(), Entry::StringAt, ShortLabel());
+    ::Draw(twins.Surface(), Entry::VerticalAt, ShortLabel());
     twins.Select(Look());
     ExpectUnharmed(twins, Look());
 }
@@ -172,16 +167,16 @@ TEST_F(Hostile, WordSpacingsDoNoHarm)
     for (const double value : {kNan, kInfinity, -kInfinity, 1e9, -1e9})
     {
         Look look;
-        look.spacing = value;
+        look.letterSpacing = value;
         look.halo = true;
         look.underline = true;
         CairoTwins twins(look);
-        for (const Entry& entry : kEntries)
+        for (const Entry entry : kAllEntries)
             for (const wchar_t* const text : {L"Hag", L"Ha\ngx"})
             {
-                LabelCall call;
+                ShortLabel call;
                 call.text = text;
-                entry.draw(twins.Surface(), call);
+                ::Draw(twins.Surface(), entry, call);
             }
         twins.Select(Look());
         ExpectUnharmed(twins, Look());
@@ -205,11 +200,11 @@ TEST_F(Hostile, OddFaceNamesDoNoHarm)
     CairoTwins twins;
     for (const TXString& name : names)
     {
-        TXRefPtr<TXFont> font = NewFont(Look());
+        TXRefPtr<TXFont> font = MakeFont(Look());
         font->SetFontName(name);
         twins.Surface().SelectFont(font);
-        for (const Entry& entry : kEntries)
-            EXPECT_TRUE(entry.draw(twins.Surface(), LabelCall())) << entry;
+        for (const Entry entry : kAllEntries)
+            EXPECT_TRUE(::Draw(twins.Surface(), entry, ShortLabel())) << entry;
         twins.Select(Look());
         ExpectUnharmed(twins, Look());
     }
@@ -236,13 +231,13 @@ TEST_F(Hostile, FontsOfTheHostsDoNoHarm)
             else
                 font->haloWidth = haloWidths[i - 8];
             twins.Surface().SelectFont(font.get());
-            for (const Entry& entry : kEntries)
+            for (const Entry entry : kAllEntries)
                 for (const wchar_t* const text : {L"Hag", L"Ha\ngx"})
                 {
-                    LabelCall call;
+                    ShortLabel call;
                     call.text = text;
                     call.halo = true;
-                    entry.draw(twins.Surface(), call);
+                    ::Draw(twins.Surface(), entry, call);
                 }
             // The same font comes to its senses, without being selected again.
             font->spacing.reset();
@@ -264,11 +259,11 @@ TEST_F(Hostile, LongAndOddTextsDoNoHarm)
     {
         CairoTwins twins(look);
         for (const std::wstring& text : texts)
-            for (const Entry* const entry : {&kPointEntry, &kVerticalEntry})
+            for (const Entry entry : {Entry::StringAt, Entry::VerticalAt})
             {
-                LabelCall call;
+                ShortLabel call;
                 call.text = text;
-                EXPECT_TRUE(entry->draw(twins.Surface(), call)) << *entry;
+                EXPECT_TRUE(::Draw(twins.Surface(), entry, call)) << entry;
                 ExpectUnharmed(twins, look);
             }
     }
@@ -277,16 +272,15 @@ TEST_F(Hostile, LongAndOddTextsDoNoHarm)
 TEST_F(Hostile, AlignmentsOutsideTheEnumerationsAreOrdinaryOnes)
 {
     CairoTwins twins;
-    LabelCall call;
+    ShortLabel call;
     call.text = L"Hag\nx";
     for (const int align : {-2000000000, -1, 4, 2000000000})
-        for (const Entry& entry : kEntries)
+        for (const Entry entry : kAllEntries)
         {
-            call.hAlign = static_cast<TXGraphics::TXTextHorizAlign>(align);
-            call.vAlign = static_cast<TXGraphics::TXTextVertAlign>(align);
+            call.hAlign = call.vAlign = align;
             twins.Wipe();
-            EXPECT_TRUE(entry.draw(twins.Surface(), call)) << entry;
-            entry.expect(twins.Direct(), call, Look());
+            EXPECT_TRUE(::Draw(twins.Surface(), entry, call)) << entry;
+            DrawDirectly(twins.Direct(), entry, call, Look());
             EXPECT_TRUE(twins.SameAndInked()) << entry << ", alignment " << align;
         }
 }

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "Entries.h"
+#include "ShortLabel.h"
 
 using namespace TZObjects;
 
@@ -35,7 +35,7 @@ double InkWidth(cairo_t* cr, const char* text)
     return ink.width;
 }
 
-class Lines : public SilentTest
+class Lines : public QuietTest
 {
 };
 
@@ -57,7 +57,7 @@ TEST_F(Lines, SingleOneIgnoresAlignmentAndLineSpacing)
     for (const double spacing : {0.0, 2.0})
     {
         Look look;
-        look.spacing = spacing;
+        look.letterSpacing = spacing;
         CairoTwins twins(look);
         ASSERT_TRUE(Draw(twins, L"Hag"));
         const QImage leftAligned = twins.Actual().copy();
@@ -93,7 +93,7 @@ TEST_F(Lines, WithSpacingAreAlignedAgainstTheWidest)
     for (const int hAlign : {1, 2, 3, 0})
     {
         Look look;
-        look.spacing = 5;
+        look.letterSpacing = 5;
         CairoTwins twins(look);
         EXPECT_TRUE(Draw(twins, L"H\nHi", hAlign));
 
@@ -134,7 +134,7 @@ TEST_F(Lines, WithCharacterSpacingStandApartByTheUnscaledLineSpacing)
     for (const double scale : {0.5, 2.0})
     {
         Look look;
-        look.spacing = 4;
+        look.letterSpacing = 4;
         CairoTwins twins(look);
         EXPECT_TRUE(Draw(twins, L"H\nx", 1, 7.0, scale));
 
@@ -151,7 +151,7 @@ TEST_F(Lines, EmptyOnesKeepTheirHeight)
     for (const double spacing : {0.0, 2.0})
     {
         Look look;
-        look.spacing = spacing;
+        look.letterSpacing = spacing;
         CairoTwins twins(look);
         EXPECT_TRUE(Draw(twins, L"\nH\n\nx\n"));
 
@@ -168,7 +168,7 @@ TEST_F(Lines, CharactersStandApartByTheScaledWordSpacing)
     for (const double spacing : {6.0, -2.5})
     {
         Look look;
-        look.spacing = spacing;
+        look.letterSpacing = spacing;
         CairoTwins twins(look);
         EXPECT_TRUE(Draw(twins, L"Hxj", 1, 0.0, 2.0));
 
@@ -189,7 +189,7 @@ TEST_F(Lines, CharactersStandApartByTheScaledWordSpacing)
 TEST_F(Lines, CharactersBeyondTheBasicPlaneFallApartWhenSpaced)
 {
     Look look;
-    look.spacing = 6;
+    look.letterSpacing = 6;
     CairoTwins twins(look);
     EXPECT_TRUE(Draw(twins, L"\U0001F600"));
 

@@ -3,7 +3,7 @@
 #include <QPaintEngine>
 #include <QPainter>
 
-#include "Entries.h"
+#include "ShortLabel.h"
 #include <tests/support/PainterState.h>
 
 using namespace TZObjects;
@@ -56,7 +56,7 @@ private:
     mutable CountingEngine engine;
 };
 
-class Order : public SilentTest
+class Order : public QuietTest
 {
 };
 
@@ -75,18 +75,18 @@ TEST_F(Order, OfQtAndCairoIsTheOrderOfTheCalls)
             paint(twins.SurfacePainter());
             paint(direct);
         };
-        LabelCall call;
+        ShortLabel call;
         call.text = L"Order\nof calls";
         for (int i = 0; i < 6; ++i)
         {
             both([&](QPainter& p) { p.fillRect(QRect(20 + 9 * i, 25, 70, 60), QColor(230, 90, 40 * i, 170)); });
-            call.ox = 25 + i * 10;
+            call.x = 25 + i * 10;
             call.angle = i * 11;
-            EXPECT_TRUE(kPointEntry.draw(twins.Surface(), call));
-            kPointEntry.expect(twins.Direct(), call, look);
+            EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, call));
+            DrawDirectly(twins.Direct(), Entry::StringAt, call, look);
             both([&](QPainter& p) { p.fillRect(QRect(10, 30 + 8 * i, 150, 5), QColor(40 * i, 200, 60, 190)); });
-            EXPECT_TRUE(kVerticalEntry.draw(twins.Surface(), call));
-            kVerticalEntry.expect(twins.Direct(), call, look);
+            EXPECT_TRUE(::Draw(twins.Surface(), Entry::VerticalAt, call));
+            DrawDirectly(twins.Direct(), Entry::VerticalAt, call, look);
             EXPECT_TRUE(twins.SameAndInked()) << "round " << i << ", format " << format;
         }
     }
@@ -98,20 +98,20 @@ TEST_F(Order, SurfaceShapesAndLabelsMeetOnTheSamePixels)
     QPainter direct(&twins.Expected());
     direct.setRenderHints(twins.SurfacePainter().renderHints());
     direct.setPen(twins.SurfacePainter().pen());
-    LabelCall call;
+    ShortLabel call;
 
     EXPECT_TRUE(twins.Surface().Line(10, 60, 150, 40));
     direct.drawLine(QPointF(10, 60), QPointF(150, 40));
-    EXPECT_TRUE(kPointEntry.draw(twins.Surface(), call));
-    kPointEntry.expect(twins.Direct(), call, Look());
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, call));
+    DrawDirectly(twins.Direct(), Entry::StringAt, call, Look());
     EXPECT_TRUE(twins.Surface().Line(10, 30, 150, 55));
     direct.drawLine(QPointF(10, 30), QPointF(150, 55));
     EXPECT_TRUE(twins.SameAndInked());
 
     EXPECT_TRUE(twins.Surface().ClearWithColor(TXColor(10, 20, 30, 255)));
     twins.Expected().fill(QColor(10, 20, 30, 255));
-    EXPECT_TRUE(kPointEntry.draw(twins.Surface(), call));
-    kPointEntry.expect(twins.Direct(), call, Look());
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, call));
+    DrawDirectly(twins.Direct(), Entry::StringAt, call, Look());
     EXPECT_TRUE(twins.SameAndInked());
 }
 
@@ -125,14 +125,14 @@ TEST_F(Order, PainterIsNotUsedAndNotChanged)
     outside.translate(3, 4);
     twins.Surface().Attach(&outside);
     const PainterState before(outside);
-    LabelCall call;
+    ShortLabel call;
     call.text = L"<BOL>Two</BOL>\nlines";
     call.halo = true;
-    for (const Entry& entry : kEntries)
+    for (const Entry entry : kAllEntries)
     {
         twins.Wipe();
-        EXPECT_TRUE(entry.draw(twins.Surface(), call)) << entry;
-        entry.expect(twins.Direct(), call, Look());
+        EXPECT_TRUE(::Draw(twins.Surface(), entry, call)) << entry;
+        DrawDirectly(twins.Direct(), entry, call, Look());
         EXPECT_TRUE(twins.SameAndInked()) << entry;
     }
     EXPECT_EQ(device.Drawn(), 0);
@@ -140,7 +140,7 @@ TEST_F(Order, PainterIsNotUsedAndNotChanged)
 
     // With cairo off the same painter draws the same label.
     twins.Surface().EnableCairoDrawing(false);
-    EXPECT_TRUE(kPointEntry.draw(twins.Surface(), call));
+    EXPECT_TRUE(::Draw(twins.Surface(), Entry::StringAt, call));
     EXPECT_GT(device.Drawn(), 0);
     twins.Surface().Detach();
 }

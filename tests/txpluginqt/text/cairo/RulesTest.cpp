@@ -1,7 +1,7 @@
 // Underline and strike-out: how thick they are, and at which height each layout puts them.
 #include <cmath>
 
-#include "Entries.h"
+#include "ShortLabel.h"
 
 using namespace TZObjects;
 
@@ -11,13 +11,15 @@ namespace
 constexpr double kX = 40.0;
 constexpr double kY = 30.0;
 
+constexpr double kSpacing = 3.5; ///< Between characters that are apart.
+
 Look Ruled(double spacing)
 {
     Look look;
     look.height = 24;
     look.underline = true;
     look.strikeOut = true;
-    look.spacing = spacing;
+    look.letterSpacing = spacing;
     return look;
 }
 
@@ -38,19 +40,33 @@ private:
     cairo_t* context;
 };
 
-class RulesAtScale : public SilentTest, public ::testing::WithParamInterface<double>
+class RulesAtScale : public QuietTest, public ::testing::WithParamInterface<double>
 {
 protected:
     /// Draws a label at the anchor with the scale of this test.
     bool Draw(CairoTwins& twins, const wchar_t* text)
     {
-        LabelCall call;
-        call.ox = kX;
-        call.oy = kY;
+        ShortLabel call;
+        call.x = kX;
+        call.y = kY;
         call.text = text;
         call.scale = scale;
         call.fill = Look().pen;
-        return (columns ? kVerticalEntry : kPointEntry).draw(twins.Surface(), call);
+        return ::Draw(twins.Surface(), columns ? Entry::VerticalAt : Entry::StringAt, call);
+    }
+
+    /// A line of two characters that are apart, in the font that is set: rules hang on the ink of the first.
+    void DrawSpaced(cairo_t* cr, double top, const char* first, const char* second, double ruleWidth) const
+    {
+        const AtAnchor anchor(cr, kX, top);
+        const cairo_font_extents_t font = UseSize(cr, 24 * scale);
+        const cairo_text_extents_t ink = AddText(cr, first, 0, font.ascent);
+        const double at = ink.width + ink.x_bearing + kSpacing * scale;
+        const double length = ink.width + AddText(cr, second, at, font.ascent).width + kSpacing * scale;
+        FillPath(cr, Look().pen);
+        AddRule(cr, 0, font.ascent - std::abs(ink.y_bearing) * 0.5, length);
+        AddRule(cr, 0, font.ascent + font.descent / scale, length);
+        StrokeRules(cr, Look().pen, ruleWidth);
     }
 
     const double scale = GetParam();
@@ -77,21 +93,13 @@ TEST_P(RulesAtScale, OfAPlainLineAreAFifteenthAndHangOnItsInk)
 
 TEST_P(RulesAtScale, OfASpacedLineAreATwentiethAndHangOnItsFirstCharacter)
 {
-    const Look look = Ruled(3.5);
-    CairoTwins twins(look);
+    CairoTwins twins(Ruled(kSpacing));
     cairo_t* const cr = twins.Direct();
 
     EXPECT_TRUE(Draw(twins, L"gH"));
 
-    const AtAnchor anchor(cr, kX, kY);
     const cairo_font_extents_t font = UseSize(cr, 24 * scale);
-    const cairo_text_extents_t g = AddText(cr, "g", 0, font.ascent);
-    const cairo_text_extents_t h = AddText(cr, "H", g.width + g.x_bearing + 3.5 * scale, font.ascent);
-    FillPath(cr, look.pen);
-    const double length = g.width + h.width + 3.5 * scale;
-    AddRule(cr, 0, font.ascent - std::abs(g.y_bearing) * 0.5, length);
-    AddRule(cr, 0, font.ascent + font.descent / scale, length);
-    StrokeRules(cr, look.pen, font.height / 20);
+    DrawSpaced(cr, kY, "g", "H", font.height / 20);
     EXPECT_TRUE(twins.SameAndInked());
 }
 
@@ -119,26 +127,14 @@ TEST_P(RulesAtScale, OfPlainLinesAreAFifteenthAndHangOnTheBaseline)
 
 TEST_P(RulesAtScale, OfSpacedLinesAreAFifteenthAndHangOnTheirFirstCharacters)
 {
-    const Look look = Ruled(3.5);
-    CairoTwins twins(look);
+    CairoTwins twins(Ruled(kSpacing));
     cairo_t* const cr = twins.Direct();
 
     EXPECT_TRUE(Draw(twins, L"gH\nAg"));
 
     const cairo_font_extents_t font = UseSize(cr, 24 * scale);
-    const char* const lines[][2] = {{"g", "H"}, {"A", "g"}};
-    for (int i = 0; i < 2; ++i)
-    {
-        const AtAnchor anchor(cr, kX, kY + font.height * i);
-        const cairo_text_extents_t first = AddText(cr, lines[i][0], 0, font.ascent);
-        const double second = first.width + first.x_bearing + 3.5 * scale;
-        const cairo_text_extents_t last = AddText(cr, lines[i][1], second, font.ascent);
-        FillPath(cr, look.pen);
-        const double length = first.width + last.width + 3.5 * scale;
-        AddRule(cr, 0, font.ascent - std::abs(first.y_bearing) * 0.5, length);
-        AddRule(cr, 0, font.ascent + font.descent / scale, length);
-        StrokeRules(cr, look.pen, font.height / 15);
-    }
+    DrawSpaced(cr, kY, "g", "H", font.height / 15);
+    DrawSpaced(cr, kY + font.height, "A", "g", font.height / 15);
     EXPECT_TRUE(twins.SameAndInked());
 }
 
@@ -170,7 +166,7 @@ TEST_P(RulesAtScale, OfColumnsAreATwentiethForEachCharacter)
 
 INSTANTIATE_TEST_SUITE_P(Scales, RulesAtScale, ::testing::Values(0.5, 1.0, 2.0));
 
-class Rules : public SilentTest
+class Rules : public QuietTest
 {
 };
 

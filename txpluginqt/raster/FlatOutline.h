@@ -1,0 +1,43 @@
+#pragma once
+
+#include <vector>
+
+#include <QPainterPath>
+#include <QPointF>
+#include <QRectF>
+#include <QTransform>
+
+#include <private/qdatabuffer_p.h>
+
+namespace txqt
+{
+
+/// An outline of lines in place of curves, with the points that Qt's rasteriser takes.
+class FlatOutline
+{
+public:
+    /// How far a curve may be from its lines, in pixels.
+    static constexpr double kFlatness = 0.25;
+    /// The same in the units of an outline that is to be transformed.
+    static double FlatnessFor(const QTransform& transform);
+
+    FlatOutline() : curvePoints(0) {}
+
+    /// Replaces the points by those of another outline.
+    void Flatten(const QPointF* source, const QPainterPath::ElementType* sourceKinds, int count, double flatness);
+
+    const std::vector<QPointF>& Points() const { return points; }
+    const std::vector<QPainterPath::ElementType>& Kinds() const { return kinds; }
+
+    /// How much memory is held, in bytes.
+    std::size_t Bytes() const;
+    /// Lets go of the memory.
+    void Release();
+
+private:
+    std::vector<QPointF> points;
+    std::vector<QPainterPath::ElementType> kinds;
+    QDataBuffer<QPointF> curvePoints; ///< Of one curve.
+};
+
+} // namespace txqt
