@@ -154,20 +154,46 @@ void AppendDashes(const TXPoint* points, std::size_t count, const std::vector<do
     };
     if (!(period > kFinestPattern) || !std::isfinite(period))
         return append(PixelLine(points, points + count));
-    const double length = LengthOf(points, count);
-    double at = -std::fmod(phase, period);
-    while (at <= length)
-        for (std::size_t i = 0; i < pattern.size() && at <= length; ++i)
+    // Where the line begins in the pattern.
+    std::size_t index = 0;
+    double left = std::fmod(phase, period);
+    while (left > 0.0 && left >= pattern[index % pattern.size()])
+        left -= pattern[index++ % pattern.size()];
+    left = pattern[index % pattern.size()] - left;
+    const auto isDash = [&] { return index % pattern.size() % 2 == 0; };
+    PixelLine dash;
+    // A dash that begins where the line ends is no dot; one without length is.
+    const auto end = [&](bool isWhole)
+    {
+        if (dash.size() > 1 && (isWhole || LengthOf(dash.data(), dash.size()) > kApart))
+            append(dash);
+        dash.clear();
+    };
+    for (std::size_t i = 1; i < count; ++i)
+    {
+        const double length = Distance(points[i - 1], points[i]);
+        double done = 0.0;
+        while (length > 0.0 && done + left <= length)
         {
-            const double end = at + pattern[i];
-            const double from = std::max(0.0, at);
-            const double to = std::min(length, end);
-            // The sliver of a dash that begins where the line ends is no dot; a dash without length is one.
-            const bool isSliver = pattern[i] > kApart && to - from < kApart;
-            if (i % 2 == 0 && end >= 0.0 && !isSliver)
-                append(SubLine(points, count, from, to));
-            at = end;
+            if (isDash())
+            {
+                if (dash.empty())
+                    dash.push_back(Along(points[i - 1], points[i], done / length));
+                dash.push_back(Along(points[i - 1], points[i], (done + left) / length));
+                end(true);
+            }
+            done += left;
+            left = pattern[++index % pattern.size()];
         }
+        if (isDash() && length > 0.0)
+        {
+            if (dash.empty())
+                dash.push_back(Along(points[i - 1], points[i], done / length));
+            dash.push_back(points[i]);
+        }
+        left -= length - done;
+    }
+    end(false);
 }
 
 } // namespace txmap

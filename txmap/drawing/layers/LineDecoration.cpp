@@ -23,6 +23,8 @@ namespace
 
 // The pieces of one colour are so long, in pixels.
 constexpr double kPiece = 1.5;
+// A line that is moved far out of the picture has longer ones.
+constexpr double kMostPieces = 20000.0;
 constexpr double kPi = 3.14159265358979323846;
 
 /// A picture that a surface draws; the image refers to the pixels.
@@ -40,7 +42,7 @@ void DrawGradientLine(const LayerScene& scene, const TXPoint* points, std::size_
     const PixelLine line =
         look.offset == 0.0 ? PixelLine(points, points + count) : OffsetLine(points, count, look.offset);
     const double length = LengthOf(line.data(), line.size());
-    const int pieces = std::max(1, static_cast<int>(std::ceil(length / kPiece)));
+    const int pieces = static_cast<int>(std::clamp(std::ceil(length / kPiece), 1.0, kMostPieces));
     LineStroker stroker(scene.canvas);
     EvaluationContext context = scene.Context();
     for (int i = 0; i < pieces; ++i)

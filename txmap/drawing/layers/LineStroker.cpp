@@ -98,7 +98,7 @@ void LineStroker::AddShape(const PixelLine& line, const LineLook& look, double p
         shape = BluntCorners(line.data(), line.size(), std::min(look.miterLimit, kMiterOfSurface));
     Parts pieces;
     if (!look.dashes.empty())
-        AppendDashes(shape.data(), shape.size(), look.dashes, phase, pieces);
+        AddDashes(shape, look, phase, pieces);
     else
     {
         // Over its first side once more, a ring has a corner where it closes.
@@ -112,6 +112,22 @@ void LineStroker::AddShape(const PixelLine& line, const LineLook& look, double p
         Use(look);
         parts.points.insert(parts.points.end(), pieces.points.begin(), pieces.points.end());
         parts.counts.insert(parts.counts.end(), pieces.counts.begin(), pieces.counts.end());
+    }
+}
+
+void LineStroker::AddDashes(const PixelLine& line, const LineLook& look, double phase, Parts& pieces) const
+{
+    // A line may have been moved far out of the picture, where nobody sees its dashes.
+    RectangleClipper clipper(canvas.View().PictureBox(2.0 * look.width + 4.0));
+    Parts seen;
+    std::vector<LineSpan> spans;
+    clipper.ClipLine(line.data(), line.size(), seen, &spans);
+    const TXPoint* points = seen.points.data();
+    for (std::size_t i = 0; i < seen.counts.size(); ++i)
+    {
+        const auto count = static_cast<std::size_t>(seen.counts[i]);
+        AppendDashes(points, count, look.dashes, phase + spans[i].start, pieces);
+        points += count;
     }
 }
 

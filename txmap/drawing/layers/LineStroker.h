@@ -24,6 +24,7 @@ public:
 
 private:
     void AddShape(const PixelLine& line, const LineLook& look, double phase, bool closes);
+    void AddDashes(const PixelLine& line, const LineLook& look, double phase, Parts& pieces) const;
     void Use(const PenLook& look);
 
     MapCanvas& canvas;

@@ -1,0 +1,134 @@
+// Styles with random mistakes are read and, as far as they go, drawn: nothing may crash, hang or grow without end.
+#include <chrono>
+#include <random>
+
+#include <tests/txmap/drawing/layers/StyledTwins.h>
+#include <txmap/drawing/layers/StyledMap.h>
+#include <txmap/sources/SourceDiagnostics.h>
+#include <txmap/sources/SourcePath.h>
+
+using namespace txmap;
+
+namespace
+{
+
+const char* const kStyle =
+    R"({"version": 8, "zoom": 1.5, "center": [10, 20], "bearing": 10, "state": {"a": {"default": 1}},
+"sources": {"s": {"type": "geojson", "lineMetrics": true, "filter": ["has", "n"], "data": {"type": "FeatureCollection",
+  "features": [{"type": "Feature", "properties": {"n": 3, "c": "#ff0000"}, "geometry": {"type": "Polygon",
+    "coordinates": [[[-60, -40], [70, -30], [60, 50], [-50, 40], [-60, -40]]]}},
+   {"type": "Feature", "properties": {"n": 5, "c": "teal"}, "geometry": {"type": "LineString",
+    "coordinates": [[-80, 10], [0, 30], [10, -20], [90, 5]]}},
+   {"type": "Feature", "properties": {"n": 1}, "geometry": {"type": "MultiPoint",
+    "coordinates": [[20, 20], [179, -20]]}}]}}},
+"layers": [
+ {"id": "b", "type": "background", "paint": {"background-color": {"stops": [[0, "red"], [5, "blue"]]}}},
+ {"id": "f", "type": "fill", "source": "s", "filter": ["all", [">", "n", 1], ["in", "$type", "Polygon"]],
+  "layout": {"fill-sort-key": ["get", "n"]}, "paint": {"fill-color": ["get", "c"], "fill-translate": [3, 4],
+  "fill-outline-color": ["case", ["==", ["get", "n"], 3], "black", "white"], "fill-opacity": 0.7}},
+ {"id": "l", "type": "line", "source": "s", "minzoom": 1, "maxzoom": 9, "layout": {"line-join": "round",
+  "line-cap": "square", "line-miter-limit": 3}, "paint": {"line-width": ["interpolate", ["exponential", 1.4], ["zoom"],
+  0, 1, 4, ["get", "n"]], "line-dasharray": [2, 1, 0.5], "line-gap-width": 3, "line-offset": -2, "line-blur": 1}},
+ {"id": "g", "type": "line", "source": "s", "paint": {"line-width": 4, "line-gradient": ["interpolate", ["linear"],
+  ["line-progress"], 0, "red", 1, "blue"], "line-layer-opacity": 0.5, "line-layer-blend": "multiply"}},
+ {"id": "c", "type": "circle", "source": "s", "paint": {"circle-radius": {"property": "n", "stops": [[0, 1], [5, 9]]},
+  "circle-blur": 0.4, "circle-stroke-width": 2, "circle-stroke-color": ["rgba", 1, 2, ["get", "n"], 0.5]}}]})";
+
+/// All values in a style.
+void Collect(Json& json, std::vector<Json*>& values)
+{
+    values.push_back(&json);
+    if (json.is_structured())
+        for (Json& item : json)
+            Collect(item, values);
+}
+
+class Mutator
+{
+public:
+    explicit Mutator(unsigned seed) : random(seed) {}
+
+    std::string Mutated()
+    {
+        Json style = Json::parse(kStyle);
+        const std::size_t changes = 1 + Pick(3);
+        for (std::size_t i = 0; i < changes; ++i)
+        {
+            std::vector<Json*> values;
+            Collect(style, values);
+            Change(*values[1 + Pick(values.size() - 1)], *values[Pick(values.size())]);
+        }
+        std::string text = style.dump();
+        if (Pick(20) == 0)
+            text.resize(Pick(text.size()));
+        return text;
+    }
+
+private:
+    std::size_t Pick(std::size_t count) { return std::uniform_int_distribution<std::size_t>(0, count - 1)(random); }
+
+    void Change(Json& value, const Json& other)
+    {
+        static const std::vector<Json> kStrange = {nullptr,
+                                                   true,
+                                                   -1,
+                                                   0,
+                                                   1e300,
+                                                   -1e300,
+                                                   1e-300,
+                                                   4294967296.0,
+                                                   "",
+                                                   "zork",
+                                                   "get",
+                                                   Json::array(),
+                                                   Json::object(),
+                                                   Json::array({"zoom"}),
+                                                   Json::array({"get", "n"}),
+                                                   Json::array({"get", "c"})};
+        if (Pick(3) == 0)
+        {
+            const Json copy = other;
+            value = copy;
+        }
+        else if (value.is_number() && Pick(2) == 0)
+            value = value.get<double>() * std::vector<double>{-1.0, 0.0, 1e3, 1e6, 1e-6}[Pick(5)];
+        else
+            value = kStrange[Pick(kStrange.size())];
+    }
+
+    std::mt19937 random;
+};
+
+using MutatedStyle = StyledTwins;
+
+} // namespace
+
+TEST_F(MutatedStyle, IsReadAndDrawnInTime)
+{
+    std::size_t drawn = 0;
+    for (unsigned seed = 1; seed <= 2000; ++seed)
+    {
+        const std::string text = Mutator(seed).Mutated();
+        const auto begin = std::chrono::steady_clock::now();
+        try
+        {
+            const MapStyle style = ReadStyle(text).style;
+            const MercatorView view(
+                {style.longitude.value_or(0.0), style.latitude.value_or(0.0), style.zoom.value_or(0.0), style.bearing},
+                {64, 64});
+            SourceDiagnostics diagnostics(false);
+            const MapData data(style, SourceFolder(folder.Path().string()), view, diagnostics);
+            MapCanvas canvas(plugin.Engine(), view);
+            Stopwatch evaluating;
+            DrawLayers(canvas, style, data, evaluating);
+            ++drawn;
+        }
+        catch (const std::exception& error)
+        {
+            ADD_FAILURE() << "seed " << seed << ": " << error.what() << "\n" << text;
+        }
+        const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+        EXPECT_LT(seconds, 10.0) << "seed " << seed << "\n" << text;
+    }
+    EXPECT_EQ(drawn, 2000u);
+}
