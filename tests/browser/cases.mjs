@@ -12,7 +12,7 @@ const geojson = (data, more = {}) => ({ type: 'geojson', data, ...more });
 const BASE = {
     background: {},
     fill: { source: geojson(areas), paint: { 'fill-color': '#d2691e' } },
-    line: { source: geojson(lines, { lineMetrics: true }), paint: { 'line-width': 8, 'line-color': '#4169e1' } },
+    line: { source: geojson(lines), paint: { 'line-width': 8, 'line-color': '#4169e1' } },
     circle: { source: geojson(points), paint: { 'circle-radius': 20, 'circle-color': '#2e8b57' } },
     raster: { source: raster, paint: {} },
     hillshade: { source: heights, paint: {} }
@@ -94,7 +94,9 @@ const MEMBERS = [
 const isLayout = name => name === 'visibility' || name.endsWith('-sort-key') || /^line-(cap|join|miter-limit|round-limit)$/.test(name);
 
 function propertyCase(type, property, value, index) {
-    const { $: bare, zoom = 2, bearing = 0, scale = 1, source = BASE[type].source, ...others } =
+    // Browsers measure dashes and patterns in another unit where a source has measures for gradients.
+    const usual = property === 'line-gradient' ? geojson(lines, { lineMetrics: true }) : BASE[type].source;
+    const { $: bare, zoom = 2, bearing = 0, scale = 1, source = usual, ...others } =
         value && typeof value === 'object' && '$' in value ? value : { $: value };
     const layer = { id: 'layer', type, ...(source && { source: 'source' }), paint: { ...BASE[type].paint }, layout: {} };
     for (const [name, one] of Object.entries({ ...others, [property]: bare }))

@@ -72,7 +72,7 @@ function picturePixel(x, y) {
 }
 
 function heightPixel(x, y) {
-    const height = 2500 + 1300 * Math.sin(x * 61) * Math.cos(y * 53) + 700 * Math.sin((x + y) * 140) * Math.sin(x * 33);
+    const height = 9000 + 5200 * Math.sin(x * 101) * Math.cos(y * 93) + 2800 * Math.sin((x + y) * 240) * Math.sin(x * 33);
     const value = Math.round((height + 32768) * 256);
     return [value >> 16 & 255, value >> 8 & 255, value & 255, 255];
 }
