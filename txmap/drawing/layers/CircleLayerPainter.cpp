@@ -6,6 +6,8 @@
 #include <txgraphics/TXGraphics.h>
 #include <txmap/drawing/layers/LayerProperty.h>
 #include <txmap/drawing/layers/LayerScene.h>
+#include <txmap/drawing/layers/PixelSampler.h>
+#include <txmap/drawing/layers/PixelWindow.h>
 #include <txmap/map/PixelParts.h>
 
 namespace txmap
@@ -19,7 +21,6 @@ namespace
 
 // How far circles reach whose size depends on the feature, in logical pixels.
 constexpr double kUnknownReach = 128.0;
-constexpr int kMostBlurSteps = 32;
 
 /// How a feature looks. Lengths are in pixels.
 struct CircleLook
@@ -30,6 +31,13 @@ struct CircleLook
     double strokeWidth = 0.0;
     Color strokeColor;
 };
+
+/// From 0 to 1, without a bend at either end.
+double SmoothStep(double position)
+{
+    const double part = std::clamp(position, 0.0, 1.0);
+    return part * part * (3.0 - 2.0 * part);
+}
 
 /// Adds a circle to the current path, of four curves.
 void AddCircle(TXGraphics& surface, const TXPoint& centre, double radius)
@@ -109,7 +117,7 @@ private:
         look.radius = std::max(0.0, radius.At(context) * scene.Scale());
         look.color = color.At(context);
         look.color.alpha *= opacity.At(context);
-        look.blur = std::clamp(blur.At(context), 0.0, 1.0);
+        look.blur = std::max(0.0, blur.At(context)); // Above 1, not even the centre is dense.
         look.strokeWidth = std::max(0.0, strokeWidth.At(context) * scene.Scale());
         look.strokeColor = strokeColor.At(context);
         look.strokeColor.alpha *= strokeOpacity.At(context);
@@ -141,29 +149,34 @@ private:
             Fill(centre, outer, look.radius, look.strokeColor);
     }
 
-    /// Discs one over the other, from the pale outer edge inward.
+    /// Pixel by pixel: from the outer edge inward the circle gets denser, and its stroke passes into its fill.
     void DrawBlurred(const TXPoint& centre, const CircleLook& look)
     {
         const double outer = look.radius + look.strokeWidth;
         const double ramp = look.blur * outer;
-        const int steps = std::clamp(static_cast<int>(std::ceil(ramp * 1.5)), 4, kMostBlurSteps);
-        double before = 0.0;
-        bool inRing = look.strokeWidth > 0.0;
-        for (int i = 0; i < steps; ++i)
+        PixelWindow window(scene.canvas, {centre.x - outer, centre.x + outer, centre.y - outer, centre.y + outer});
+        if (window.IsEmpty())
+            return;
+        const auto channel = [](const Color& color, double Color::*part) { return color.*part * color.alpha * 255.0; };
+        const auto sampled = [&](const Color& color) -> SampledColor
         {
-            const double position = (i + 0.5) / steps;
-            const double reach = outer - position * ramp;
-            const double density = position * position * (3.0 - 2.0 * position);
-            const bool isRing = look.strokeWidth > 0.0 && reach > look.radius;
-            // Where the colour changes, the disc begins anew.
-            before = inRing && !isRing ? 0.0 : before;
-            inRing = isRing;
-            Color filled = isRing ? look.strokeColor : look.color;
-            const double wanted = filled.alpha * density;
-            filled.alpha = before < 1.0 ? std::max(0.0, (wanted - before) / (1.0 - before)) : 1.0;
-            Fill(centre, reach, 0.0, filled);
-            before = std::max(before, wanted);
-        }
+            return {channel(color, &Color::red), channel(color, &Color::green), channel(color, &Color::blue),
+                    color.alpha * 255.0};
+        };
+        const SampledColor inside = sampled(look.color);
+        const SampledColor ring = sampled(look.strokeColor);
+        window.Fill(
+            [&](double x, double y) -> std::uint32_t
+            {
+                const double distance = std::hypot(x - centre.x, y - centre.y);
+                const double density = SmoothStep((outer - distance) / ramp);
+                const double fill = look.strokeWidth > 0.0 ? SmoothStep((look.radius - distance) / ramp) : 1.0;
+                const auto mixed = [&](double a, double b) { return density * (b + (a - b) * fill); };
+                return SampledColor{mixed(inside.red, ring.red), mixed(inside.green, ring.green),
+                                    mixed(inside.blue, ring.blue), mixed(inside.alpha, ring.alpha)}
+                    .Packed();
+            });
+        window.Draw(scene.canvas, 1.0);
     }
 
     const LayerScene& scene;

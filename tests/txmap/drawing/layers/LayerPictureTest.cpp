@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <tests/txmap/drawing/layers/StyledTwins.h>
 #include <txmap/map/LineShape.h>
 
@@ -244,6 +246,34 @@ TEST_F(LayerPicture, BlurFadesInward)
     // Half a pixel outside of the edge nothing is there, and everything 10 pixels further in.
     for (std::size_t y = 90; y < 99; ++y)
         EXPECT_NEAR(alpha(y), (static_cast<double>(y) + 0.5 - 89.5) / 10.0 * 255.0, 16.0) << y;
+}
+
+TEST_F(LayerPicture, CircleBlurOverItsWholeRadiusAndBeyond)
+{
+    for (const double blur : {0.5, 1.0, 2.0})
+    {
+        const auto styled = Styled(R"({"type": "Point", "coordinates": )" + Place(128.5, 128.5) + "}",
+                                   R"({"id": "c", "type": "circle", "source": "s", "paint": {"circle-radius": 40,
+            "circle-blur": )" + std::to_string(blur) +
+                                       "}}");
+        for (std::size_t distance = 0; distance < 44; ++distance)
+        {
+            const double part = std::clamp((1.0 - static_cast<double>(distance) / 40.0) / blur, 0.0, 1.0);
+            EXPECT_NEAR(styled[128 * 256 + 128 + distance] >> 24, part * part * (3.0 - 2.0 * part) * 255.0, 1.0)
+                << blur << " at " << distance;
+        }
+    }
+}
+
+TEST_F(LayerPicture, CircleStrokePassesIntoItsBlurredFill)
+{
+    const auto styled = Styled(R"({"type": "Point", "coordinates": )" + Place(128.5, 128.5) + "}",
+                               R"({"id": "c", "type": "circle", "source": "s", "paint": {"circle-radius": 30,
+        "circle-color": "#f00", "circle-stroke-width": 10, "circle-stroke-color": "#00f", "circle-blur": 0.25}})");
+    // At the border of the fill only the stroke is there, the width of the blur further in only the fill.
+    EXPECT_EQ(styled[128 * 256 + 128 + 30], 0xff0000ffu);
+    EXPECT_EQ(styled[128 * 256 + 128 + 20], 0xffff0000u);
+    EXPECT_NEAR(styled[128 * 256 + 128 + 25] >> 16 & 255, 127.5, 1.0);
 }
 
 TEST_F(LayerPicture, CircleWithFractions)
