@@ -23,12 +23,12 @@ struct PropertySpec
     bool zoomAllowed = true;  ///< Whether an expression may use the zoom.
     bool interpolated = true; ///< Whether values are mixed between stops.
     bool tokens = false;      ///< Whether "{name}" in a text stands for an attribute.
-    std::string propertyType; ///< As in the specification: "data-driven", "color-ramp", "cross-faded".
+    std::string propertyType; ///< How styles call it: "data-driven", "color-ramp", "cross-faded".
 
     /// The type that an expression must have, or nothing if any will do.
     std::optional<ExpressionType> ExpectedType() const;
 
-    /// Reads a property of the specification in its JSON form.
+    /// Reads the description of a property from its JSON form.
     static PropertySpec FromJson(const Json& json);
     /// Of the filter of a layer.
     static PropertySpec Filter();

@@ -29,7 +29,7 @@ std::string Passing(const std::string& filter)
     return passing;
 }
 
-TEST(Filter, passes_what_the_specification_says)
+TEST(Filter, passes_what_browsers_pass)
 {
     const std::pair<const char*, const char*> cases[] = {
         {R"(null)", "111"},

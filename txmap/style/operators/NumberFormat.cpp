@@ -79,8 +79,10 @@ private:
                                                                  return (letter >= 'A' && letter <= 'Z') ||
                                                                         (letter >= 'a' && letter <= 'z');
                                                              });
-        icu::CurrencyUnit currency(letters ? icu::StringPiece(code) : icu::StringPiece("XXX"), status);
-        if (!letters || U_FAILURE(status))
+        if (!letters)
+            Fail("Invalid currency code : " + code);
+        icu::CurrencyUnit currency(icu::StringPiece(code), status);
+        if (U_FAILURE(status))
             Fail("Invalid currency code : " + code);
         return currency;
     }
