@@ -39,6 +39,12 @@ QPaintEngineEx* EngineFor(QPainter& painter)
     return dynamic_cast<QPaintEngineEx*>(painter.paintEngine());
 }
 
+/// The same for a brush that is not the painter's own.
+QPaintEngineEx* EngineFor(QPainter& painter, const QBrush& brush)
+{
+    return IsPlain(brush) ? EngineFor(painter) : dynamic_cast<QPaintEngineEx*>(painter.paintEngine());
+}
+
 /// Without closing lines, as Qt's own paths are.
 QVectorPath VectorPath(const OutlineView& outline)
 {
@@ -143,8 +149,7 @@ bool DrawOutline(QPainter& painter, const OutlineView& outline)
 
 bool FillOutline(QPainter& painter, const OutlineView& outline, const QBrush& brush)
 {
-    QPaintEngineEx* const engine =
-        IsPlain(brush) ? EngineFor(painter) : dynamic_cast<QPaintEngineEx*>(painter.paintEngine());
+    QPaintEngineEx* const engine = EngineFor(painter, brush);
     if (engine && outline.count > 0)
         engine->fill(VectorPath(outline), brush);
     return engine != nullptr;
@@ -152,8 +157,7 @@ bool FillOutline(QPainter& painter, const OutlineView& outline, const QBrush& br
 
 bool StrokeOutline(QPainter& painter, const OutlineView& outline, const QPen& pen)
 {
-    QPaintEngineEx* const engine =
-        IsPlain(pen.brush()) ? EngineFor(painter) : dynamic_cast<QPaintEngineEx*>(painter.paintEngine());
+    QPaintEngineEx* const engine = EngineFor(painter, pen.brush());
     if (engine && outline.count > 0)
         engine->stroke(VectorPath(outline), pen);
     return engine != nullptr;

@@ -4,13 +4,11 @@
 #include <cmath>
 #include <cstdlib>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
-
 #include <private/qdrawhelper_p.h>
 #include <private/qpainter_p.h>
 #include <private/qrgba64_p.h>
+
+#include <txpluginqt/raster/Bytes255.h>
 
 namespace txqt
 {
@@ -29,39 +27,34 @@ int Slope(int rise, int run) { return static_cast<int>(qint64(rise) * 65536 / ru
 
 int Swapped(int caps) { return ((caps & 1) << 1) | ((caps & 2) >> 1); }
 
-/// Blends a colour over two pixels, with the coverage of each, up to 255.
-inline void BlendTwo(quint32* first, quint32* second, quint32 color, int coverage1, int coverage2)
-{
-#if defined(__SSE2__)
-    const __m128i zero = _mm_setzero_si128();
-    const __m128i half = _mm_set1_epi16(0x80);
-    // Products of bytes divided by 255, as Qt rounds them.
-    const auto divided = [&](__m128i product)
-    { return _mm_srli_epi16(_mm_add_epi16(_mm_add_epi16(product, _mm_srli_epi16(product, 8)), half), 8); };
-    const __m128i wide = _mm_unpacklo_epi8(_mm_set1_epi32(static_cast<int>(color)), zero);
-    const __m128i coverage = _mm_unpacklo_epi64(_mm_set1_epi16(static_cast<short>(coverage1)),
-                                                _mm_set1_epi16(static_cast<short>(coverage2)));
-    const __m128i source = divided(_mm_mullo_epi16(wide, coverage));
-    const __m128i alpha = _mm_shufflehi_epi16(_mm_shufflelo_epi16(source, 0xff), 0xff);
-    const __m128i below = _mm_unpacklo_epi8(
-        _mm_unpacklo_epi32(_mm_cvtsi32_si128(static_cast<int>(*first)), _mm_cvtsi32_si128(static_cast<int>(*second))),
-        zero);
-    const __m128i rest = divided(_mm_mullo_epi16(below, _mm_sub_epi16(_mm_set1_epi16(0xff), alpha)));
-    const __m128i result = _mm_packus_epi16(_mm_add_epi16(source, rest), zero);
-    *first = static_cast<quint32>(_mm_cvtsi128_si32(result));
-    *second = static_cast<quint32>(_mm_cvtsi128_si32(_mm_srli_si128(result, 4)));
-#else
-    const quint32 source1 = BYTE_MUL(color, static_cast<uint>(coverage1));
-    const quint32 source2 = BYTE_MUL(color, static_cast<uint>(coverage2));
-    *first = source1 + BYTE_MUL(*first, qAlpha(~source1));
-    *second = source2 + BYTE_MUL(*second, qAlpha(~source2));
-#endif
-}
-
+/// Blends a colour over a pixel, with a coverage up to 255.
 inline void BlendOne(quint32* pixel, quint32 color, int coverage)
 {
     const quint32 source = BYTE_MUL(color, static_cast<uint>(coverage));
     *pixel = source + BYTE_MUL(*pixel, static_cast<uint>(qAlpha(~source)));
+}
+
+/// The same for two pixels at once.
+inline void BlendTwo(quint32* first, quint32* second, quint32 color, int coverage1, int coverage2)
+{
+#if defined(__SSE2__)
+    const __m128i zero = _mm_setzero_si128();
+    const __m128i wide = _mm_unpacklo_epi8(_mm_set1_epi32(static_cast<int>(color)), zero);
+    const __m128i coverage = _mm_unpacklo_epi64(_mm_set1_epi16(static_cast<short>(coverage1)),
+                                                _mm_set1_epi16(static_cast<short>(coverage2)));
+    const __m128i source = DividedBy255(_mm_mullo_epi16(wide, coverage));
+    const __m128i alpha = _mm_shufflehi_epi16(_mm_shufflelo_epi16(source, 0xff), 0xff);
+    const __m128i below = _mm_unpacklo_epi8(
+        _mm_unpacklo_epi32(_mm_cvtsi32_si128(static_cast<int>(*first)), _mm_cvtsi32_si128(static_cast<int>(*second))),
+        zero);
+    const __m128i rest = DividedBy255(_mm_mullo_epi16(below, _mm_sub_epi16(_mm_set1_epi16(0xff), alpha)));
+    const __m128i result = _mm_packus_epi16(_mm_add_epi16(source, rest), zero);
+    *first = static_cast<quint32>(_mm_cvtsi128_si32(result));
+    *second = static_cast<quint32>(_mm_cvtsi128_si32(_mm_srli_si128(result, 4)));
+#else
+    BlendOne(first, color, coverage1);
+    BlendOne(second, color, coverage2);
+#endif
 }
 
 const QClipData* RectClip(const QRasterPaintEngineState& state)

@@ -28,10 +28,6 @@ QPaintEngineExPrivate& PrivateOf(QPaintEngine& engine)
 
 } // namespace
 
-OutlineEngine::OutlineEngine() = default;
-
-OutlineEngine::~OutlineEngine() = default;
-
 OutlineEngine& OutlineEngine::For(QRasterPaintEngine& raster)
 {
     thread_local OutlineEngine engine;

@@ -21,8 +21,6 @@ class OutlineEngine final : public QPaintEngineEx
 public:
     /// The thread's engine, ready to draw in place of @p raster until the painter's state changes.
     static OutlineEngine& For(QRasterPaintEngine& raster);
-    OutlineEngine();
-    ~OutlineEngine() override;
 
     void fill(const QVectorPath& path, const QBrush& brush) override;
     void stroke(const QVectorPath& path, const QPen& pen) override;

@@ -2,20 +2,17 @@
 
 #include <algorithm>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
+#include <txpluginqt/raster/Bytes255.h>
 
 namespace txqt
 {
 
-SolidPixels::SolidPixels(const RasterTarget& target, const QSpanData& data, const QRect& area) : area(area)
+SolidPixels::SolidPixels(const QSpanData& data, const QRect& area) : area(area)
 {
     QRasterBuffer& buffer = *data.rasterBuffer;
     pixels = reinterpret_cast<quint32*>(buffer.buffer());
     stride = buffer.stride<quint32>();
     color = data.solidColor.toArgb32();
-    isOpaque = data.solidColor.isOpaque() && target.State().composition_mode == QPainter::CompositionMode_SourceOver;
 }
 
 std::optional<SolidPixels> SolidPixels::For(const RasterTarget& target, const QSpanData& data)
@@ -32,13 +29,11 @@ std::optional<SolidPixels> SolidPixels::For(const RasterTarget& target, const QS
             return std::nullopt;
         area &= clip->clipRect;
     }
-    return SolidPixels(target, data, area);
+    return SolidPixels(data, area);
 }
 
-void SolidPixels::AddRun(quint32* pixel, int length, int coverage) const
+void SolidPixels::AddRun(quint32* pixel, int length, quint32 source, uint rest)
 {
-    const quint32 source = coverage == kFull ? color : BYTE_MUL(color, static_cast<uint>(coverage));
-    const uint rest = isOpaque ? static_cast<uint>(kFull - coverage) : static_cast<uint>(qAlpha(~source));
     if (rest == 0)
     {
         std::fill_n(pixel, length, source);
@@ -47,15 +42,9 @@ void SolidPixels::AddRun(quint32* pixel, int length, int coverage) const
     int i = 0;
 #if defined(__SSE2__)
     const __m128i zero = _mm_setzero_si128();
-    const __m128i half = _mm_set1_epi16(0x80);
     const __m128i sources = _mm_set1_epi32(static_cast<int>(source));
     const __m128i rests = _mm_set1_epi16(static_cast<short>(rest));
-    // A product of bytes divided by 255, as Qt rounds it.
-    const auto faded = [&](__m128i bytes)
-    {
-        const __m128i product = _mm_mullo_epi16(bytes, rests);
-        return _mm_srli_epi16(_mm_add_epi16(_mm_add_epi16(product, _mm_srli_epi16(product, 8)), half), 8);
-    };
+    const auto faded = [&](__m128i bytes) { return DividedBy255(_mm_mullo_epi16(bytes, rests)); };
     for (; i + 4 <= length; i += 4)
     {
         auto* const four = reinterpret_cast<__m128i*>(pixel + i);

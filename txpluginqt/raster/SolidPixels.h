@@ -25,31 +25,26 @@ public:
     void Add(int x, int y, int length, int coverage)
     {
         quint32* const pixel = pixels + y * stride + x;
+        const quint32 source = BYTE_MUL(color, static_cast<uint>(coverage));
+        const auto rest = static_cast<uint>(qAlpha(~source));
         if (length > kShort)
-        {
-            AddRun(pixel, length, coverage);
-            return;
-        }
-        // Qt multiplies an opaque colour and what lies below by parts of 255; otherwise the colour's own alpha counts.
-        const quint32 source = coverage == kFull ? color : BYTE_MUL(color, static_cast<uint>(coverage));
-        const uint rest = isOpaque ? static_cast<uint>(kFull - coverage) : static_cast<uint>(qAlpha(~source));
-        for (int i = 0; i < length; ++i)
-            pixel[i] = source + BYTE_MUL(pixel[i], rest);
+            AddRun(pixel, length, source, rest);
+        else
+            for (int i = 0; i < length; ++i)
+                pixel[i] = source + BYTE_MUL(pixel[i], rest);
     }
     void Flush() {}
 
 private:
-    static constexpr int kFull = 255;
     static constexpr int kShort = 8;
 
-    SolidPixels(const RasterTarget& target, const QSpanData& data, const QRect& area);
-    void AddRun(quint32* pixel, int length, int coverage) const;
+    SolidPixels(const QSpanData& data, const QRect& area);
+    static void AddRun(quint32* pixel, int length, quint32 source, uint rest);
 
     QRect area;
     quint32* pixels;
     std::ptrdiff_t stride; ///< Pixels in a row.
     quint32 color;         ///< Premultiplied.
-    bool isOpaque;
 };
 
 } // namespace txqt
