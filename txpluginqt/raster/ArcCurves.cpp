@@ -1,5 +1,7 @@
 #include <txpluginqt/raster/ArcCurves.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include <QtMath>
@@ -17,26 +19,90 @@ constexpr int kQuarter = 90;
 constexpr int kTurn = 360;
 constexpr int kQuadrants = 4;
 
-/// The parameter of a quarter's curve where it has an angle from 0 to 90 degrees: two steps of Newton's method for the
-/// cosine, two more for the sine, and the mean of both.
+/// The parameter of a quarter's curve where it has an angle, in quarters from 0 to 1: two steps of Newton's method for
+/// the cosine, two more for the sine, and the mean of both.
+template <class Number>
+Number IteratedParameter(Number quarters, Number cosine, Number sine)
+{
+    constexpr Number k = kKappa;
+    Number byCosine = quarters;
+    for (int i = 0; i < 2; ++i)
+        byCosine -= ((((2 - 3 * k) * byCosine + 3 * (k - 1)) * byCosine) * byCosine + 1 - cosine) /
+                    (((6 - 9 * k) * byCosine + 6 * (k - 1)) * byCosine);
+    Number bySine = byCosine;
+    for (int i = 0; i < 2; ++i)
+        bySine -= ((((3 * k - 2) * bySine - 6 * k + 3) * bySine + 3 * k) * bySine - sine) /
+                  (((9 * k - 6) * bySine + 12 * k - 6) * bySine + 3 * k);
+    return (byCosine + bySine) / 2;
+}
+
+/// The same function of the angle as polynomials, one for each of equal parts of a quarter. They are as exact as the
+/// numbers of the iteration, and need neither sine nor division.
+class ParameterPolynomials
+{
+public:
+    /// Below this many quarters the iteration takes the difference of numbers that are nearly the same. What it makes
+    /// of their last bits is only to be had from itself.
+    static constexpr double kLeast = 1.0 / 32;
+
+    ParameterPolynomials()
+    {
+        constexpr long double pi = 3.14159265358979323846264338327950288L;
+        // Where a polynomial meets the function: nodes of Chebyshev.
+        for (int i = 0; i < kNodes; ++i)
+            nodes[i] = std::cos(static_cast<double>(pi) * (i + 0.5) / kNodes);
+        for (int part = 1; part < kParts; ++part)
+        {
+            std::array<long double, kNodes> differences;
+            for (int i = 0; i < kNodes; ++i)
+            {
+                const long double quarters = (part + (nodes[i] + 1.0L) / 2) / kParts;
+                differences[i] = IteratedParameter(quarters, std::cos(quarters * pi / 2), std::sin(quarters * pi / 2));
+            }
+            for (int order = 1; order < kNodes; ++order)
+                for (int i = kNodes - 1; i >= order; --i)
+                    differences[i] =
+                        (differences[i] - differences[i - 1]) / (static_cast<long double>(nodes[i]) - nodes[i - order]);
+            std::copy(differences.begin(), differences.end(), coefficients[part].begin());
+        }
+    }
+
+    /// @param quarters from `kLeast` to less than 1.
+    double At(double quarters) const
+    {
+        const double scaled = quarters * kParts;
+        const int part = static_cast<int>(scaled);
+        const double x = 2 * (scaled - part) - 1;
+        const std::array<double, kNodes>& c = coefficients[part];
+        double value = c[kNodes - 1];
+        for (int i = kNodes - 1; i-- > 0;)
+            value = value * (x - nodes[i]) + c[i];
+        return value;
+    }
+
+private:
+    static constexpr int kParts = 32;
+    static constexpr int kNodes = 8;
+
+    std::array<double, kNodes> nodes{};
+    std::array<std::array<double, kNodes>, kParts> coefficients{}; ///< In Newton's form, the constant first.
+};
+
+/// The parameter of a quarter's curve where it has an angle from 0 to 90 degrees.
 double ParameterOf(double angle)
 {
     if (qFuzzyIsNull(angle))
         return 0.0;
     if (qFuzzyCompare(angle, double(kQuarter)))
         return 1.0;
+    const double quarters = angle / kQuarter;
+    if (quarters >= ParameterPolynomials::kLeast && quarters < 1.0)
+    {
+        static const ParameterPolynomials polynomials;
+        return polynomials.At(quarters);
+    }
     const double radians = qDegreesToRadians(angle);
-    const double cosine = std::cos(radians);
-    const double sine = std::sin(radians);
-    double byCosine = angle / kQuarter;
-    for (int i = 0; i < 2; ++i)
-        byCosine -= ((((2 - 3 * kKappa) * byCosine + 3 * (kKappa - 1)) * byCosine) * byCosine + 1 - cosine) /
-                    (((6 - 9 * kKappa) * byCosine + 6 * (kKappa - 1)) * byCosine);
-    double bySine = byCosine;
-    for (int i = 0; i < 2; ++i)
-        bySine -= ((((3 * kKappa - 2) * bySine - 6 * kKappa + 3) * bySine + 3 * kKappa) * bySine - sine) /
-                  (((9 * kKappa - 6) * bySine + 12 * kKappa - 6) * bySine + 3 * kKappa);
-    return 0.5 * (byCosine + bySine);
+    return IteratedParameter(quarters, std::cos(radians), std::sin(radians));
 }
 
 /// A quarter of a circle that spans from -1 to 1, clockwise; quarters are counted counter-clockwise from the right.

@@ -28,7 +28,8 @@ struct Band
 };
 
 /// Cells of a band of rows, with one bit for each cell that an edge has touched. The cells stand in a dense array, with
-/// one more column at the left for all that lies left of the band; what lies at the right leaves no trace.
+/// one more column at the left for all that lies left of the band, and one at the right for edges that run along its
+/// right side; what lies beyond leaves no trace.
 ///
 /// Edges are cut up with the arithmetic of Qt's rasteriser, so that every cell has the same sums. What lies outside the
 /// band is skipped in closed form, so that an edge costs no more than the cells that it touches.
@@ -41,6 +42,8 @@ public:
     /// Starts a band. Every cell is empty.
     void Begin(const Band& newBand);
     /// Adds an edge.
+    /// @tparam IsInside true promises that no part of the edge is beyond the sides of the band.
+    template <bool IsInside>
     void AddEdge(FixedPoint from, FixedPoint to);
     /// Adds what the last edges left open. @return false when an area was too large to be counted.
     bool End();
@@ -60,10 +63,13 @@ public:
 
 private:
     static constexpr int kPixel = 256;
+    static constexpr std::int64_t kFullArea = 2 * kPixel; ///< Times the height, the area of a whole pixel.
 
+    template <bool IsInside>
     void AddRow(int row, int x1, int y1, int x2, int y2);
     void Add(int row, int column, Area area, int cover);
     void Flush();
+    bool HasRow(int row) const { return row >= 0 && row < band.height; }
 
     std::vector<Cell<Area>> cells;
     std::vector<std::uint64_t> used;
@@ -100,7 +106,8 @@ template <class Area>
 void CellGrid<Area>::Begin(const Band& newBand)
 {
     band = newBand;
-    stride = band.width + 1;
+    // One column for what lies at the left, and one for edges inside that run along the right side.
+    stride = band.width + 2;
     words = (stride + 63) / 64;
     const std::size_t rows = static_cast<std::size_t>(band.height);
     // Unused cells are empty already.
@@ -146,17 +153,22 @@ inline void CellGrid<Area>::Add(int row, int column, Area area, int cover)
 }
 
 template <class Area>
+template <bool IsInside>
 void CellGrid<Area>::AddEdge(FixedPoint from, FixedPoint to)
 {
-    const int top = band.top * kPixel;
-    const int bottom = (band.top + band.height) * kPixel;
     const int dy = to.y - from.y;
     // Level edges cover nothing.
-    if (dy == 0 || std::max(from.y, to.y) <= top || std::min(from.y, to.y) >= bottom)
+    if (dy == 0)
         return;
     const int left = band.left * kPixel;
-    if (std::min(from.x, to.x) >= left + band.width * kPixel)
-        return;
+    if (!IsInside)
+    {
+        const int top = band.top * kPixel;
+        const int bottom = (band.top + band.height) * kPixel;
+        if (std::max(from.y, to.y) <= top || std::min(from.y, to.y) >= bottom ||
+            std::min(from.x, to.x) >= left + band.width * kPixel)
+            return;
+    }
 
     int row1 = (from.y >> 8) - band.top;
     const int row2 = (to.y >> 8) - band.top;
@@ -166,7 +178,7 @@ void CellGrid<Area>::AddEdge(FixedPoint from, FixedPoint to)
     const int x2 = to.x - left;
     if (row1 == row2)
     {
-        AddRow(row1, x1, inRow1, x2, inRow2);
+        AddRow<IsInside>(row1, x1, inRow1, x2, inRow2);
         return;
     }
 
@@ -178,15 +190,15 @@ void CellGrid<Area>::AddEdge(FixedPoint from, FixedPoint to)
     const int dx = x2 - x1;
     if (dx == 0)
     {
-        if (row1 >= 0 && row1 < band.height)
-            AddRow(row1, x1, inRow1, x1, leave);
-        const int first = std::clamp(row1 + step, -1, band.height);
-        const int last = std::clamp(row2, -1, band.height);
+        if (IsInside || HasRow(row1))
+            AddRow<IsInside>(row1, x1, inRow1, x1, leave);
+        const int first = IsInside ? row1 + step : std::clamp(row1 + step, -1, band.height);
+        const int last = IsInside ? row2 : std::clamp(row2, -1, band.height);
         for (int row = first; row != last; row += step)
-            if (row >= 0 && row < band.height)
-                AddRow(row, x1, enter, x1, leave);
-        if (row2 >= 0 && row2 < band.height)
-            AddRow(row2, x1, enter, x1, inRow2);
+            if (IsInside || HasRow(row))
+                AddRow<IsInside>(row, x1, enter, x1, leave);
+        if (IsInside || HasRow(row2))
+            AddRow<IsInside>(row2, x1, enter, x1, inRow2);
         return;
     }
 
@@ -195,13 +207,15 @@ void CellGrid<Area>::AddEdge(FixedPoint from, FixedPoint to)
     const FloorDivision<int> start(toBoundary * dx, height);
     int rest = start.rest;
     int x = x1 + start.quotient;
-    if (row1 >= 0 && row1 < band.height)
-        AddRow(row1, x1, inRow1, x, leave);
+    if (IsInside || HasRow(row1))
+        AddRow<IsInside>(row1, x1, inRow1, x, leave);
     row1 += step;
     if (row1 != row2)
     {
         // Rows above or below the band.
-        const int skipped = isDown ? std::min(-row1, row2 - row1) : std::min(row1 - band.height + 1, row1 - row2);
+        const int skipped = IsInside ? 0
+                            : isDown ? std::min(-row1, row2 - row1)
+                                     : std::min(row1 - band.height + 1, row1 - row2);
         if (skipped > 0)
         {
             const FloorDivision<std::int64_t> skip((toBoundary + std::int64_t(skipped) * kPixel) * dx, height);
@@ -212,7 +226,7 @@ void CellGrid<Area>::AddEdge(FixedPoint from, FixedPoint to)
         const FloorDivision<int> lift(kPixel * dx, height);
         rest -= height;
         // Beyond the band's end nothing is left to do, not even the last row.
-        const int end = isDown ? std::min(row2, band.height) : std::max(row2, -1);
+        const int end = IsInside ? row2 : isDown ? std::min(row2, band.height) : std::max(row2, -1);
         while (row1 != end)
         {
             int delta = lift.quotient;
@@ -222,16 +236,17 @@ void CellGrid<Area>::AddEdge(FixedPoint from, FixedPoint to)
                 rest -= height;
                 ++delta;
             }
-            AddRow(row1, x, enter, x + delta, leave);
+            AddRow<IsInside>(row1, x, enter, x + delta, leave);
             x += delta;
             row1 += step;
         }
     }
-    if (row1 == row2 && row2 >= 0 && row2 < band.height)
-        AddRow(row2, x, enter, x2, inRow2);
+    if (IsInside || (row1 == row2 && HasRow(row2)))
+        AddRow<IsInside>(row2, x, enter, x2, inRow2);
 }
 
 template <class Area>
+template <bool IsInside>
 void CellGrid<Area>::AddRow(int row, int x1, int y1, int x2, int y2)
 {
     const int dy = y2 - y1;
@@ -243,16 +258,16 @@ void CellGrid<Area>::AddRow(int row, int x1, int y1, int x2, int y2)
     const int in2 = x2 & (kPixel - 1);
     if (column1 == column2)
     {
-        if (column1 < band.width)
-            Add(row, column1 < 0 ? 0 : column1 + 1, static_cast<Area>(in1 + in2) * dy, dy);
+        if (IsInside || column1 < band.width)
+            Add(row, !IsInside && column1 < 0 ? 0 : column1 + 1, static_cast<Area>(in1 + in2) * dy, dy);
         return;
     }
-    if (column1 < 0 && column2 < 0)
+    if (!IsInside && column1 < 0 && column2 < 0)
     {
         Add(row, 0, 0, dy);
         return;
     }
-    if (column1 >= band.width && column2 >= band.width)
+    if (!IsInside && column1 >= band.width && column2 >= band.width)
         return;
 
     const bool isRight = x2 > x1;
@@ -262,17 +277,18 @@ void CellGrid<Area>::AddRow(int row, int x1, int y1, int x2, int y2)
     const int toSide = isRight ? kPixel - in1 : in1;
     const FloorDivision<int> start(toSide * dy, width);
     int done = start.quotient; // How much of the height lies behind.
-    if (column1 < 0)
+    if (!IsInside && column1 < 0)
         Add(row, 0, 0, done);
-    else if (column1 < band.width)
+    else if (IsInside || column1 < band.width)
         Add(row, column1 + 1, static_cast<Area>(in1 + leave) * done, done);
     column1 += step;
     if (column1 != column2)
     {
         int rest = start.rest;
         // Columns before the band.
-        const int skipped =
-            isRight ? std::min(-column1, column2 - column1) : std::min(column1 - band.width + 1, column1 - column2);
+        const int skipped = IsInside  ? 0
+                            : isRight ? std::min(-column1, column2 - column1)
+                                      : std::min(column1 - band.width + 1, column1 - column2);
         if (skipped > 0)
         {
             const FloorDivision<std::int64_t> skip((toSide + std::int64_t(skipped) * kPixel) * dy, width);
@@ -285,7 +301,7 @@ void CellGrid<Area>::AddRow(int row, int x1, int y1, int x2, int y2)
         }
         const FloorDivision<int> lift(kPixel * dy, width);
         rest -= width;
-        const int end = isRight ? std::min(column2, band.width) : std::max(column2, -1);
+        const int end = IsInside ? column2 : isRight ? std::min(column2, band.width) : std::max(column2, -1);
         while (column1 != end)
         {
             int delta = lift.quotient;
@@ -300,10 +316,10 @@ void CellGrid<Area>::AddRow(int row, int x1, int y1, int x2, int y2)
             column1 += step;
         }
     }
-    if (column2 < 0)
+    if (!IsInside && column2 < 0)
         // Whatever is left of the height lies left of the band.
         Add(row, 0, 0, dy - done);
-    else if (column1 == column2 && column2 < band.width)
+    else if (IsInside || (column1 == column2 && column2 < band.width))
         Add(row, column2 + 1, static_cast<Area>(in2 + kPixel - leave) * (dy - done), dy - done);
 }
 
@@ -332,9 +348,9 @@ void CellGrid<Area>::Sweep(Run run)
                 const int column = word * 64 + __builtin_ctzll(rest) - 1;
                 Cell<Area>& touched = cell[column + 1];
                 if (cover != 0 && column > next)
-                    run(band.left + next, y, std::int64_t(cover) * (2 * kPixel), column - next);
+                    run(band.left + next, y, std::int64_t(cover) * kFullArea, column - next);
                 cover += touched.cover;
-                const std::int64_t area = std::int64_t(cover) * (2 * kPixel) - touched.area;
+                const std::int64_t area = std::int64_t(cover) * kFullArea - touched.area;
                 if (area != 0 && column >= 0)
                     run(band.left + column, y, area, 1);
                 touched = {0, 0};
@@ -343,7 +359,7 @@ void CellGrid<Area>::Sweep(Run run)
             bits[word] = 0;
         }
         if (cover != 0 && band.width > next)
-            run(band.left + next, y, std::int64_t(cover) * (2 * kPixel), band.width - next);
+            run(band.left + next, y, std::int64_t(cover) * kFullArea, band.width - next);
     }
 }
 

@@ -82,7 +82,8 @@ Extent ExtentOf(const QPointF* points, std::size_t count)
 template <class Map>
 void FixedOutline::MapPoints(const QPointF* source, std::size_t count, Map map)
 {
-    mapped.resize(count);
+    if (mapped.size() < count)
+        mapped.resize(count);
     for (std::size_t i = 0; i < count; ++i)
         mapped[i] = map(source[i]);
 }
@@ -117,7 +118,8 @@ bool FixedOutline::SetMapped(const QPointF* source, const QPainterPath::ElementT
 {
     if (!FindBounds(source, count))
         return false;
-    points.resize(count);
+    if (points.size() < count)
+        points.resize(count);
     const bool isPositive = left >= 0.0 && top >= 0.0;
     for (std::size_t first = 0; first < count;)
     {

@@ -55,6 +55,7 @@ private:
     template <class Round>
     void RoundPoints(const QPointF* source, std::size_t first, std::size_t last, Round round);
 
+    // These only grow, since points that are written at once need no initial value.
     std::vector<QPointF> mapped;
     std::vector<FixedPoint> points;
     std::vector<FixedContour> contours;

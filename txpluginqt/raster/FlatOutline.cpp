@@ -1,6 +1,6 @@
 #include <txpluginqt/raster/FlatOutline.h>
 
-#include <private/qbezier_p.h>
+#include <cmath>
 
 QT_BEGIN_NAMESPACE
 Q_GUI_EXPORT extern bool qt_scaleForTransform(const QTransform& transform, qreal* scale);
@@ -8,6 +8,40 @@ QT_END_NAMESPACE
 
 namespace txqt
 {
+namespace
+{
+
+/// How often Qt splits a curve at most.
+constexpr int kMostSplits = 9;
+
+QPointF Middle(const QPointF& a, const QPointF& b) { return (a + b) * .5; }
+
+} // namespace
+
+/// A cubic curve, or a part of one, and how often it may still be split.
+struct FlatOutline::Curve
+{
+    QPointF start;
+    QPointF control1;
+    QPointF control2;
+    QPointF end;
+    int splits;
+
+    /// True when a line is near enough: Qt adds up how far the control points are from it, or, where the ends are
+    /// closer than a pixel, from the start.
+    bool IsFlat(double flatness) const
+    {
+        const QPointF span = end - start;
+        const double length = std::abs(span.x()) + std::abs(span.y());
+        if (length <= 1.0)
+            return std::abs(start.x() - control1.x()) + std::abs(start.y() - control1.y()) +
+                       std::abs(start.x() - control2.x()) + std::abs(start.y() - control2.y()) <
+                   flatness;
+        const auto across = [&](const QPointF& control)
+        { return std::abs(span.x() * (start.y() - control.y()) - span.y() * (start.x() - control.x())); };
+        return across(control1) + across(control2) < flatness * length;
+    }
+};
 
 double FlatOutline::FlatnessFor(const QTransform& transform)
 {
@@ -21,6 +55,8 @@ void FlatOutline::Flatten(const QPointF* source, const QPainterPath::ElementType
 {
     points.clear();
     kinds.clear();
+    points.reserve(static_cast<std::size_t>(count));
+    kinds.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
     {
         if (sourceKinds[i] != QPainterPath::CurveToElement)
@@ -30,12 +66,27 @@ void FlatOutline::Flatten(const QPointF* source, const QPainterPath::ElementType
             continue;
         }
         // Qt draws straight lines for curves that nobody sees; that changes no pixel.
-        curvePoints.reset();
-        QBezier::fromPoints(points.back(), source[i], source[i + 1], source[i + 2]).addToPolygon(curvePoints, flatness);
-        points.insert(points.end(), curvePoints.data(), curvePoints.data() + curvePoints.size());
-        kinds.resize(points.size(), QPainterPath::LineToElement);
+        AddCurve({points.back(), source[i], source[i + 1], source[i + 2], kMostSplits}, flatness);
         i += 2;
     }
+}
+
+void FlatOutline::AddCurve(const Curve& curve, double flatness)
+{
+    if (curve.splits == 0 || curve.IsFlat(flatness))
+    {
+        points.push_back(curve.end);
+        kinds.push_back(QPainterPath::LineToElement);
+        return;
+    }
+    const QPointF first = Middle(curve.start, curve.control1);
+    const QPointF between = Middle(curve.control1, curve.control2);
+    const QPointF last = Middle(curve.control2, curve.end);
+    const QPointF before = Middle(first, between);
+    const QPointF after = Middle(between, last);
+    const QPointF middle = Middle(before, after);
+    AddCurve({curve.start, first, before, middle, curve.splits - 1}, flatness);
+    AddCurve({middle, after, last, curve.end, curve.splits - 1}, flatness);
 }
 
 std::size_t FlatOutline::Bytes() const
@@ -47,7 +98,6 @@ void FlatOutline::Release()
 {
     std::vector<QPointF>().swap(points);
     std::vector<QPainterPath::ElementType>().swap(kinds);
-    curvePoints.shrink(0);
 }
 
 } // namespace txqt

@@ -7,8 +7,6 @@
 #include <QRectF>
 #include <QTransform>
 
-#include <private/qdatabuffer_p.h>
-
 namespace txqt
 {
 
@@ -20,8 +18,6 @@ public:
     static constexpr double kFlatness = 0.25;
     /// The same in the units of an outline that is to be transformed.
     static double FlatnessFor(const QTransform& transform);
-
-    FlatOutline() : curvePoints(0) {}
 
     /// Replaces the points by those of another outline.
     void Flatten(const QPointF* source, const QPainterPath::ElementType* sourceKinds, int count, double flatness);
@@ -35,9 +31,13 @@ public:
     void Release();
 
 private:
+    struct Curve;
+
+    /// Adds the lines in place of a curve that begins at the last point.
+    void AddCurve(const Curve& curve, double flatness);
+
     std::vector<QPointF> points;
     std::vector<QPainterPath::ElementType> kinds;
-    QDataBuffer<QPointF> curvePoints; ///< Of one curve.
 };
 
 } // namespace txqt

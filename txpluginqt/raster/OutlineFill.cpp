@@ -41,8 +41,9 @@ struct OddEvenCoverage
     }
 };
 
+/// Never inlined: who knows that the grid is a thread's own computes its address again wherever it is used, by a call.
 template <class Area>
-CellGrid<Area>& GridOfThread()
+Q_NEVER_INLINE CellGrid<Area>& GridOfThread()
 {
     struct Grid
     {
@@ -53,29 +54,32 @@ CellGrid<Area>& GridOfThread()
     return grid.cells;
 }
 
+/// @tparam IsInside true promises that no part of the outline is beyond the sides of the band.
 /// @return false when the cells could not hold an area.
-template <class Area>
+template <bool IsInside, class Area>
 bool AddContours(CellGrid<Area>& grid, const FixedOutline& outline, const Band& band)
 {
     const int top = band.top * kPixel;
     const int bottom = (band.top + band.height) * kPixel;
     grid.Begin(band);
-    const std::size_t before = grid.Visits();
+    const std::size_t visits = grid.Visits();
+    std::size_t edges = 0;
     for (const FixedContour& contour : outline.Contours())
     {
-        if (contour.bottom <= top || contour.top >= bottom)
+        if (!IsInside && (contour.bottom <= top || contour.top >= bottom))
             continue;
         const FixedPoint* const points = outline.Points() + contour.first;
         FixedPoint before = points[contour.count - 1];
         for (int i = 0; i < contour.count; ++i)
         {
-            grid.AddEdge(before, points[i]);
+            grid.template AddEdge<IsInside>(before, points[i]);
             before = points[i];
         }
-        lastWork.edges += static_cast<std::size_t>(contour.count);
+        edges += static_cast<std::size_t>(contour.count);
     }
     const bool isExact = grid.End();
-    lastWork.cells += grid.Visits() - before;
+    lastWork.edges += edges;
+    lastWork.cells += grid.Visits() - visits;
     return isExact;
 }
 
@@ -109,10 +113,10 @@ void ReleaseLarge(CellGrid<Area>& grid)
 }
 
 template <class Spans>
-void FillBand(const FixedOutline& outline, const Band& band, Qt::FillRule rule, Spans& spans)
+void FillBand(const FixedOutline& outline, const Band& band, bool isInside, Qt::FillRule rule, Spans& spans)
 {
     CellGrid<int>& grid = GridOfThread<int>();
-    if (AddContours(grid, outline, band))
+    if (isInside ? AddContours<true>(grid, outline, band) : AddContours<false>(grid, outline, band))
     {
         SweepByRule(grid, rule, spans);
         return;
@@ -120,7 +124,7 @@ void FillBand(const FixedOutline& outline, const Band& band, Qt::FillRule rule, 
     // One pixel is crossed thousands of times.
     grid.Clear();
     CellGrid<std::int64_t>& wideGrid = GridOfThread<std::int64_t>();
-    AddContours(wideGrid, outline, band);
+    AddContours<false>(wideGrid, outline, band);
     SweepByRule(wideGrid, rule, spans);
     wideGrid.Release();
 }
@@ -129,14 +133,15 @@ template <class Spans>
 void FillBands(const FixedOutline& outline, const QRect& area, Qt::FillRule rule, Spans& spans)
 {
     lastWork = FillWork();
-    const QRect pixels = outline.Pixels() & area;
+    const QRect all = outline.Pixels();
+    const QRect pixels = all & area;
     if (pixels.isEmpty())
         return;
-    const int rows = std::max(kMostCells / (pixels.width() + 1), 1);
+    const int rows = std::max(kMostCells / (pixels.width() + 2), 1);
     for (int top = pixels.top(); top <= pixels.bottom(); top += rows)
     {
         const Band band{pixels.left(), top, pixels.width(), std::min(rows, pixels.bottom() - top + 1)};
-        FillBand(outline, band, rule, spans);
+        FillBand(outline, band, pixels == all && rows >= pixels.height(), rule, spans);
     }
     spans.Flush();
     ReleaseLarge(GridOfThread<int>());

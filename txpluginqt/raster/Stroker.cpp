@@ -6,6 +6,8 @@
 #include <private/qbezier_p.h>
 #include <private/qstroker_p.h>
 
+#include <txpluginqt/raster/LineAngle.h>
+
 namespace txqt
 {
 namespace
@@ -295,7 +297,7 @@ double Stroker::AngleOf(const QLineF& line)
         line.p2().y() != angleLine.y2())
     {
         angleLine = line;
-        angle = line.isNull() ? 0.0 : line.angle();
+        angle = line.isNull() ? 0.0 : LineAngle(line);
     }
     return angle;
 }

@@ -67,6 +67,27 @@ void AddBoxes(QPainterPath& path, int count, double left, double right)
         path.addPolygon(QPolygonF({QPointF(left, 2.0), QPointF(left, 9.0), QPointF(right, 9.0), QPointF(right, 2.0)}));
 }
 
+TEST(RasterLimitsTest, SidesMayLieOnThoseOfPixels)
+{
+    // A house whose walls, ground and tip lie on sides of pixels, inside the picture or on its border.
+    for (const double left : {-2.0, 0.0, 3.0, 4.5})
+        for (const double top : {-1.0, 0.0, 2.0, 3.5})
+            for (const double width : {1.0, 4.0, 8.0})
+                for (const Qt::FillRule rule : {Qt::WindingFill, Qt::OddEvenFill})
+                {
+                    const double right = left + width;
+                    const std::vector<QPointF> house = {{left, top + 3.0},
+                                                        {(left + right) / 2, top},
+                                                        {right, top + 3.0},
+                                                        {right, top + 9.0},
+                                                        {left, top + 9.0}};
+                    std::vector<QPointF> mirrored(house.rbegin(), house.rend());
+                    for (const std::vector<QPointF>& points : {house, mirrored})
+                        EXPECT_TRUE(PolygonDrawnAlike(QSize(12, 12), points, rule, Fill))
+                            << left << ", " << top << ", " << width;
+                }
+}
+
 TEST(RasterLimitsTest, AreasBeyond32BitsThatCancelOutAreExact)
 {
     QPainterPath small;
