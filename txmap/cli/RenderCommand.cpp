@@ -26,7 +26,7 @@ constexpr double kLargestScale = 16.0;
 struct RawOptions
 {
     std::string style, output, size, center, zoom, bearing, box, scale, plugin = "txpluginqt";
-    bool lenient = false, timings = false;
+    bool lenient = false, timings = false, worldFile = false;
 };
 
 void Declare(CLI::App& app, RawOptions& raw)
@@ -34,7 +34,8 @@ void Declare(CLI::App& app, RawOptions& raw)
     app.add_option("style", raw.style, "A style of the MapLibre Style Specification, version 8")
         ->required()
         ->type_name("STYLE.json");
-    app.add_option("-o,--output", raw.output, "The picture to write; its suffix names the format: png, jpg or webp")
+    app.add_option("-o,--output", raw.output,
+                   "The picture to write; its suffix names the format: png, jpg, webp, or tif for a GeoTIFF")
         ->required()
         ->type_name("FILE");
     app.add_option("--size", raw.size, "The size of the picture in logical pixels (default 1024x1024)")
@@ -50,6 +51,7 @@ void Declare(CLI::App& app, RawOptions& raw)
     app.add_option("--bbox", raw.box, "Shows a box of degrees as large as possible, instead of centre and zoom")
         ->type_name("WEST,SOUTH,EAST,NORTH");
     app.add_option("--scale", raw.scale, "Pixels for each logical one (default 1)")->type_name("NUMBER");
+    app.add_flag("--world-file", raw.worldFile, "Write where the picture lies into a file beside it, such as map.pgw");
     app.add_flag("--lenient", raw.lenient, "Draw what can be drawn, with a warning for each problem");
     app.add_flag("--timings", raw.timings, "Print how long reading, evaluating, drawing and encoding took");
     app.add_option("--plugin", raw.plugin, "The drawing plugin, by path or by name (default txpluginqt)")
@@ -88,10 +90,10 @@ void CheckSuffix(const std::string& output)
 {
     std::string suffix = std::filesystem::path(output).extension().string();
     std::transform(suffix.begin(), suffix.end(), suffix.begin(), [](unsigned char c) { return std::tolower(c); });
-    for (const char* const known : {".png", ".jpg", ".jpeg", ".webp"})
+    for (const char* const known : {".png", ".jpg", ".jpeg", ".webp", ".tif", ".tiff"})
         if (suffix == known)
             return;
-    Refuse("--output", output, "the suffix must be .png, .jpg, .jpeg or .webp");
+    Refuse("--output", output, "the suffix must be .png, .jpg, .jpeg, .webp or .tif");
 }
 
 RenderOptions Interpret(const RawOptions& raw)
@@ -117,6 +119,7 @@ RenderOptions Interpret(const RawOptions& raw)
     }
     options.lenient = raw.lenient;
     options.timings = raw.timings;
+    options.worldFile = raw.worldFile;
     options.plugin = raw.plugin;
     return options;
 }

@@ -21,6 +21,8 @@ public:
     /// Makes the empty temporary file and returns its path, which has the suffix of the final one.
     /// @throw Failure with `ExitCode::Drawing` when that fails.
     const std::string& Begin();
+    /// The path of the temporary file, as long as there is one.
+    const std::string& Path() const { return temporary; }
     /// Gives the temporary file its final name. @throw Failure with `ExitCode::Drawing` when that fails.
     void Commit();
 

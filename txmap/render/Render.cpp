@@ -1,12 +1,19 @@
 #include <txmap/render/Render.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cstdio>
+#include <filesystem>
+#include <optional>
 #include <string>
 
 #include <txgraphics/TXGraphics.h>
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/drawing/layers/StyledMap.h>
+#include <txmap/map/Projection.h>
+#include <txmap/output/GeoTiff.h>
 #include <txmap/output/OutputFile.h>
+#include <txmap/output/WorldFile.h>
 #include <txmap/sources/Gdal.h>
 #include <txmap/sources/MapData.h>
 #include <txmap/sources/SourceDiagnostics.h>
@@ -52,6 +59,63 @@ MercatorView ViewOf(const RenderOptions& options, const MapStyle& style)
     return MercatorView(camera, options.size, options.scale);
 }
 
+/// Where the pixels of a view lie in metres of Web Mercator.
+GeoReference ReferenceOf(const MercatorView& view)
+{
+    const double world = Projection::WebMercator().Forward(360.0, 0.0).x;
+    const auto metres = [&](double column, double row)
+    {
+        const TZObjects::TXPoint place = view.ToPlace({column, row});
+        return TZObjects::TXPoint((place.x - 0.5) * world, (0.5 - place.y) * world);
+    };
+    const PixelSize size = view.Size();
+    const TZObjects::TXPoint origin = metres(0, 0);
+    const TZObjects::TXPoint right = metres(size.width, 0);
+    const TZObjects::TXPoint down = metres(0, size.height);
+    return {"EPSG:3857",
+            origin.x,
+            (right.x - origin.x) / size.width,
+            (down.x - origin.x) / size.height,
+            origin.y,
+            (right.y - origin.y) / size.width,
+            (down.y - origin.y) / size.height};
+}
+
+bool IsTiff(const std::string& path)
+{
+    std::string suffix = std::filesystem::path(path).extension().string();
+    std::transform(suffix.begin(), suffix.end(), suffix.begin(), [](unsigned char c) { return std::tolower(c); });
+    return suffix == ".tif" || suffix == ".tiff";
+}
+
+/// Writes the picture, and its world file if there is to be one: both, or none.
+void Save(const RenderOptions& options, const MapCanvas& canvas, const MercatorView& view, OutputFile& output)
+{
+    const GeoReference reference = ReferenceOf(view);
+    std::optional<OutputFile> worldFile;
+    if (options.worldFile)
+    {
+        worldFile.emplace(WorldFileName(options.output));
+        WriteWorldFile(worldFile->Begin(), reference);
+    }
+    const auto save = [&](const std::string& path)
+    {
+        if (!canvas.Surface().Save(path.c_str()))
+            throw Failure(ExitCode::Drawing, "--output " + options.output + ": the picture cannot be written");
+    };
+    if (IsTiff(options.output))
+    {
+        OutputFile pixels(options.output + ".png");
+        save(pixels.Begin());
+        WriteGeoTiff(pixels.Path(), output.Begin(), reference);
+    }
+    else
+        save(output.Begin());
+    output.Commit();
+    if (worldFile)
+        worldFile->Commit();
+}
+
 std::string TimingText(const char* stage, double seconds)
 {
     char text[64];
@@ -84,9 +148,7 @@ void RenderMap(const RenderOptions& options, const MessageSink& warn, const Mess
     drawing.Stop();
 
     encoding.Start();
-    if (!canvas.Surface().Save(output.Begin().c_str()))
-        throw Failure(ExitCode::Drawing, "--output " + options.output + ": the picture cannot be written");
-    output.Commit();
+    Save(options, canvas, view, output);
     encoding.Stop();
 
     for (const std::string& warning : diagnostics.Warnings())

@@ -22,7 +22,7 @@ struct RenderOptions
     double scale = 1.0;        ///< Pixels for each logical one.
     bool lenient = false;      ///< Draws what it can.
     bool timings = false;
-    bool worldFile = false;
+    bool worldFile = false; ///< Writes where the picture lies beside it.
     std::string plugin = "txpluginqt";
 };
 

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+#include <txmap/output/GeoReference.h>
+
+namespace txmap
+{
+
+/// Writes a picture again as a GeoTIFF: the same pixels, compressed without loss, in tiles.
+/// @param picture a file that GDAL reads. @param path where the GeoTIFF is to be; a file there is replaced.
+/// @throw Failure with `ExitCode::Drawing` when that fails.
+void WriteGeoTiff(const std::string& picture, const std::string& path, const GeoReference& reference);
+
+} // namespace txmap

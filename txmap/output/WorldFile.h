@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include <txmap/output/GeoReference.h>
+
+namespace txmap
+{
+
+/// The name of the world file of a picture: the first and the last letter of its suffix, and a w, as GDAL looks for it.
+std::string WorldFileName(const std::string& picture);
+
+/// Writes a world file: six numbers, a line each, for the middle of the top left pixel and the steps from pixel to
+/// pixel. @throw Failure with `ExitCode::Drawing` when that fails.
+void WriteWorldFile(const std::string& path, const GeoReference& reference);
+
+} // namespace txmap
