@@ -35,6 +35,7 @@ public:
 
     const ExpressionType& Type() const { return root->Type(); }
     bool IsFeatureConstant() const { return (uses & UsesFeature) == 0; }
+    bool IsFeatureStateConstant() const { return (uses & UsesFeatureState) == 0; }
     bool IsZoomConstant() const { return (uses & UsesZoom) == 0; }
     /// The value, if it never changes.
     const Value* Constant() const { return root->Constant(); }

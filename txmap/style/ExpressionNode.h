@@ -32,7 +32,8 @@ enum ExpressionUse : unsigned
     UsesFeature = 1,
     UsesZoom = 2,
     UsesOtherGlobals = 4, ///< Density of a heat map, progress along a line, elevation and the like.
-    UsesRuntime = 8       ///< What is known only when the map is drawn: global state, collators, the sprite.
+    UsesRuntime = 8,      ///< What is known only when the map is drawn: global state, collators, the sprite.
+    UsesFeatureState = 16 ///< What an application gives a feature.
 };
 
 class ExpressionNode;

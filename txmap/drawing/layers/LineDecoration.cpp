@@ -66,20 +66,17 @@ void DrawGradientLine(const LayerScene& scene, const TXPoint* points, std::size_
 
 void DrawPatternLine(const LayerScene& scene, const PixelLine& line, const LineLook& look, const SpritePicture& picture)
 {
-    // Along the line, patterns grow from one whole zoom to the next.
+    // A picture is as high as the line is wide. Along the line, patterns grow from one whole zoom to the next.
     const double grown = std::exp2(scene.Zoom() - std::floor(scene.Zoom()));
-    const double period = picture.Width() * scene.Scale() * grown;
-    const double full = picture.Height() * scene.Scale();
-    const double height = std::min(look.width, full);
-    if (period < 1.0 || height <= 0.0 || look.opacity <= 0.0)
+    const double period = picture.Width() * look.wholeZoomWidth / picture.Height() * grown;
+    const double height = look.width;
+    if (!(period >= 1.0) || height <= 0.0 || look.opacity <= 0.0)
         return;
     DrawableImage drawable{picture.pixels, TXRefPtr<TXImage>(scene.canvas.Engine().NewImage())};
     const PixelSize size = drawable.pixels.size;
     RequireDrawn(drawable.image &&
                  drawable.image->CreateImage(reinterpret_cast<unsigned char*>(drawable.pixels.pixels.data()),
                                              size.width, size.height, TXImage::Format_ARGB32));
-    // A line that is thinner than the picture shows the middle of it.
-    const double cut = size.height * (1.0 - height / full) / 2.0;
     double done = 0.0;
     for (std::size_t i = 1; i < line.size(); ++i)
     {
@@ -95,8 +92,7 @@ void DrawPatternLine(const LayerScene& scene, const PixelLine& line, const LineL
             const TXPoint centre(line[i - 1].x + dx * middle, line[i - 1].y + dy * middle);
             const TXRect target(centre.x - step / 2.0, centre.x + step / 2.0, centre.y - height / 2.0,
                                 centre.y + height / 2.0);
-            const TXRect source(phase / period * size.width, (phase + step) / period * size.width, cut,
-                                size.height - cut);
+            const TXRect source(phase / period * size.width, (phase + step) / period * size.width, 0.0, size.height);
             scene.canvas.Surface().DrawImage4BitmapRotate(target, drawable.image.get(), source, angle, look.opacity);
             at += step;
         }

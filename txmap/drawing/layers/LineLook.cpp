@@ -39,6 +39,7 @@ LineLook LineProperties::At(const EvaluationContext& context) const
     look.opacity = std::clamp(opacity.At(context), 0.0, 1.0);
     look.color.alpha *= look.opacity;
     look.width = std::clamp(width.At(context) * scale, 0.0, kWidest);
+    look.wholeZoomWidth = std::clamp(wholeZoomWidth.At(context) * scale, 0.0, kWidest);
     look.gap = std::max(0.0, gap.At(context) * scale);
     look.offset = offset.At(context) * scale;
     look.blur = std::max(0.0, blur.At(context) * scale);
@@ -48,7 +49,7 @@ LineLook LineProperties::At(const EvaluationContext& context) const
     look.dashes = dashes.At(context);
     if (!look.dashes.empty())
     {
-        const double unit = std::max(0.0, wholeZoomWidth.At(context)) * scale * dashScale;
+        const double unit = look.wholeZoomWidth * dashScale;
         for (double& length : look.dashes)
             length = std::max(0.0, length) * unit;
     }

@@ -14,8 +14,9 @@ struct LineLook
 {
     Color color; ///< With the opacity of the line.
     double width = 1.0;
-    double gap = 0.0;    ///< Between two lines that stand for one; 0 for one line.
-    double offset = 0.0; ///< To the right.
+    double wholeZoomWidth = 1.0; ///< What the width is at the whole zoom below; dashes and patterns count in it.
+    double gap = 0.0;            ///< Between two lines that stand for one; 0 for one line.
+    double offset = 0.0;         ///< To the right.
     double blur = 0.0;
     double opacity = 1.0;
     std::string cap;

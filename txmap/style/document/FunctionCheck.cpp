@@ -49,8 +49,13 @@ private:
     {
         if (type == "categorical")
         {
+            const std::string kind = JsonKind(input);
             if (!input.is_string() && !input.is_number() && !input.is_boolean())
-                problems.Add(pointer, "string, number or boolean expected, but " + JsonKind(input) + " found");
+                problems.Add(pointer, "string, number or boolean expected, but " + kind + " found");
+            else if (!category.empty() && kind != category)
+                problems.Add(pointer,
+                             "inputs of stops must be of one type: " + category + " before, " + kind + " here");
+            category = kind;
             return;
         }
         if (!RequireKind(input, "number", pointer, problems))
@@ -65,6 +70,7 @@ private:
     std::string type;
     StyleProblems& problems;
     std::optional<double> last;
+    std::string category; ///< What JSON calls the input before.
     std::optional<double> lastZoom;
 };
 

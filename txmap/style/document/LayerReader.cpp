@@ -50,8 +50,8 @@ bool HasWord(const std::string& words, const std::string& word)
 class LayerReader
 {
 public:
-    LayerReader(const Json& layers, MapStyle& style, StyleProblems& problems)
-        : layers(layers), style(style), problems(problems)
+    LayerReader(const Json& root, MapStyle& style, StyleProblems& problems)
+        : root(root), layers(root["layers"]), style(style), problems(problems)
     {
     }
 
@@ -128,8 +128,9 @@ private:
         if (const auto metadata = json->find("metadata"); metadata != json->end() && metadata->is_object())
             layer.metadata = *metadata;
         if (const auto filter = json->find("filter"); filter != json->end())
-            layer.filter = ReadFilter(*filter, PointerTo(pointer, "filter"), problems);
-        bool usable = problems.Count() == before;
+            layer.filter = WithoutState(ReadFilter(*filter, PointerTo(pointer, "filter"), problems),
+                                        PointerTo(pointer, "filter"), "filters");
+        bool usable = problems.Count() == before && (*rules->sources == '\0' || style.FindSource(layer.source));
         ReadProperties(*json, "layout", rules->layout, layer);
         ReadProperties(*json, "paint", rules->paint, layer);
         CheckGradient(*json, pointer);
@@ -167,13 +168,22 @@ private:
             return problems.Add(pointer, "\"source\" is missing");
         const std::string name = TextOf(json, "source");
         const StyleSource* const source = style.FindSource(name);
-        if (!source)
+        // What is wrong with a source is not said again for each of its layers.
+        if (!source && !IsWritten(name))
             return problems.Add(PointerTo(pointer, "source"), "there is no source \"" + name + "\"");
+        if (!source)
+            return;
         if (!HasWord(rules.sources, source->type))
             return problems.Add(PointerTo(pointer, "source"), std::string("a layer of type ") + rules.name +
                                                                   " cannot draw a source of type " + source->type);
         if (source->type == "vector" && !json.contains("source-layer"))
             problems.Add(pointer, "\"source-layer\" is missing");
+    }
+
+    bool IsWritten(const std::string& source) const
+    {
+        const auto sources = root.find("sources");
+        return sources != root.end() && sources->is_object() && sources->contains(source);
     }
 
     /// How far a line has got is known of lines that are not cut into tiles.
@@ -208,7 +218,10 @@ private:
         {
             if (EndsWith(name, "-layer-blend") && (value == "color" || value == "luminosity"))
                 problems.AddUnsupported(pointer, value.get<std::string>() + ": this way of blending is not drawn");
-            if (auto property = ReadProperty(value, *rule, pointer, problems))
+            auto property = ReadProperty(value, *rule, pointer, problems);
+            if (std::string(group) == "layout")
+                property = WithoutState(std::move(property), pointer, "layout properties");
+            if (property)
                 layer.properties.emplace(name, std::move(*property));
         }
         else if (std::string(group) == "paint" && EndsWith(name, kSuffix) &&
@@ -222,6 +235,16 @@ private:
             problems.Add(pointer, "unknown property");
     }
 
+    /// Which features are drawn, and in what order, is decided before applications give them a state.
+    std::optional<Expression> WithoutState(std::optional<Expression> expression, const std::string& pointer,
+                                           const char* where)
+    {
+        if (!expression || expression->IsFeatureStateConstant())
+            return expression;
+        problems.Add(pointer, std::string("\"feature-state\" data expressions are not supported with ") + where + ".");
+        return std::nullopt;
+    }
+
     void ReadVisibility(StyleLayer& layer) const
     {
         EvaluationContext context;
@@ -230,6 +253,7 @@ private:
             layer.visible = visibility->EvaluateOrDefault(context) != Value("none");
     }
 
+    const Json& root;
     const Json& layers;
     MapStyle& style;
     StyleProblems& problems;
@@ -238,9 +262,9 @@ private:
 
 } // namespace
 
-void ReadLayers(const Json& json, MapStyle& style, StyleProblems& problems)
+void ReadLayers(const Json& root, MapStyle& style, StyleProblems& problems)
 {
-    LayerReader(json, style, problems).ReadAll();
+    LayerReader(root, style, problems).ReadAll();
 }
 
 } // namespace txmap

@@ -54,7 +54,7 @@ constexpr MemberRule kTransition[] = {
     {"delay", "number", "", "", Varies::Never, 0, kNone},
 };
 constexpr MemberRule kTerrain[] = {
-    {"source", "string", "", "", Varies::Never, -kNone, kNone, true},
+    {"source", "string"},
     {"exaggeration", "number", "", "", Varies::Never, 0, kNone},
 };
 
@@ -108,7 +108,7 @@ void ReadCamera(const Json& json, MapStyle& style, StyleProblems& problems)
             problems.AddUnsupported(std::string("/") + turn, "maps are drawn as seen from above");
 }
 
-void ReadState(const Json& json, MapStyle& style, StyleProblems& problems)
+void ReadState(const Json& json, MapStyle& style)
 {
     const Json* const state = Member(json, "state");
     if (!state || !state->is_object())
@@ -117,10 +117,7 @@ void ReadState(const Json& json, MapStyle& style, StyleProblems& problems)
     for (const auto& [name, value] : state->items())
     {
         const Json* const fallback = value.is_object() ? Member(value, "default") : nullptr;
-        if (fallback)
-            values.emplace_back(name, Value::FromJson(*fallback));
-        else
-            problems.Add(PointerTo("/state", name), "an object with a \"default\" expected");
+        values.emplace_back(name, fallback ? Value::FromJson(*fallback) : Value());
     }
     style.globalState = Value(std::move(values));
 }
@@ -140,10 +137,16 @@ void ReadSprite(const Json& json, MapStyle& style, StyleProblems& problems)
             const Json& item = (*sprite)[i];
             const Json* const id = item.is_object() ? Member(item, "id") : nullptr;
             const Json* const url = item.is_object() ? Member(item, "url") : nullptr;
-            if (id && url && id->is_string() && url->is_string())
-                style.sprites.push_back({id->get<std::string>(), url->get<std::string>()});
-            else
+            if (!id || !url || !id->is_string() || !url->is_string())
+            {
                 problems.Add(PointerTo("/sprite", i), "an object with the texts \"id\" and \"url\" expected");
+                continue;
+            }
+            StyleSprite sprite{id->get<std::string>(), url->get<std::string>()};
+            for (const StyleSprite& other : style.sprites)
+                if (other.id == sprite.id || other.address == sprite.address)
+                    problems.Add(PointerTo("/sprite", i), "the same id or url as another sprite");
+            style.sprites.push_back(std::move(sprite));
         }
 }
 
@@ -196,7 +199,7 @@ void ReadRoot(const Json& json, MapStyle& style, StyleProblems& problems)
             if (glyphs->get<std::string>().find(token) == std::string::npos)
                 problems.Add("/glyphs", std::string("must include ") + token);
     ReadCamera(json, style, problems);
-    ReadState(json, style, problems);
+    ReadState(json, style);
     ReadSprite(json, style, problems);
 }
 
@@ -235,7 +238,7 @@ StyleReading ReadStyle(const std::string& text)
             ReadSources(*sources, reading.style, problems);
         if (const Json* const layers = Member(json, "layers");
             layers && RequireKind(*layers, "array", "/layers", problems))
-            ReadLayers(*layers, reading.style, problems);
+            ReadLayers(json, reading.style, problems);
     }
     reading.problems = problems.Take();
     return reading;

@@ -8,11 +8,11 @@ namespace txmap
 {
 
 /// @name The parts of a style
-/// Each reports what is wrong, and leaves it out.
+/// Each reports what is wrong, and leaves it out. Sources come before layers.
 /// @{
 void ReadRoot(const Json& json, MapStyle& style, StyleProblems& problems);
 void ReadSources(const Json& json, MapStyle& style, StyleProblems& problems);
-void ReadLayers(const Json& json, MapStyle& style, StyleProblems& problems);
+void ReadLayers(const Json& root, MapStyle& style, StyleProblems& problems);
 /// @}
 
 /// Whether an object may have members that no rule is about.

@@ -117,7 +117,8 @@ void CheckConstant(const Json& json, const MemberRule& rule, const std::string& 
     else if (type == "padding")
         CheckPadding(json, pointer, problems);
     else if (type == "numberArray")
-        CheckOneOrMany(json, {"", "number", "", "", Varies::Never, rule.minimum, rule.maximum}, pointer, problems);
+        // Ranges are recommendations here: 360 degrees are 0 degrees.
+        CheckOneOrMany(json, {"", "number"}, pointer, problems);
     else if (type == "colorArray")
         CheckOneOrMany(json, {"", "color"}, pointer, problems);
     else if (type == "variableAnchorOffsetCollection")

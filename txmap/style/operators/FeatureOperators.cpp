@@ -103,7 +103,8 @@ void AddFeatureOperators(std::vector<OverloadedOperator>& operators)
     operators.push_back({"has",
                          Kind::Boolean,
                          {{{text}, Has, UsesFeature, false}, {{text, Kind::Object}, HasMember, UsesNothing, false}}});
-    operators.push_back({"feature-state", Kind::Value, {{{text}, FeatureState, UsesFeature, false}}});
+    operators.push_back(
+        {"feature-state", Kind::Value, {{{text}, FeatureState, UsesFeature | UsesFeatureState, false}}});
     operators.push_back({"properties", Kind::Object, {{{}, Properties, UsesFeature, false}}});
     operators.push_back({"geometry-type", text, {{{}, GeometryType, UsesFeature, false}}});
     operators.push_back({"id", Kind::Value, {{{}, Id, UsesFeature, false}}});

@@ -58,6 +58,27 @@ TEST_F(PixelLayer, PatternsBeginAtTheCornerOfTheWorld)
     }
 }
 
+TEST_F(PixelLayer, LinePatternsAreAsHighAsTheLineIsWide)
+{
+    // Above blue with a green right half, below red.
+    std::vector<unsigned> picture(8 * 8, 0xffff0000);
+    for (std::size_t i = 0; i < 32; ++i)
+        picture[i] = i % 8 < 4 ? 0xff0000ff : 0xff00ff00;
+    WritePicture("sprite.png", 8, 8, picture);
+    folder.Write("sprite.json", R"({"p": {"x": 0, "y": 0, "width": 8, "height": 8, "pixelRatio": 1}})");
+    const auto styled = Styled(Geometry("LineString", {{{20, 100}, {220, 100}}}),
+                               R"({"id": "l", "type": "line", "source": "s",
+        "paint": {"line-pattern": "p", "line-width": 32}})");
+    for (const int x : {28, 60, 92})
+    {
+        EXPECT_EQ(At(styled, x, 88), 0xff0000ffu) << x;
+        EXPECT_EQ(At(styled, x + 16, 88), 0xff00ff00u) << x;
+        EXPECT_EQ(At(styled, x, 112), 0xffff0000u) << x;
+    }
+    EXPECT_EQ(At(styled, 60, 82), 0u);
+    EXPECT_EQ(At(styled, 60, 118), 0u);
+}
+
 TEST_F(PixelLayer, RastersFillTheirCorners)
 {
     const auto styled = Raster(R"("raster-resampling": "nearest")");
