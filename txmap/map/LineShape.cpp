@@ -75,7 +75,7 @@ double LengthOf(const TXPoint* points, std::size_t count)
 
 PixelLine OffsetLine(const TXPoint* points, std::size_t count, double offset)
 {
-    const PixelLine line = WithoutRepeats(points, count);
+    PixelLine line = WithoutRepeats(points, count);
     if (line.size() < 2)
         return line;
     const std::size_t last = line.size() - 1;
@@ -99,7 +99,7 @@ PixelLine OffsetLine(const TXPoint* points, std::size_t count, double offset)
 
 PixelLine BluntCorners(const TXPoint* points, std::size_t count, double limit)
 {
-    const PixelLine line = WithoutRepeats(points, count);
+    PixelLine line = WithoutRepeats(points, count);
     if (line.size() < 3)
         return line;
     PixelLine result{line.front()};

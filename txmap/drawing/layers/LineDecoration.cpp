@@ -13,7 +13,6 @@ namespace txmap
 {
 
 using TZObjects::TXImage;
-using TZObjects::TXPen;
 using TZObjects::TXPoint;
 using TZObjects::TXRect;
 using TZObjects::TXRefPtr;
