@@ -11,6 +11,7 @@
 #include "ManagerFixture.h"
 
 using namespace TZObjects;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Not;
 namespace fs = std::filesystem;
@@ -75,6 +76,17 @@ TEST_F(PluginTest, ATextFileFailsWithTheLoadersOwnText)
         EXPECT_THAT(error, HasSubstr(LoadersText(file)));
         EXPECT_THAT(error, Not(HasSubstr(kBoostsText)));
     }
+}
+
+TEST_F(PluginTest, TheFileIsNamedOnceWhenTheLoaderNamesItAsWell)
+{
+    const fs::path file = Folder("text") / "libtext.so";
+    WriteText(file, 5000);
+    const std::string error = Failure(file.c_str());
+    EXPECT_THAT(error, EndsWith(file.string() + ": cannot be loaded: " + LoadersText(file)));
+    const std::size_t first = error.find(file.string());
+    ASSERT_NE(first, std::string::npos) << error;
+    EXPECT_EQ(error.find(file.string(), first + 1), std::string::npos) << error;
 }
 
 TEST_F(PluginTest, AnUnresolvedSymbolIsNamedByTheLoader)

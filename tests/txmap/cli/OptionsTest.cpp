@@ -86,6 +86,14 @@ TEST(Options, RefuseBoxesThatShowNothingOrTooMuch)
         EXPECT_THAT(Refusal({"in", "--bbox", box}), HasSubstr("--bbox")) << box;
 }
 
+TEST(Options, TakeAGraticuleFromNoneToAQuarterOfATurn)
+{
+    EXPECT_EQ(Parse({"in", "--graticule", "90"}).graticule, 90.0);
+    EXPECT_EQ(Parse({"in", "--graticule", "0"}).graticule, 0.0);
+    for (const char* const step : {"90.1", "-0.1", "nan", "", "5,5", "wide"})
+        EXPECT_THAT(Refusal({"in", "--graticule", step}), HasSubstr("--graticule")) << step;
+}
+
 TEST(Options, RefuseSizesThatAreNone)
 {
     for (const char* const size : {"0x100", "100x0", "100000x100", "100x100000", "100", "x", "100x", "100x100x100",

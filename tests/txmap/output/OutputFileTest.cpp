@@ -79,6 +79,23 @@ TEST(OutputFile, GetsThePermissionsOfNewFiles)
     EXPECT_EQ(status.st_mode & 07777u, 0640u);
 }
 
+TEST(OutputFile, KeepsThePermissionsOfTheOlderOne)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("map.png", "older");
+    for (const mode_t mode : {0600u, 0664u, 0444u})
+    {
+        ASSERT_EQ(chmod(path.c_str(), mode), 0);
+        OutputFile output(path);
+        Fill(output.Begin(), "picture");
+        output.Commit();
+        EXPECT_EQ(ContentOf(path), "picture");
+        struct stat status = {};
+        ASSERT_EQ(stat(path.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777u, mode);
+    }
+}
+
 TEST(OutputFile, TakesAPathInTheCurrentFolder)
 {
     const TemporaryFolder folder;

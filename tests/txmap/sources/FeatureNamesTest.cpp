@@ -67,6 +67,17 @@ TEST(FeatureNames, AreReadAsTheyAre)
     EXPECT_EQ(names.layer.places.size(), 3u);
 }
 
+TEST(FeatureNames, ComeLastWithoutARankWhereOthersHaveOne)
+{
+    const NamesOf names(Point(R"("name":"a","scalerank":10)") + "," + Point(R"("name":"b")") + "," +
+                        Point(R"("name":"c","scalerank":null)") + "," + Point(R"("name":"d","scalerank":1000)"));
+    ASSERT_EQ(names.layer.placeNames.size(), 4u);
+    EXPECT_EQ(names.layer.placeNames[0].name.rank, 10.0);
+    EXPECT_GT(names.layer.placeNames[1].name.rank, 1000.0);
+    EXPECT_GT(names.layer.placeNames[2].name.rank, 1000.0);
+    EXPECT_EQ(names.layer.placeNames[3].name.rank, 1000.0);
+}
+
 TEST(FeatureNames, ComeFromTheFieldThatIsAskedFor)
 {
     EXPECT_EQ(NamesOf(Point(R"("name":"a","name_de":"b")"), "name_de").layer.placeNames[0].name.text, "b");

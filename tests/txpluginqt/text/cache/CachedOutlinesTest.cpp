@@ -92,6 +92,16 @@ TEST_F(CachedOutlinesTest, AreSharedWithinA64thOfAPixelOnly)
     EXPECT_FALSE(SharesAt(font, -10.0 + 0.005, 20.001));
     EXPECT_FALSE(SharesAt(font, -10.0 - 0.005, 20.001));
     EXPECT_TRUE(SharesAt(font, -10.0 - 0.006, 20.001));
+    // What lies next to a border may come to lie on it when more is added.
+    EXPECT_FALSE(SharesAt(font, std::nextafter(-10.0, 0.0), 20.001));
+    EXPECT_FALSE(SharesAt(font, std::nextafter(-10.0, -11.0), 20.001));
+    EXPECT_FALSE(SharesAt(font, 10.0, 20.001));
+    EXPECT_FALSE(SharesAt(font, std::nextafter(10.0, 11.0), 20.001));
+    EXPECT_FALSE(SharesAt(font, std::nextafter(10.0, 9.0), 20.001));
+    // Sums of large numbers lose too many digits to tell.
+    EXPECT_FALSE(SharesAt(font, 2e6 + 0.001, 20.001));
+    EXPECT_FALSE(SharesAt(font, 2e6 + 0.012, 20.001));
+    EXPECT_TRUE(SharesAt(font, 2e6 + 0.012, 20.001));
     QFont underlined = font;
     underlined.setUnderline(true);
     EXPECT_FALSE(SharesAt(underlined, 10.001, 20.001));
