@@ -1,6 +1,7 @@
 // The arithmetic of strokes and curves against that of Qt.
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 #include <QLineF>
@@ -56,8 +57,10 @@ TEST(LineAngleTest, IsExactWhereCurvesAreCut)
 
 TEST(LineAngleTest, TakesAnyNumbers)
 {
-    for (const double x : {1e-300, -1e-300, 1e-99, 1e200, -1e300})
-        for (const double y : {0.0, 1e-300, 1e-101, 1.0, 1e300})
+    constexpr double kLeast = std::numeric_limits<double>::denorm_min();
+    constexpr double kEndless = std::numeric_limits<double>::infinity();
+    for (const double x : {3 * kLeast, 1e-300, -1e-300, 1e-99, 1e200, -1e300, kEndless, -kEndless})
+        for (const double y : {0.0, kLeast, 1e-300, 1e-101, 1.0, 1e300, kEndless, -kEndless})
         {
             const QLineF line(0.0, 0.0, x, y);
             EXPECT_DOUBLE_EQ(LineAngle(line), line.angle()) << x << ", " << y;
