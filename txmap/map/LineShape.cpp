@@ -71,10 +71,14 @@ void OffsetCorner(const TXPoint& corner, const TXPoint& before, const TXPoint& a
         isInner && corners.meet && std::abs(offset) * std::sqrt(std::max(0.0, 1.0 - cosine * cosine)) <= room * cosine;
     if (!meets && cosine * corners.limit < 1.0)
     {
-        result.emplace_back(corner.x + first.x * offset, corner.y + first.y * offset);
+        // Both sides go on a little, so that the edge keeps its distance from the corner.
+        const double more = corners.meet && !isInner && !corners.round ? std::abs(offset) / 2.0 : 0.0;
+        result.emplace_back(corner.x + first.x * offset + before.x * more,
+                            corner.y + first.y * offset + before.y * more);
         if (corners.round && !isInner)
             AddArc(corner, first, second, offset, result);
-        result.emplace_back(corner.x + second.x * offset, corner.y + second.y * offset);
+        result.emplace_back(corner.x + second.x * offset - after.x * more,
+                            corner.y + second.y * offset - after.y * more);
         return;
     }
     // The sum of the two normals is twice the cosine long, and the corner lies offset / cosine away.
