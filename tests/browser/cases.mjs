@@ -18,6 +18,7 @@ const BASE = {
     hillshade: { source: heights, paint: {} }
 };
 
+// Browsers do not blend layers yet, whatever `*-layer-blend` says.
 // Type, property, values. A value with `$` brings other properties and members of the style.
 const PROPERTIES = [
     ['background', 'background-color', ['#a0c0e0', 'hsla(120, 60%, 40%, 0.5)', ['interpolate', ['linear'], ['zoom'], 0, 'red', 4, 'blue']]],
@@ -72,6 +73,7 @@ const PROPERTIES = [
     ['raster', 'raster-saturation', [0.7, -0.7, -1, 1]],
     ['raster', 'raster-contrast', [0.6, -0.6]],
     ['raster', 'raster-resampling', [{ $: 'nearest', zoom: 5 }, { $: 'linear', zoom: 5 }, { $: 'nearest', source: picture }]],
+    ['raster', 'resampling', [{ $: 'nearest', zoom: 5 }]],
     ['raster', 'raster-fade-duration', [0]],
     ['raster', 'visibility', ['none']],
     ['hillshade', 'hillshade-illumination-direction', [335, 90, { $: 200, bearing: 40 }]],
@@ -82,6 +84,7 @@ const PROPERTIES = [
     ['hillshade', 'hillshade-highlight-color', ['#ffd080', 'rgba(255, 255, 0, 0.3)']],
     ['hillshade', 'hillshade-accent-color', ['#00a050']],
     ['hillshade', 'hillshade-method', ['standard', 'basic', 'combined', 'igor', 'multidirectional']],
+    ['hillshade', 'resampling', [{ $: 'linear', zoom: 4.4 }]],
     ['hillshade', 'visibility', ['none']]
 ];
 

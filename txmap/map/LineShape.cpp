@@ -11,8 +11,6 @@ using TZObjects::TXPoint;
 namespace
 {
 
-// Corners whose mitre would be longer than this are cut off.
-constexpr double kLongestMiter = 4.0;
 constexpr double kFinestPattern = 0.25;
 constexpr double kApart = 1e-3;
 
@@ -47,15 +45,40 @@ double HalfCosine(const TXPoint& before, const TXPoint& after)
     return std::sqrt(std::max(0.0, (1.0 + before.x * after.x + before.y * after.y) / 2.0));
 }
 
-void OffsetCorner(const TXPoint& corner, const TXPoint& before, const TXPoint& after, double offset, PixelLine& result)
+/// Points between two around a corner, so that a round join has its shape.
+void AddArc(const TXPoint& corner, const TXPoint& first, const TXPoint& second, double offset, PixelLine& result)
+{
+    constexpr double kStep = 0.2;
+    const double turn = std::atan2(first.x * second.y - first.y * second.x, first.x * second.x + first.y * second.y);
+    const int steps = static_cast<int>(std::abs(turn) / kStep);
+    const double angle = std::atan2(first.y, first.x);
+    for (int i = 1; i <= steps; ++i)
+    {
+        const double at = angle + turn * i / (steps + 1);
+        result.emplace_back(corner.x + std::cos(at) * offset, corner.y + std::sin(at) * offset);
+    }
+}
+
+/// @param room the length of the shorter side of the corner.
+void OffsetCorner(const TXPoint& corner, const TXPoint& before, const TXPoint& after, double room, double offset,
+                  const OffsetCorners& corners, PixelLine& result)
 {
     const double cosine = HalfCosine(before, after);
     const TXPoint first = RightOf(before);
     const TXPoint second = RightOf(after);
-    if (cosine * kLongestMiter < 1.0)
+    const bool isInner = (before.x * after.y - before.y * after.x) * offset > 0.0;
+    const bool meets =
+        isInner && corners.meet && std::abs(offset) * std::sqrt(std::max(0.0, 1.0 - cosine * cosine)) <= room * cosine;
+    if (!meets && cosine * corners.limit < 1.0)
     {
-        result.emplace_back(corner.x + first.x * offset, corner.y + first.y * offset);
-        result.emplace_back(corner.x + second.x * offset, corner.y + second.y * offset);
+        // Both sides go on a little, so that the edge keeps its distance from the corner.
+        const double more = corners.meet && !isInner && !corners.round ? std::abs(offset) / 2.0 : 0.0;
+        result.emplace_back(corner.x + first.x * offset + before.x * more,
+                            corner.y + first.y * offset + before.y * more);
+        if (corners.round && !isInner)
+            AddArc(corner, first, second, offset, result);
+        result.emplace_back(corner.x + second.x * offset - after.x * more,
+                            corner.y + second.y * offset - after.y * more);
         return;
     }
     // The sum of the two normals is twice the cosine long, and the corner lies offset / cosine away.
@@ -73,7 +96,7 @@ double LengthOf(const TXPoint* points, std::size_t count)
     return length;
 }
 
-PixelLine OffsetLine(const TXPoint* points, std::size_t count, double offset)
+PixelLine OffsetLine(const TXPoint* points, std::size_t count, double offset, const OffsetCorners& corners)
 {
     PixelLine line = WithoutRepeats(points, count);
     if (line.size() < 2)
@@ -87,7 +110,12 @@ PixelLine OffsetLine(const TXPoint* points, std::size_t count, double offset)
         const TXPoint after = i < last ? Direction(line[i], line[i + 1]) : Direction(line[0], line[1]);
         const TXPoint before = i > 0 ? Direction(line[i - 1], line[i]) : Direction(line[last - 1], line[last]);
         if (!isEnd || closed)
-            OffsetCorner(line[i], before, after, offset, result);
+        {
+            const TXPoint& previous = i > 0 ? line[i - 1] : line[last - 1];
+            const TXPoint& next = i < last ? line[i + 1] : line[1];
+            const double room = std::min(Distance(previous, line[i]), Distance(line[i], next));
+            OffsetCorner(line[i], before, after, room, offset, corners, result);
+        }
         else
         {
             const TXPoint right = RightOf(i == 0 ? after : before);
@@ -97,7 +125,7 @@ PixelLine OffsetLine(const TXPoint* points, std::size_t count, double offset)
     return result;
 }
 
-PixelLine BluntCorners(const TXPoint* points, std::size_t count, double limit)
+PixelLine BevelSharpCorners(const TXPoint* points, std::size_t count, double width, double limit)
 {
     PixelLine line = WithoutRepeats(points, count);
     if (line.size() < 3)
@@ -107,14 +135,19 @@ PixelLine BluntCorners(const TXPoint* points, std::size_t count, double limit)
     {
         const TXPoint before = Direction(line[i - 1], line[i]);
         const TXPoint after = Direction(line[i], line[i + 1]);
-        if (HalfCosine(before, after) * limit >= 1.0)
+        const double cosine = HalfCosine(before, after);
+        if (cosine * limit >= 1.0)
         {
             result.push_back(line[i]);
             continue;
         }
-        constexpr double kStep = 0.02;
-        result.emplace_back(line[i].x - before.x * kStep, line[i].y - before.y * kStep);
-        result.emplace_back(line[i].x + after.x * kStep, line[i].y + after.y * kStep);
+        // The tangent of a quarter of the turn: that far from the corner, in half widths, the two mitres end where the
+        // bevel does.
+        const double wanted = width / 2.0 * std::sqrt((1.0 - cosine) / (1.0 + cosine));
+        const double room = std::min(Distance(line[i - 1], line[i]), Distance(line[i], line[i + 1]));
+        const double step = std::max(0.02, std::min(wanted, room * 0.49));
+        result.emplace_back(line[i].x - before.x * step, line[i].y - before.y * step);
+        result.emplace_back(line[i].x + after.x * step, line[i].y + after.y * step);
     }
     result.push_back(line.back());
     return result;

@@ -15,13 +15,21 @@ using PixelLine = std::vector<TZObjects::TXPoint>;
 /// The length of a line.
 double LengthOf(const TZObjects::TXPoint* points, std::size_t count);
 
-/// The line that runs beside another one, by so many pixels to the right of its direction; to the left if negative.
-/// Corners keep their distance from both sides, sharp ones get an edge.
-PixelLine OffsetLine(const TZObjects::TXPoint* points, std::size_t count, double offset);
+/// What becomes of corners when a line is moved.
+struct OffsetCorners
+{
+    double limit = 4.0; ///< Mitres, in widths of the line, are no longer; other corners get an edge.
+    bool round = false; ///< Whether that edge is an arc.
+    bool meet = true;   ///< Whether both sides meet on the inner side of a corner, where they are long enough.
+};
 
-/// A line whose sharp corners are replaced by two half as sharp, so close that nobody sees them apart: mitred joins
-/// then look cut off, as they must where the mitre would be longer than @p limit times the width of the line.
-PixelLine BluntCorners(const TZObjects::TXPoint* points, std::size_t count, double limit);
+/// The line that runs beside another one, by so many pixels to the right of its direction; to the left if negative.
+PixelLine OffsetLine(const TZObjects::TXPoint* points, std::size_t count, double offset,
+                     const OffsetCorners& corners = {});
+
+/// A line of some width whose mitred joins are bevelled where they would be longer than @p limit times the width. Each
+/// such corner becomes two, between which the edge of the stroke is the bevel.
+PixelLine BevelSharpCorners(const TZObjects::TXPoint* points, std::size_t count, double width, double limit);
 
 /// The part of a line between two lengths from its start.
 PixelLine SubLine(const TZObjects::TXPoint* points, std::size_t count, double from, double to);

@@ -64,9 +64,43 @@ TEST(LineShape, OffsetLinesKeepTheirDistance)
 TEST(LineShape, SharpCornersGetAnEdge)
 {
     const std::vector<TXPoint> line = {{0.0, 0.0}, {10.0, 0.0}, {0.0, 1.0}};
-    EXPECT_EQ(OffsetLine(line.data(), line.size(), 2.0).size(), 4u);
-    EXPECT_EQ(BluntCorners(line.data(), line.size(), 2.0).size(), 4u);
-    EXPECT_EQ(BluntCorners(line.data(), line.size(), 100.0).size(), 3u);
+    EXPECT_EQ(OffsetLine(line.data(), line.size(), 2.0, {4.0, false, false}).size(), 4u);
+    EXPECT_EQ(OffsetLine(line.data(), line.size(), -2.0).size(), 4u);
+    EXPECT_EQ(OffsetLine(line.data(), line.size(), -2.0, {100.0}).size(), 3u);
+    EXPECT_EQ(BevelSharpCorners(line.data(), line.size(), 1.0, 100.0).size(), 3u);
+}
+
+TEST(LineShape, RoundCornersOfOffsetLinesAreArcs)
+{
+    const std::vector<TXPoint> line = {{0.0, 0.0}, {10.0, 0.0}, {10.0, 10.0}};
+    const PixelLine arc = OffsetLine(line.data(), line.size(), -2.0, {1.05, true});
+    ASSERT_GT(arc.size(), 6u);
+    for (std::size_t i = 1; i + 1 < arc.size(); ++i)
+        EXPECT_NEAR(std::hypot(arc[i].x - 10.0, arc[i].y), 2.0, 1e-9);
+    EXPECT_EQ(OffsetLine(line.data(), line.size(), 2.0, {1.05, true, false}).size(), 4u);
+}
+
+TEST(LineShape, OffsetLinesMeetOnTheInnerSide)
+{
+    const std::vector<TXPoint> line = {{0.0, 0.0}, {100.0, 0.0}, {2.0, 20.0}};
+    const PixelLine inner = OffsetLine(line.data(), line.size(), 2.0);
+    ASSERT_EQ(inner.size(), 3u);
+    EXPECT_NEAR(inner[1].y, 2.0, 1e-9);
+    EXPECT_LT(inner[1].x, 90.0);
+}
+
+TEST(LineShape, BevelsReachFromEdgeToEdge)
+{
+    // At a right angle, the bevel of a line of width 2 goes from (10, -1) to (11, 0).
+    const std::vector<TXPoint> line = {{0.0, 0.0}, {10.0, 0.0}, {10.0, 10.0}};
+    const PixelLine bevelled = BevelSharpCorners(line.data(), line.size(), 2.0, 1.1);
+    ASSERT_EQ(bevelled.size(), 4u);
+    const double step = 10.0 - bevelled[1].x;
+    EXPECT_NEAR(step, std::tan(std::atan(1.0) / 2.0), 1e-9);
+    EXPECT_NEAR(bevelled[2].y, step, 1e-9);
+    // The piece between lies as far inside of the bevel as the others inside of their edges.
+    const double diagonal = std::sqrt(0.5);
+    EXPECT_NEAR((bevelled[1].x - bevelled[1].y) * diagonal, (10.0 + 1.0) * diagonal - 1.0, 1e-9);
 }
 
 TEST(LineShape, PartsOfLinesHaveTheirCorners)

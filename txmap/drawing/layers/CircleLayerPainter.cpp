@@ -124,6 +124,9 @@ private:
         return look;
     }
 
+    /// The edge of a circle lies half a pixel inside of its radius, as if the pixel inside the radius were a blur.
+    static double EdgeOf(double circle) { return std::max(circle - 0.5, circle / 2.0); }
+
     void Fill(const TXPoint& centre, double outer, double inner, const Color& filled)
     {
         if (filled.alpha <= 0.0 || outer <= 0.0)
@@ -144,9 +147,9 @@ private:
         // Below an opaque ring the disc reaches a little further, so that nothing is seen between them.
         const bool hasRing = look.strokeWidth > 0.0 && look.strokeColor.alpha > 0.0;
         const bool covers = hasRing && look.strokeColor.alpha >= 1.0;
-        Fill(centre, look.radius + (covers ? std::min(0.5, look.strokeWidth / 2.0) : 0.0), 0.0, look.color);
+        Fill(centre, EdgeOf(look.radius) + (covers ? std::min(0.5, look.strokeWidth / 2.0) : 0.0), 0.0, look.color);
         if (hasRing)
-            Fill(centre, outer, look.radius, look.strokeColor);
+            Fill(centre, EdgeOf(outer), EdgeOf(look.radius), look.strokeColor);
     }
 
     /// Pixel by pixel: from the outer edge inward the circle gets denser, and its stroke passes into its fill.

@@ -7,6 +7,7 @@
 #include <txmap/drawing/layers/LineDecoration.h>
 #include <txmap/drawing/layers/LineLook.h>
 #include <txmap/drawing/layers/LineStroker.h>
+#include <txmap/drawing/layers/PatternStroke.h>
 #include <txmap/map/PixelParts.h>
 
 namespace txmap
@@ -143,9 +144,7 @@ private:
         if (!picture)
             return;
         stroker.Flush();
-        const PixelLine line =
-            look.offset == 0.0 ? PixelLine(points, points + count) : OffsetLine(points, count, look.offset);
-        DrawPatternLine(scene, line, look, *picture);
+        DrawPatternLine(scene, MovedLine(points, count, look, look.offset), look, *picture);
     }
 
     const LayerScene& scene;

@@ -18,6 +18,8 @@ namespace
 constexpr int kMostBlurSteps = 24;
 // A surface draws mitres up to four times the width whole.
 constexpr double kMiterOfSurface = 4.0;
+// At corners with a shorter mitre, nobody sees of what kind a join is.
+constexpr double kStraightMiter = 1.05;
 
 TXPen::PenCapStyle CapOf(const LineLook& look)
 {
@@ -32,6 +34,21 @@ TXPen::PenJoinStyle JoinOf(const LineLook& look)
     if (look.join == "round")
         return TXPen::RoundJoin;
     return look.join == "bevel" || look.miterLimit < 1.0 ? TXPen::BevelJoin : TXPen::MiterJoin;
+}
+
+Parts WithBevels(const Parts& lines, const LineLook& look)
+{
+    Parts result;
+    const TXPoint* points = lines.points.data();
+    for (const int size : lines.counts)
+    {
+        const auto count = static_cast<std::size_t>(size);
+        const PixelLine line = BevelSharpCorners(points, count, look.width, std::min(look.miterLimit, kMiterOfSurface));
+        result.points.insert(result.points.end(), line.begin(), line.end());
+        result.counts.push_back(static_cast<int>(line.size()));
+        points += count;
+    }
+    return result;
 }
 
 /// A pen of any width. No pen is thinner than a pixel; thinner lines are paler, and never invisible.
@@ -75,41 +92,50 @@ std::vector<PenLook> PensFor(const LineLook& look)
     return pens;
 }
 
+PixelLine MovedLine(const TXPoint* points, std::size_t count, const LineLook& look, double offset)
+{
+    if (offset == 0.0)
+        return PixelLine(points, points + count);
+    if (look.gap > 0.0)
+        return OffsetLine(points, count, offset,
+                          {look.join == "miter" ? look.miterLimit : kStraightMiter, look.join == "round", false});
+    return OffsetLine(points, count, offset, {look.join == "miter" ? look.miterLimit : kMiterOfSurface});
+}
+
 void LineStroker::Add(const TXPoint* points, std::size_t count, const LineLook& look, double phase, bool closes)
 {
     if (look.gap <= 0.0)
     {
-        AddShape(look.offset == 0.0 ? PixelLine(points, points + count) : OffsetLine(points, count, look.offset), look,
-                 phase, closes);
+        AddShape(MovedLine(points, count, look, look.offset), look, phase, closes);
         return;
     }
     const double apart = (look.gap + look.width) / 2.0;
-    AddShape(OffsetLine(points, count, look.offset - apart), look, phase, closes);
-    AddShape(OffsetLine(points, count, look.offset + apart), look, phase, closes);
+    AddShape(MovedLine(points, count, look, look.offset - apart), look, phase, closes);
+    AddShape(MovedLine(points, count, look, look.offset + apart), look, phase, closes);
 }
 
 void LineStroker::AddShape(const PixelLine& line, const LineLook& look, double phase, bool closes)
 {
     if (line.size() < 2)
         return;
-    PixelLine shape = line;
     const std::vector<PenLook> pens = PensFor(look);
-    if (!pens.empty() && pens.front().join == TXPen::MiterJoin)
-        shape = BluntCorners(line.data(), line.size(), std::min(look.miterLimit, kMiterOfSurface));
     Parts pieces;
     if (!look.dashes.empty())
-        AddDashes(shape, look, phase, pieces);
+        AddDashes(line, look, phase, pieces);
     else
     {
+        PixelLine shape = line;
         // Over its first side once more, a ring has a corner where it closes.
         if (closes && shape.size() > 3 && shape.front().x == shape.back().x && shape.front().y == shape.back().y)
             shape.push_back(shape[1]);
         pieces.points = std::move(shape);
         pieces.counts = {static_cast<int>(pieces.points.size())};
     }
-    for (const PenLook& look : pens)
+    if (!pens.empty() && pens.front().join == TXPen::MiterJoin)
+        pieces = WithBevels(pieces, look);
+    for (const PenLook& pen : pens)
     {
-        Use(look);
+        Use(pen);
         parts.points.insert(parts.points.end(), pieces.points.begin(), pieces.points.end());
         parts.counts.insert(parts.counts.end(), pieces.counts.begin(), pieces.counts.end());
     }

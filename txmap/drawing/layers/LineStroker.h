@@ -32,6 +32,9 @@ private:
     Parts parts; ///< All for this pen.
 };
 
+/// The line beside another one that a look asks for, with corners as its joins.
+PixelLine MovedLine(const TZObjects::TXPoint* points, std::size_t count, const LineLook& look, double offset);
+
 /// The pens that draw a line one over the other: several for blurred edges.
 std::vector<PenLook> PensFor(const LineLook& look);
 

@@ -69,25 +69,38 @@ private:
     bool changes;
 };
 
-/// Where a pixel of the map lies in a picture with four corners, which two triangles fill.
+/// Where a pixel of the map lies in a picture with four corners: as if the picture were seen in perspective.
 class QuadMapping
 {
 public:
-    QuadMapping(const std::array<TXPoint, 4>& corners, const PixelSize& size)
-        : first(FromTriangle(corners[0], corners[1], corners[3]).Inverted()),
-          second(FromTriangle(corners[2], corners[3], corners[1]).Inverted()), size(size)
+    QuadMapping(const std::array<TXPoint, 4>& corners, const PixelSize& size) : size(size)
     {
+        // The matrix that takes the unit square to the corners, with 1 at its lower right.
+        const TXPoint right(corners[1].x - corners[2].x, corners[1].y - corners[2].y);
+        const TXPoint bottom(corners[3].x - corners[2].x, corners[3].y - corners[2].y);
+        const TXPoint bend(corners[0].x - corners[1].x + corners[2].x - corners[3].x,
+                           corners[0].y - corners[1].y + corners[2].y - corners[3].y);
+        const double area = right.x * bottom.y - bottom.x * right.y;
+        const double g = (bend.x * bottom.y - bottom.x * bend.y) / area;
+        const double h = (right.x * bend.y - bend.x * right.y) / area;
+        const double a = corners[1].x - corners[0].x + g * corners[1].x;
+        const double b = corners[3].x - corners[0].x + h * corners[3].x;
+        const double c = corners[0].x;
+        const double d = corners[1].y - corners[0].y + g * corners[1].y;
+        const double e = corners[3].y - corners[0].y + h * corners[3].y;
+        const double f = corners[0].y;
+        // Its inverse but for a factor, which falls out.
+        inverse = {{{e - f * h, c * h - b, b * f - c * e},
+                    {f * g - d, a - c * g, c * d - a * f},
+                    {d * h - e * g, b * g - a * h, a * e - b * d}}};
     }
 
     /// False for a point outside.
     bool Find(double x, double y, TXPoint& place) const
     {
-        TXPoint part = first.Map({x, y});
-        if (part.x + part.y > 1.0)
-        {
-            part = second.Map({x, y});
-            part = {1.0 - part.x, 1.0 - part.y};
-        }
+        const auto row = [&](std::size_t i) { return inverse[i][0] * x + inverse[i][1] * y + inverse[i][2]; };
+        const double depth = row(2);
+        const TXPoint part(row(0) / depth, row(1) / depth);
         constexpr double kSlack = 1e-9;
         if (!(part.x >= -kSlack && part.x <= 1.0 + kSlack && part.y >= -kSlack && part.y <= 1.0 + kSlack))
             return false;
@@ -96,14 +109,7 @@ public:
     }
 
 private:
-    /// Takes (1, 0) and (0, 1) to the two neighbours of a corner, along the sides of the picture.
-    static AffineMatrix FromTriangle(const TXPoint& corner, const TXPoint& beside, const TXPoint& below)
-    {
-        return {beside.x - corner.x, below.x - corner.x, beside.y - corner.y, below.y - corner.y, corner.x, corner.y};
-    }
-
-    AffineMatrix first;
-    AffineMatrix second;
+    std::array<std::array<double, 3>, 3> inverse;
     PixelSize size;
 };
 

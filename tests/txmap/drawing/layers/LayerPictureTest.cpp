@@ -191,20 +191,20 @@ TEST_F(LayerPicture, ThinLinesArePalerAndNeverInvisible)
 
 TEST_F(LayerPicture, LineOffsetAndGap)
 {
-    const auto beside = [&](TXGraphics& surface, double offset)
-    { StrokeLine(surface, txmap::OffsetLine(kLine.data(), kLine.size(), offset)); };
+    const auto beside = [&](TXGraphics& surface, double offset, const txmap::OffsetCorners& corners)
+    { StrokeLine(surface, txmap::OffsetLine(kLine.data(), kLine.size(), offset, corners)); };
     ExpectSame(Line(R"("line-width": 2, "line-offset": 6)", R"("line-join": "bevel")"),
                [&](TXGraphics& surface)
                {
                    surface.SelectPen(Pen({0, 0, 0, 255}, 2.0, TXPen::FlatCap, TXPen::BevelJoin));
-                   beside(surface, 6.0);
+                   beside(surface, 6.0, {});
                });
     ExpectSame(Line(R"("line-width": 2, "line-gap-width": 6)", R"("line-join": "bevel")"),
                [&](TXGraphics& surface)
                {
                    surface.SelectPen(Pen({0, 0, 0, 255}, 2.0, TXPen::FlatCap, TXPen::BevelJoin));
-                   beside(surface, -4.0);
-                   beside(surface, 4.0);
+                   beside(surface, -4.0, {1.05, false, false});
+                   beside(surface, 4.0, {1.05, false, false});
                });
 }
 
@@ -300,11 +300,11 @@ TEST_F(LayerPicture, CircleWithFractions)
                [&](TXGraphics& surface)
                {
                    surface.SelectBrush(Brush({255, 0, 0, 128}));
-                   circle(surface, 12.4);
+                   circle(surface, 12.4 - 0.5);
                    surface.DrawPath();
                    surface.SelectBrush(Brush({0, 0, 255, 128}));
-                   circle(surface, 12.4 + 3.2);
-                   circle(surface, 12.4);
+                   circle(surface, 12.4 + 3.2 - 0.5);
+                   circle(surface, 12.4 - 0.5);
                    surface.DrawPath();
                });
 }

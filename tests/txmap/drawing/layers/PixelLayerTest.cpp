@@ -60,6 +60,7 @@ TEST_F(PixelLayer, PatternsBeginAtTheCornerOfTheWorld)
 
 TEST_F(PixelLayer, LinePatternsAreAsHighAsTheLineIsWide)
 {
+    // The top of a picture is on the right of the line, which goes from left to right.
     // Above blue with a green right half, below red.
     std::vector<unsigned> picture(8 * 8, 0xffff0000);
     for (std::size_t i = 0; i < 32; ++i)
@@ -71,9 +72,9 @@ TEST_F(PixelLayer, LinePatternsAreAsHighAsTheLineIsWide)
         "paint": {"line-pattern": "p", "line-width": 32}})");
     for (const int x : {28, 60, 92})
     {
-        EXPECT_EQ(At(styled, x, 88), 0xff0000ffu) << x;
-        EXPECT_EQ(At(styled, x + 16, 88), 0xff00ff00u) << x;
-        EXPECT_EQ(At(styled, x, 112), 0xffff0000u) << x;
+        EXPECT_EQ(At(styled, x, 112), 0xff0000ffu) << x;
+        EXPECT_EQ(At(styled, x + 16, 112), 0xff00ff00u) << x;
+        EXPECT_EQ(At(styled, x, 88), 0xffff0000u) << x;
     }
     EXPECT_EQ(At(styled, 60, 82), 0u);
     EXPECT_EQ(At(styled, 60, 118), 0u);
