@@ -4,13 +4,14 @@
 #include <string>
 #include <vector>
 
+#include <txbase/TXColor.h>
 #include <txmap/atlas/MapFrame.h>
 #include <txmap/drawing/NorthArrow.h>
 #include <txmap/drawing/PlaceSymbol.h>
 #include <txmap/labels/LabelOptions.h>
+#include <txmap/map/GeoBox.h>
 #include <txmap/map/MapLayer.h>
 #include <txmap/map/Projection.h>
-#include <txmap/map/View.h>
 
 namespace txmap
 {
@@ -34,7 +35,9 @@ struct AtlasOptions
 {
     std::vector<LayerRequest> layers;
     std::string output = "map.png";
+    std::string styleOutput; ///< Where the style is written as well; empty for nowhere.
     std::optional<PixelSize> size;
+    double scale = 1.0; ///< How large lines, symbols and names are.
     Projection projection = Projection::PlateCarree();
     std::optional<GeoBox> box;
     std::optional<double> graticule; ///< Degrees between lines, 0 for no lines; nothing for what suits the map.

@@ -15,10 +15,11 @@
 namespace txmap
 {
 
-class View;
+class MapData;
+class MapView;
 struct AtlasOptions;
 struct MapLayer;
-struct Raster;
+struct MapStyle;
 struct Style;
 
 /// A map as it is drawn: what lies over what.
@@ -28,13 +29,14 @@ class AtlasPage
 {
 public:
     /// All must outlive the page. @throw Failure also when the frame that is asked for cannot be made.
-    AtlasPage(TZObjects::TXGraphicsEngine& engine, const AtlasOptions& options, const View& view, const Style& style);
+    AtlasPage(TZObjects::TXGraphicsEngine& engine, const AtlasOptions& options, const MapView& view,
+              const Style& style);
 
     /// Finds room for the names that are asked for, and takes those places out of the layers that have no room for
     /// theirs.
     void LayOutLabels(std::vector<MapLayer>& layers);
-    /// Draws everything. @param raster what lies over the areas and under the lines; null for nothing.
-    void Draw(const std::vector<MapLayer>& layers, Raster* raster);
+    /// Draws everything: the layers of the style, and over them graticule, places, names and decorations.
+    void Draw(const MapStyle& map, const MapData& data, const std::vector<MapLayer>& layers);
     /// Writes the picture to a file; the suffix names the format. @return false when it cannot be written.
     bool Save(const std::string& path) { return canvas.Save(path); }
     /// Says what is wrong with the picture although it is there. @throw Failure with `ExitCode::Usage` for what was
@@ -43,11 +45,11 @@ public:
 
 private:
     const FrameShape* Outline() const { return frame ? &*frame : nullptr; }
-    void DrawMap(const std::vector<MapLayer>& layers, Raster* raster);
 
     const AtlasOptions& options;
-    const View& view;
+    const MapView& view;
     const Style& style;
+    MapCanvas mapCanvas;
     Canvas canvas;
     PlacePainter places;
     std::optional<FrameShape> frame;

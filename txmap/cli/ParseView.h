@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include <txmap/map/GeoBox.h>
 #include <txmap/map/Projection.h>
-#include <txmap/map/View.h>
 
 namespace txmap
 {

@@ -13,8 +13,10 @@ namespace
 
 // Points closer than this to the one before do not change a pixel that anyone could see.
 constexpr double kFinest = 0.125;
-// How far from the edge of the world a point of cut data may lie: some 4 cm.
-constexpr double kEdge = 1e-9;
+// How far from the edge of the world a point of cut data may lie: some 12 cm.
+constexpr double kEdge = 3e-9;
+// Data that ends at a pole ends there up to what its makers took for one.
+constexpr double kNearPole = 2.5e-4;
 
 bool Close(const TXPoint& a, const TXPoint& b)
 {
@@ -23,12 +25,14 @@ bool Close(const TXPoint& a, const TXPoint& b)
 
 TXRect ToRect(const MercatorBox& box) { return {box.left, box.right, box.top, box.bottom}; }
 
-bool IsEdgeOfWorld(const TXPoint& a, const TXPoint& b)
+bool IsEdgeOfWorld(const TXPoint& a, const TXPoint& b, const MercatorBox& world)
 {
     const double side = std::round(a.x);
     if (std::abs(a.x - side) < kEdge && std::abs(b.x - side) < kEdge)
         return true;
-    return (a.y <= 0.0 && b.y <= 0.0) || (a.y >= 1.0 && b.y >= 1.0);
+    const double top = world.top + kNearPole;
+    const double bottom = world.bottom - kNearPole;
+    return (a.y <= top && b.y <= top) || (a.y >= bottom && b.y >= bottom);
 }
 
 } // namespace
@@ -134,14 +138,14 @@ void PixelParts::AddPoint(const TXPoint& point)
     result.counts.push_back(1);
 }
 
-void AppendOutline(const TXPoint* ring, std::size_t count, Parts& lines)
+void AppendOutline(const TXPoint* ring, std::size_t count, const MercatorBox& world, Parts& lines)
 {
     if (count < 2)
         return;
     // Begin behind an edge that is left out, so that no line is broken where the ring happens to begin.
     std::size_t start = 0;
     for (std::size_t i = 1; i < count && start == 0; ++i)
-        if (IsEdgeOfWorld(ring[i - 1], ring[i]))
+        if (IsEdgeOfWorld(ring[i - 1], ring[i], world))
             start = i;
     if (start == 0)
     {
@@ -155,7 +159,7 @@ void AppendOutline(const TXPoint* ring, std::size_t count, Parts& lines)
     {
         const TXPoint& a = ring[(start + k) % edges];
         const TXPoint& b = ring[(start + k + 1) % edges];
-        if (IsEdgeOfWorld(a, b))
+        if (IsEdgeOfWorld(a, b, world))
         {
             open = false;
             continue;

@@ -23,7 +23,7 @@ public:
     /// @param toPixels Mercator coordinates to pixels, for one world.
     /// @param picture the part of the picture, in pixels, that geometry is cut to: larger than the picture by more than
     /// half the widest line, because cut fills have edges along it.
-    /// @param tile what geometry is cut to before; nothing for no cut. See `MercatorView::AlignedToPixels`.
+    /// @param tile what geometry is cut to before; nothing for no cut. See `MapView::AlignedToPixels`.
     PixelParts(const AffineMatrix& toPixels, const TZObjects::TXRect& picture,
                const std::optional<MercatorBox>& tile = std::nullopt);
 
@@ -53,6 +53,6 @@ private:
 /// Splits the outline of a closed ring into the lines that are left without its edges along the edge of the world: they
 /// come from where the data was cut, at the date line or at the poles, and are no border of anything. One closed line
 /// where there is no such edge.
-void AppendOutline(const TZObjects::TXPoint* ring, std::size_t count, Parts& lines);
+void AppendOutline(const TZObjects::TXPoint* ring, std::size_t count, const MercatorBox& world, Parts& lines);
 
 } // namespace txmap

@@ -6,6 +6,7 @@
 #include <txgraphics/TXGraphics.h>
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/drawing/layers/StyledMap.h>
+#include <txmap/map/MercatorView.h>
 #include <txmap/output/OutputFile.h>
 #include <txmap/sources/Gdal.h>
 #include <txmap/sources/MapData.h>

@@ -53,7 +53,7 @@ public:
 private:
     void DrawWorld(const PlacedFeatures& placed, const std::vector<PassedFeature>& passing, int world)
     {
-        const MercatorView& view = scene.canvas.View();
+        const MapView& view = scene.canvas.View();
         std::optional<MercatorBox> tile;
         if (placed.tile)
             tile = view.AlignedToPixels(*placed.tile);
@@ -127,8 +127,8 @@ private:
         if (drawn.alpha <= 0.0)
             return;
         Parts outlines;
-        set.ForEachPart(feature,
-                        [&](const TXPoint* points, std::size_t count) { AppendOutline(points, count, outlines); });
+        set.ForEachPart(feature, [&](const TXPoint* points, std::size_t count)
+                        { AppendOutline(points, count, set.projection.World(), outlines); });
         parts.Result().Clear();
         const TXPoint* point = outlines.points.data();
         for (const int count : outlines.counts)

@@ -101,7 +101,7 @@ private:
                             if (feature.type != GeometryType::Polygon)
                                 return parts.AddLine(points, count, &spans);
                             Parts outline;
-                            AppendOutline(points, count, outline);
+                            AppendOutline(points, count, set.projection.World(), outline);
                             const TXPoint* point = outline.points.data();
                             for (const int size : outline.counts)
                             {
