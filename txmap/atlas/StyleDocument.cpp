@@ -23,6 +23,10 @@ namespace
 constexpr std::size_t kMostUnnamed = 1000;
 // The class of such land.
 constexpr int kLandClass = 2;
+// The width of lines, in pixels, from which on their corners are round.
+constexpr double kWide = 2.0;
+// Along a wide line, corners closer together than this part of its width cannot be told apart.
+constexpr double kBandCorner = 0.125;
 
 std::string ColorText(const TXColor& color)
 {
@@ -79,7 +83,11 @@ private:
         Json layer = {{"id", purpose + "-" + source.id}, {"type", "line"}, {"source", source.id}};
         if (!filter.is_null())
             layer["filter"] = filter;
-        layer["layout"] = {{"line-cap", "round"}, {"line-join", "round"}};
+        // Of a wide band nobody sees the finest corners, and of a thin line not how they are joined.
+        const bool isWide = stroke.width > kWide;
+        if (isWide)
+            layer["metadata"] = {{"txmap:tolerance", stroke.width * kBandCorner}};
+        layer["layout"] = {{"line-cap", isWide ? "round" : "butt"}, {"line-join", isWide ? "round" : "bevel"}};
         layer["paint"] = {{"line-color", ColorText(stroke.color)}, {"line-width", stroke.width}};
         layers.push_back(std::move(layer));
     }
@@ -89,17 +97,14 @@ private:
         const bool drawsAreas = IsLand(source) || source.role == LayerRole::Lakes;
         if (!drawsAreas || !source.Has(GeometryType::Polygon))
             return;
-        layers.push_back({{"id", "areas-" + source.id},
-                          {"type", "fill"},
-                          {"source", source.id},
-                          {"filter", Only("Polygon")},
-                          {"paint", {{"fill-color", FillOf(source)}}}});
-        AddOutline(source);
-    }
-
-    void AddOutline(const AtlasSource& source, const std::string& purpose = "outlines")
-    {
-        AddLine(source, purpose, IsLand(source) ? style.outline : style.lakeShore, Only("Polygon"));
+        layers.push_back(
+            {{"id", "areas-" + source.id},
+             {"type", "fill"},
+             {"source", source.id},
+             {"filter", Only("Polygon")},
+             {"paint",
+              {{"fill-color", FillOf(source)},
+               {"fill-outline-color", ColorText((IsLand(source) ? style.outline : style.lakeShore).color)}}}});
     }
 
     Json FillOf(const AtlasSource& source) const
@@ -144,7 +149,7 @@ private:
                 continue;
             if (IsLand(source))
                 AddLine(source, "casing", style.overRaster, Only("Polygon"));
-            AddOutline(source, "outlines-over-raster");
+            AddLine(source, "outlines", IsLand(source) ? style.outline : style.lakeShore, Only("Polygon"));
         }
     }
 

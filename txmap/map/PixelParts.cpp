@@ -1,5 +1,6 @@
 #include <txmap/map/PixelParts.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace txmap
@@ -18,9 +19,9 @@ constexpr double kEdge = 3e-9;
 // Data that ends at a pole ends there up to what its makers took for one.
 constexpr double kNearPole = 2.5e-4;
 
-bool Close(const TXPoint& a, const TXPoint& b)
+bool Close(const TXPoint& a, const TXPoint& b, double distance)
 {
-    return std::abs(a.x - b.x) < kFinest && std::abs(a.y - b.y) < kFinest;
+    return std::abs(a.x - b.x) < distance && std::abs(a.y - b.y) < distance;
 }
 
 TXRect ToRect(const MercatorBox& box) { return {box.left, box.right, box.top, box.bottom}; }
@@ -38,10 +39,16 @@ bool IsEdgeOfWorld(const TXPoint& a, const TXPoint& b, const MercatorBox& world)
 } // namespace
 
 PixelParts::PixelParts(const AffineMatrix& toPixels, const TXRect& picture, const std::optional<MercatorBox>& tile)
-    : toPixels(toPixels), pictureClipper(picture)
+    : toPixels(toPixels), tolerance(kFinest), pictureClipper(picture)
 {
     if (tile)
         tileClipper.emplace(ToRect(*tile));
+}
+
+void PixelParts::SetTolerance(double pixels)
+{
+    tolerance = std::max(kFinest, pixels);
+    joinsSpots = true;
 }
 
 void PixelParts::Reduce(const TXPoint* points, std::size_t count)
@@ -51,7 +58,7 @@ void PixelParts::Reduce(const TXPoint* points, std::size_t count)
     for (std::size_t i = 0; i < count; ++i)
     {
         last = toPixels.Map(points[i]);
-        if (pixels.empty() || !Close(last, pixels.back()))
+        if (pixels.empty() || !Close(last, pixels.back(), tolerance))
             pixels.push_back(last);
     }
     // The end of a line is where another one begins, and the end of a ring is its start.
@@ -77,7 +84,13 @@ void PixelParts::AddLinePiece(const TXPoint* points, std::size_t count, std::vec
     Reduce(points, count);
     // A line that is shorter than anyone could see may still be a dot, by its width and its caps.
     if (pixels.size() == 1 && count > 1)
+    {
+        const auto spot = [&](double place)
+        { return static_cast<std::uint32_t>(std::lround(std::clamp(place / tolerance, -1e9, 1e9))); };
+        if (joinsSpots && !spots.insert(std::uint64_t{spot(pixels[0].x)} << 32 | spot(pixels[0].y)).second)
+            return;
         pixels.push_back(toPixels.Map(points[count - 1]));
+    }
     pictureClipper.ClipLine(pixels.data(), pixels.size(), result, spans);
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
+#include <unordered_set>
 #include <vector>
 
 #include <txbase/TXPoint.h>
@@ -27,6 +29,10 @@ public:
     PixelParts(const AffineMatrix& toPixels, const TZObjects::TXRect& picture,
                const std::optional<MercatorBox>& tile = std::nullopt);
 
+    /// Drops points of lines that are closer than this to the one before, and of lines that are shorter all but one at
+    /// each spot: what a line is too wide to show. In pixels.
+    void SetTolerance(double pixels);
+
     /// Adds a closed ring that is to be filled. One that is smaller than a few tenths of a pixel leaves nothing.
     void AddRing(const TZObjects::TXPoint* points, std::size_t count);
     /// Adds a line, or the outline of a ring, that is to be stroked: the pieces that are seen.
@@ -43,6 +49,9 @@ private:
     void AddLinePiece(const TZObjects::TXPoint* points, std::size_t count, std::vector<LineSpan>* spans);
 
     AffineMatrix toPixels;
+    double tolerance;
+    std::unordered_set<std::uint64_t> spots; ///< Where there is a short line already; of a tolerance that was set.
+    bool joinsSpots = false;
     RectangleClipper pictureClipper;
     std::optional<RectangleClipper> tileClipper;
     Parts cut;                              ///< What the tile leaves, in Mercator coordinates.

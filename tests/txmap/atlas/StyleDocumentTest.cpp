@@ -63,8 +63,8 @@ TEST_F(StyleDocumentTest, LaysWaterUnderLandAndLinesOverIt)
     Add("l.geojson", kArea, LayerRole::Lakes);
     Add("b.geojson", kArea, LayerRole::Borders);
     Add("r.geojson", R"({"type":"LineString","coordinates":[[0,0],[5,5]]})");
-    EXPECT_THAT(LayerIds(Make()), ElementsAre("sea", "shore-1-c", "shore-2-c", "shore-3-c", "areas-c", "outlines-c",
-                                              "areas-l", "outlines-l", "borders-b", "lines-r"));
+    EXPECT_THAT(LayerIds(Make()), ElementsAre("sea", "shore-1-c", "shore-2-c", "shore-3-c", "areas-c", "areas-l",
+                                              "borders-b", "lines-r"));
 }
 
 TEST_F(StyleDocumentTest, IsAStyleWithoutProblems)

@@ -68,13 +68,15 @@ private:
             parts.Result().Clear();
             placed.features->ForEachPart(*passed.feature, [&](const TXPoint* points, std::size_t count)
                                          { parts.AddRing(points, count); });
-            if (parts.Result().IsEmpty())
+            // What is too small to be filled is still outlined.
+            if (parts.Result().IsEmpty() && !outline.IsSet())
                 continue;
             attributes.Select(*passed.feature);
             scene.evaluating.Start();
             const FillLook look = LookOf();
             scene.evaluating.Stop();
-            Fill(parts.Result(), look);
+            if (!parts.Result().IsEmpty())
+                Fill(parts.Result(), look);
             if (look.outline)
                 Outline(parts, *placed.features, *passed.feature, look);
         }
