@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <set>
@@ -13,6 +14,9 @@ namespace txmap
 {
 namespace
 {
+
+// From this many times the least number on, the greatest would leave all others in one colour.
+constexpr double kFarApart = 500.0;
 
 std::optional<long long> WholeNumber(const std::string& text)
 {
@@ -49,6 +53,32 @@ int Choose(const std::string& text, const std::set<std::size_t>& neighbours, con
 }
 
 } // namespace
+
+RampRange RangeOf(const FeatureSet& set, const ColorRamp& ramp)
+{
+    RampRange range;
+    range.field = FirstField(set, {ramp.field});
+    if (range.field.empty())
+        return range;
+    double least = 1e300;
+    double greatest = -1e300;
+    for (const SetFeature& feature : set.features)
+    {
+        const Value* const value = set.Property(feature, range.field);
+        if (!value || !value->Is(Value::Kind::Number) || !std::isfinite(value->Number()))
+            continue;
+        least = std::min(least, value->Number());
+        greatest = std::max(greatest, value->Number());
+    }
+    if (least > greatest)
+        return range;
+    range.low = ramp.from.value_or(least);
+    range.high = ramp.to.value_or(greatest);
+    range.isLogarithmic = !ramp.from && range.low > 0.0 && range.high / range.low > kFarApart;
+    if (!(range.high > range.low))
+        range.high = range.low + 1.0;
+    return range;
+}
 
 std::vector<std::string> ColorFields(const std::string& colorBy)
 {

@@ -2,6 +2,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
 #include <fstream>
 #include <optional>
 #include <vector>
@@ -9,6 +12,7 @@
 #include <txmap/atlas/AtlasOptions.h>
 #include <txmap/atlas/AtlasPage.h>
 #include <txmap/atlas/AtlasSources.h>
+#include <txmap/atlas/LegendEntries.h>
 #include <txmap/atlas/StyleDocument.h>
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/output/OutputFile.h>
@@ -54,13 +58,25 @@ std::vector<MapLayer> LayersInPixels(const AtlasOptions& options, const AtlasSou
     return layers;
 }
 
+/// What backends write, as far as anyone knows. A mistyped suffix is to be found before all data has been read.
+void RequirePictureSuffix(const std::string& path)
+{
+    std::string suffix = std::filesystem::path(path).extension().string();
+    std::transform(suffix.begin(), suffix.end(), suffix.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    for (const char* const known : {".png", ".jpg", ".jpeg", ".webp", ".tif", ".tiff", ".bmp", ".ppm", ".xbm", ".xpm"})
+        if (suffix == known)
+            return;
+    throw Failure(ExitCode::Drawing, "--output " + path + ": " + suffix + " is no suffix of a picture, such as .png");
+}
+
 void WriteStyle(OutputFile& file, const Json& document)
 {
     std::ofstream stream(file.Begin(), std::ios::binary);
     stream << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
     stream.close();
     if (!stream)
-        throw Failure(ExitCode::Drawing, "--write-style: the style cannot be written");
+        throw Failure(ExitCode::Drawing, "--write-style: the style cannot be written" + file.WriteProblem());
     file.Commit();
 }
 
@@ -69,6 +85,7 @@ void WriteStyle(OutputFile& file, const Json& document)
 void DrawAtlas(const AtlasOptions& options, const std::function<void(const std::string&)>& warn)
 {
     OutputFile output(options.output);
+    RequirePictureSuffix(options.output);
     std::optional<OutputFile> styleOutput;
     if (!options.styleOutput.empty())
         styleOutput.emplace(options.styleOutput);
@@ -84,14 +101,18 @@ void DrawAtlas(const AtlasOptions& options, const std::function<void(const std::
     std::vector<MapLayer> layers = LayersInPixels(options, sources);
     if (styleOutput)
         WriteStyle(*styleOutput, StandaloneDocument(document, style, sources));
+    const std::vector<LegendEntry> legend =
+        options.legend ? LegendEntries(options, style, sources) : std::vector<LegendEntry>();
     const MapData data(compiled, SourceFolder(""), sources.View(), diagnostics, sources.Take());
 
     const PluginSession plugin(options.plugin, options.labels.path);
     AtlasPage page(plugin.Engine(), options, sources.View(), style);
+    page.LayOutDecorations(legend);
     page.LayOutLabels(layers);
     page.Draw(compiled, data, layers);
     if (!page.Save(output.Begin()))
-        throw Failure(ExitCode::Drawing, "--output " + options.output + ": the picture cannot be written");
+        throw Failure(ExitCode::Drawing,
+                      "--output " + options.output + ": the picture cannot be written" + output.WriteProblem());
     output.Commit();
     for (const std::string& warning : diagnostics.Warnings())
         warn(warning);

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include <txbase/TXColor.h>
+#include <txmap/atlas/AreaColors.h>
 #include <txmap/atlas/MapFrame.h>
 #include <txmap/drawing/NorthArrow.h>
 #include <txmap/drawing/PlaceSymbol.h>
@@ -27,7 +27,8 @@ struct LayerRequest
 struct RasterRequest
 {
     std::string file;
-    double opacity = 1.0; ///< 0 for invisible, 1 for as it is.
+    double opacity = 1.0;           ///< 0 for invisible, 1 for as it is.
+    std::optional<bool> multiplies; ///< Darkens what is below; nothing for what suits the raster.
 };
 
 /// Which map is drawn, and how.
@@ -41,12 +42,15 @@ struct AtlasOptions
     Projection projection = Projection::PlateCarree();
     std::optional<GeoBox> box;
     std::optional<double> graticule; ///< Degrees between lines, 0 for no lines; nothing for what suits the map.
+    std::optional<ColorRamp> ramp;   ///< The numbers that colour the countries, instead of `colorBy`.
     std::string colorBy;             ///< The attribute that colours the countries; empty for what the layer offers.
     LabelOptions labels;
     PlaceSymbol symbol;
     std::optional<RasterRequest> raster;
     std::optional<FrameRequest> frame;
     std::optional<ArrowRequest> arrow;
+    bool legend = false;
+    bool scaleBar = false;
     std::string plugin = "txpluginqt";
 };
 

@@ -5,6 +5,7 @@
 #include <txmap/drawing/FramePainter.h>
 #include <txmap/drawing/GraticulePainter.h>
 #include <txmap/drawing/layers/StyledMap.h>
+#include <txmap/labels/FaceChoice.h>
 #include <txmap/map/Graticule.h>
 #include <txmap/map/MapLayer.h>
 #include <txmap/map/MapView.h>
@@ -26,6 +27,18 @@ AtlasPage::AtlasPage(TXGraphicsEngine& engine, const AtlasOptions& options, cons
         arrow.emplace(*options.arrow, view, Outline(), canvas.Unit());
 }
 
+void AtlasPage::LayOutDecorations(const std::vector<LegendEntry>& entries)
+{
+    if (!options.legend && !options.scaleBar)
+        return;
+    const FaceChoice choice = ChooseFace(options.labels.font, "--label-font " + options.labels.font);
+    decorationFonts.emplace(canvas.Engine(), choice.face, options.labels.path);
+    if (options.legend)
+        legend.emplace(entries, view, style, *decorationFonts);
+    if (options.scaleBar)
+        scaleBar.emplace(view, style, *decorationFonts);
+}
+
 void AtlasPage::LayOutLabels(std::vector<MapLayer>& layers)
 {
     if (!options.labels.wanted)
@@ -35,6 +48,10 @@ void AtlasPage::LayOutLabels(std::vector<MapLayer>& layers)
     LabelSurroundings surroundings{places.Reach(), Outline(), {}};
     if (arrow)
         surroundings.taken.push_back(arrow->Box());
+    if (legend && !legend->IsEmpty())
+        surroundings.taken.push_back(legend->Box());
+    if (scaleBar)
+        surroundings.taken.push_back(scaleBar->Box());
     labels->LayOut(layers, surroundings);
 }
 
@@ -55,6 +72,13 @@ void AtlasPage::Draw(const MapStyle& map, const MapData& data, const std::vector
         framePainter.Draw(*frame);
     if (arrow)
         arrow->Draw(canvas, style.arrow);
+    if (!decorationFonts)
+        return;
+    LabelPainter texts(canvas, *decorationFonts);
+    if (legend)
+        legend->Draw(canvas, texts, style);
+    if (scaleBar)
+        scaleBar->Draw(canvas, texts, style);
 }
 
 void AtlasPage::ReportProblems(const std::function<void(const std::string&)>& warn) const

@@ -7,8 +7,10 @@
 
 #include <txmap/drawing/Canvas.h>
 #include <txmap/drawing/LabelPainter.h>
+#include <txmap/drawing/Legend.h>
 #include <txmap/drawing/NorthArrow.h>
 #include <txmap/drawing/PlacePainter.h>
+#include <txmap/drawing/ScaleBar.h>
 #include <txmap/labels/MapLabels.h>
 #include <txmap/map/FrameShape.h>
 
@@ -35,6 +37,8 @@ public:
     /// Finds room for the names that are asked for, and takes those places out of the layers that have no room for
     /// theirs.
     void LayOutLabels(std::vector<MapLayer>& layers);
+    /// Adds a legend and a scale bar, as asked for. To be called before `LayOutLabels`, which keeps clear of them.
+    void LayOutDecorations(const std::vector<LegendEntry>& entries);
     /// Draws everything: the layers of the style, and over them graticule, places, names and decorations.
     void Draw(const MapStyle& map, const MapData& data, const std::vector<MapLayer>& layers);
     /// Writes the picture to a file; the suffix names the format. @return false when it cannot be written.
@@ -56,6 +60,9 @@ private:
     std::optional<NorthArrow> arrow;
     std::optional<MapLabels> labels;
     std::optional<LabelPainter> labelPainter;
+    std::optional<LabelFonts> decorationFonts;
+    std::optional<Legend> legend;
+    std::optional<ScaleBar> scaleBar;
 };
 
 } // namespace txmap

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <filesystem>
 #include <set>
 
@@ -45,6 +46,16 @@ std::string NewId(const std::string& source, std::set<std::string>& taken)
     return unique;
 }
 
+bool IsGrey(const Raster& raster)
+{
+    return std::all_of(raster.pixels.begin(), raster.pixels.end(),
+                       [](std::uint32_t pixel)
+                       {
+                           const std::uint32_t tone = pixel & 0xFFu;
+                           return pixel >> 24 == 0 || (pixel & 0xFFFFFFu) == tone * 0x010101u;
+                       });
+}
+
 bool WantsAreas(LayerRole role) { return role == LayerRole::Countries || role == LayerRole::Lakes; }
 bool WantsLines(LayerRole role) { return role == LayerRole::Borders || role == LayerRole::Lines; }
 
@@ -58,6 +69,8 @@ WantedProperties UsedFields(const AtlasOptions& options, LayerRole role)
         add(FeatureNames::Fields(options.labels));
         for (const std::string& field : ColorFields(options.colorBy))
             add(FieldSpellings(field));
+        if (options.ramp)
+            add(FieldSpellings(options.ramp->field));
     }
     return names;
 }
@@ -150,6 +163,8 @@ AtlasSources::AtlasSources(const AtlasOptions& options, SourceDiagnostics& diagn
     raster->Load(*view, diagnostics);
     rasterIsBlank = std::all_of(raster->Images().begin(), raster->Images().end(),
                                 [](const PlacedImage& placed) { return placed.image->IsBlank(); });
+    rasterIsGrey = std::all_of(raster->Images().begin(), raster->Images().end(),
+                               [](const PlacedImage& placed) { return IsGrey(*placed.image); });
 }
 
 void AtlasSources::Load(const MapView& shown, const AtlasOptions& options, SourceDiagnostics& diagnostics)
@@ -212,7 +227,7 @@ std::string AtlasSources::EmptyMap(const AtlasOptions& options) const
     {
         const std::optional<MercatorBox> extent = features[i].source->Extent();
         text += (text.empty() ? "" : ", ") + options.layers[i].source +
-                (extent ? " covers " + BoxText(ToDegrees(options.projection, *extent)) : " is empty");
+                (extent ? " covers " + BoxText(ToDegrees(options.projection, *extent)) : " has nothing there");
     }
     if (raster)
     {

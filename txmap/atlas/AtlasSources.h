@@ -45,6 +45,8 @@ public:
     /// The name of the raster's source; empty for no raster.
     const std::string& RasterId() const { return rasterId; }
     const Json& RasterJson() const { return rasterJson; }
+    /// True when the raster has no colours, as a shaded relief has none.
+    bool RasterIsGrey() const { return rasterIsGrey; }
     /// What to say where there is nothing to see; empty when all is well.
     std::string EmptyMap(const AtlasOptions& options) const;
     /// Hands over what was read.
@@ -60,6 +62,7 @@ private:
     Json rasterJson;
     std::unique_ptr<RasterSource> raster;
     bool rasterIsBlank = false;
+    bool rasterIsGrey = false;
 };
 
 } // namespace txmap

@@ -112,6 +112,8 @@ private:
         if (!IsLand(source))
             return ColorText(style.lake);
         const FeatureSet& set = *source.Features().front().features;
+        if (options.ramp)
+            return RampOf(source, set);
         const AreaColors colors = ColorAreas(set, options.colorBy, style.Categories());
         if (colors.field.empty() && !options.colorBy.empty())
             throw Failure(ExitCode::Data, source.json["data"].get<std::string>() + ": has no attribute " +
@@ -137,12 +139,40 @@ private:
         return match;
     }
 
+    Json RampOf(const AtlasSource& source, const FeatureSet& set) const
+    {
+        const RampRange range = RangeOf(set, *options.ramp);
+        if (range.field.empty())
+            throw Failure(ExitCode::Data, source.json["data"].get<std::string>() + ": has no attribute " +
+                                              options.ramp->field + ", which --color-ramp asks for");
+        const Json get = {"get", range.field};
+        Json number = {"number", get};
+        if (range.isLogarithmic)
+            number = {"ln", number};
+        const auto stop = [&](double value) { return range.isLogarithmic ? std::log(value) : value; };
+        const Json ramp = {"interpolate",
+                           {"linear"},
+                           number,
+                           stop(range.low),
+                           options.ramp->low.ToString(),
+                           stop(range.high),
+                           options.ramp->high.ToString()};
+        const Json isNumber = {"==", {"typeof", get}, "number"};
+        const Json isKnown = range.isLogarithmic ? Json{"all", isNumber, {">", {"number", get}, 0}} : isNumber;
+        return {"case", isKnown, ramp, ColorText(style.noCategory)};
+    }
+
     void AddRaster()
     {
+        // A relief is to darken what it lies on. As a veil, it would take its colours away.
+        const bool isRelief = sources.RasterIsGrey() && options.raster->opacity < 1.0;
+        const bool multiplies = options.raster->multiplies.value_or(isRelief);
         layers.push_back({{"id", "raster"},
                           {"type", "raster"},
                           {"source", sources.RasterId()},
-                          {"paint", {{"raster-opacity", options.raster->opacity}}}});
+                          {"paint",
+                           {{"raster-opacity", options.raster->opacity},
+                            {"raster-layer-blend", multiplies ? "multiply" : "normal"}}}});
         for (const AtlasSource& source : sources.Features())
         {
             if ((!IsLand(source) && source.role != LayerRole::Lakes) || !source.Has(GeometryType::Polygon))

@@ -18,4 +18,7 @@ GeoBox ParseBox(const std::string& text, const Projection& projection);
 /// Reads the value of --graticule. @throw Failure with `ExitCode::Usage`.
 double ParseGraticule(const std::string& text);
 
+/// Reads the value of --scale. @throw Failure with `ExitCode::Usage`.
+double ParseScale(const std::string& text);
+
 } // namespace txmap

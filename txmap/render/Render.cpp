@@ -86,7 +86,8 @@ void RenderMap(const RenderOptions& options, const MessageSink& warn, const Mess
 
     encoding.Start();
     if (!canvas.Surface().Save(output.Begin().c_str()))
-        throw Failure(ExitCode::Drawing, "--output " + options.output + ": the picture cannot be written");
+        throw Failure(ExitCode::Drawing,
+                      "--output " + options.output + ": the picture cannot be written" + output.WriteProblem());
     output.Commit();
     encoding.Stop();
 

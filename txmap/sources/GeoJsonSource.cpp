@@ -1,12 +1,12 @@
 #include <txmap/sources/GeoJsonSource.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <filesystem>
 
 #include <txmap/map/MapView.h>
 #include <txmap/sources/FeatureSetBuilder.h>
+#include <txmap/sources/Gdal.h>
 #include <txmap/sources/GdalFeatureReader.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/sources/SourcePath.h>
@@ -18,16 +18,6 @@ namespace
 {
 
 constexpr std::size_t kLimit = std::size_t{1} << 30;
-
-/// True for what a driver of GDAL knows by its first word, as "PG:dbname=world". Paths of one letter and a colon are
-/// drives, and addresses have two slashes.
-bool IsConnection(const std::string& address)
-{
-    const std::size_t colon = address.find(':');
-    return colon != std::string::npos && colon > 1 && address.compare(colon, 3, "://") != 0 &&
-           std::all_of(address.begin(), address.begin() + static_cast<std::ptrdiff_t>(colon),
-                       [](unsigned char c) { return std::isalnum(c) || c == '_'; });
-}
 
 bool EndsWith(const std::string& text, const std::string& end)
 {

@@ -94,10 +94,10 @@ TEST_F(AtlasSourcesTest, SayWhenNothingIsSeen)
     EXPECT_EQ(Read().EmptyMap(options), "");
 }
 
-TEST_F(AtlasSourcesTest, SayThatAFileIsEmpty)
+TEST_F(AtlasSourcesTest, SayWhenAFileHasNothing)
 {
     Add("a.geojson", R"({"type":"FeatureCollection","features":[]})");
-    EXPECT_THAT(Read().EmptyMap(options), HasSubstr("a.geojson is empty"));
+    EXPECT_THAT(Read().EmptyMap(options), HasSubstr("a.geojson has nothing there"));
 }
 
 TEST_F(AtlasSourcesTest, RefuseWhatDoesNotSuit)
