@@ -1,19 +1,27 @@
 #include <txmap/atlas/Atlas.h>
 
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
 #include <optional>
 #include <vector>
 
 #include <txmap/atlas/AtlasOptions.h>
 #include <txmap/atlas/AtlasPage.h>
+#include <txmap/atlas/AtlasSources.h>
+#include <txmap/atlas/LegendEntries.h>
+#include <txmap/atlas/StyleDocument.h>
 #include <txmap/drawing/PluginSession.h>
-#include <txmap/map/MapLayer.h>
-#include <txmap/map/View.h>
 #include <txmap/output/OutputFile.h>
 #include <txmap/sources/Gdal.h>
-#include <txmap/sources/GeometryReader.h>
-#include <txmap/sources/Raster.h>
-#include <txmap/sources/VectorSource.h>
+#include <txmap/sources/MapLayerReader.h>
+#include <txmap/sources/SourceDiagnostics.h>
+#include <txmap/sources/SourcePath.h>
 #include <txmap/style/Style.h>
+#include <txmap/style/document/MapStyle.h>
 #include <txmap/support/Failure.h>
 
 namespace txmap
@@ -21,22 +29,55 @@ namespace txmap
 namespace
 {
 
-std::vector<MapLayer> ReadLayers(const AtlasOptions& options, const View& view, const Style& style)
+MapStyle Compiled(const Json& document)
 {
-    GeometryReader reader(view, options.colorBy, style.Categories(), options.labels);
+    StyleReading reading = ReadStyle(document.dump());
+    if (!reading.problems.empty())
+        throw Failure(ExitCode::Drawing, "the style of the atlas: " + reading.problems.front().ToString());
+    return std::move(reading.style);
+}
+
+/// What has names, in pixels. @throw Failure where names are wanted that no layer has.
+std::vector<MapLayer> LayersInPixels(const AtlasOptions& options, const AtlasSources& sources)
+{
     std::vector<MapLayer> layers;
-    for (const LayerRequest& request : options.layers)
-        layers.push_back(reader.Read(VectorSource(request.source), request.role));
-    if (reader.Names().AreMissing())
+    bool mayHaveNames = false;
+    const double margin = kAtlasMargin * sources.View().Scale();
+    for (const AtlasSource& source : sources.Features())
+    {
+        if (source.role != LayerRole::Any && source.role != LayerRole::Countries)
+            continue;
+        layers.push_back(
+            ReadMapLayer(source.Features(), sources.View(), options.labels, source.role == LayerRole::Any, margin));
+        // A source of which nothing is seen gets the benefit of the doubt.
+        mayHaveNames = mayHaveNames || source.Features().empty() ||
+                       !FeatureNames(options.labels, *source.Features().front().features).Field().empty();
+    }
+    if (options.labels.wanted && !mayHaveNames)
         throw Failure(ExitCode::Usage, MissingNames(options.labels));
     return layers;
 }
 
-std::optional<Raster> ReadRasterOf(const AtlasOptions& options, const View& view)
+/// What backends write, as far as anyone knows. A mistyped suffix is to be found before all data has been read.
+void RequirePictureSuffix(const std::string& path)
 {
-    if (!options.raster)
-        return std::nullopt;
-    return ReadRaster(options.raster->file, view, "--raster " + options.raster->file);
+    std::string suffix = std::filesystem::path(path).extension().string();
+    std::transform(suffix.begin(), suffix.end(), suffix.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    for (const char* const known : {".png", ".jpg", ".jpeg", ".webp", ".tif", ".tiff", ".bmp", ".ppm", ".xbm", ".xpm"})
+        if (suffix == known)
+            return;
+    throw Failure(ExitCode::Drawing, "--output " + path + ": " + suffix + " is no suffix of a picture, such as .png");
+}
+
+void WriteStyle(OutputFile& file, const Json& document)
+{
+    std::ofstream stream(file.Begin(), std::ios::binary);
+    stream << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    stream.close();
+    if (!stream)
+        throw Failure(ExitCode::Drawing, "--write-style: the style cannot be written" + file.WriteProblem());
+    file.Commit();
 }
 
 } // namespace
@@ -44,22 +85,37 @@ std::optional<Raster> ReadRasterOf(const AtlasOptions& options, const View& view
 void DrawAtlas(const AtlasOptions& options, const std::function<void(const std::string&)>& warn)
 {
     OutputFile output(options.output);
-    const View view(options.projection, options.box, options.size);
+    RequirePictureSuffix(options.output);
+    std::optional<OutputFile> styleOutput;
+    if (!options.styleOutput.empty())
+        styleOutput.emplace(options.styleOutput);
     const Style style = AtlasStyle();
 
     PrepareGdal();
-    std::vector<MapLayer> layers = ReadLayers(options, view, style);
-    std::optional<Raster> raster = ReadRasterOf(options, view);
-    if (raster && raster->IsBlank())
-        warn("--raster " + options.raster->file + ": has nothing in the part of the world shown");
+    SourceDiagnostics diagnostics(false);
+    AtlasSources sources(options, diagnostics);
+    if (const std::string empty = sources.EmptyMap(options); !empty.empty())
+        warn(empty);
+    const Json document = MakeStyleDocument(options, style, sources);
+    const MapStyle compiled = Compiled(document);
+    std::vector<MapLayer> layers = LayersInPixels(options, sources);
+    if (styleOutput)
+        WriteStyle(*styleOutput, StandaloneDocument(document, style, sources));
+    const std::vector<LegendEntry> legend =
+        options.legend ? LegendEntries(options, style, sources) : std::vector<LegendEntry>();
+    const MapData data(compiled, SourceFolder(""), sources.View(), diagnostics, sources.Take());
 
     const PluginSession plugin(options.plugin, options.labels.path);
-    AtlasPage page(plugin.Engine(), options, view, style);
+    AtlasPage page(plugin.Engine(), options, sources.View(), style);
+    page.LayOutDecorations(legend);
     page.LayOutLabels(layers);
-    page.Draw(layers, raster ? &*raster : nullptr);
+    page.Draw(compiled, data, layers);
     if (!page.Save(output.Begin()))
-        throw Failure(ExitCode::Drawing, "--output " + options.output + ": the picture cannot be written");
+        throw Failure(ExitCode::Drawing,
+                      "--output " + options.output + ": the picture cannot be written" + output.WriteProblem());
     output.Commit();
+    for (const std::string& warning : diagnostics.Warnings())
+        warn(warning);
     page.ReportProblems(warn);
 }
 

@@ -4,13 +4,14 @@
 #include <string>
 #include <vector>
 
+#include <txmap/atlas/AreaColors.h>
 #include <txmap/atlas/MapFrame.h>
 #include <txmap/drawing/NorthArrow.h>
 #include <txmap/drawing/PlaceSymbol.h>
 #include <txmap/labels/LabelOptions.h>
+#include <txmap/map/GeoBox.h>
 #include <txmap/map/MapLayer.h>
 #include <txmap/map/Projection.h>
-#include <txmap/map/View.h>
 
 namespace txmap
 {
@@ -26,7 +27,8 @@ struct LayerRequest
 struct RasterRequest
 {
     std::string file;
-    double opacity = 1.0; ///< 0 for invisible, 1 for as it is.
+    double opacity = 1.0;           ///< 0 for invisible, 1 for as it is.
+    std::optional<bool> multiplies; ///< Darkens what is below; nothing for what suits the raster.
 };
 
 /// Which map is drawn, and how.
@@ -34,16 +36,21 @@ struct AtlasOptions
 {
     std::vector<LayerRequest> layers;
     std::string output = "map.png";
+    std::string styleOutput; ///< Where the style is written as well; empty for nowhere.
     std::optional<PixelSize> size;
+    double scale = 1.0; ///< How large lines, symbols and names are.
     Projection projection = Projection::PlateCarree();
     std::optional<GeoBox> box;
     std::optional<double> graticule; ///< Degrees between lines, 0 for no lines; nothing for what suits the map.
+    std::optional<ColorRamp> ramp;   ///< The numbers that colour the countries, instead of `colorBy`.
     std::string colorBy;             ///< The attribute that colours the countries; empty for what the layer offers.
     LabelOptions labels;
     PlaceSymbol symbol;
     std::optional<RasterRequest> raster;
     std::optional<FrameRequest> frame;
     std::optional<ArrowRequest> arrow;
+    bool legend = false;
+    bool scaleBar = false;
     std::string plugin = "txpluginqt";
 };
 

@@ -2,16 +2,13 @@
 
 #include <txmap/atlas/AtlasOptions.h>
 #include <txmap/atlas/MapFrame.h>
-#include <txmap/drawing/AreaPainter.h>
 #include <txmap/drawing/FramePainter.h>
 #include <txmap/drawing/GraticulePainter.h>
-#include <txmap/drawing/LinePainter.h>
-#include <txmap/drawing/RasterPainter.h>
-#include <txmap/drawing/SeaPainter.h>
-#include <txmap/drawing/ShorePainter.h>
+#include <txmap/drawing/layers/StyledMap.h>
+#include <txmap/labels/FaceChoice.h>
 #include <txmap/map/Graticule.h>
 #include <txmap/map/MapLayer.h>
-#include <txmap/map/View.h>
+#include <txmap/map/MapView.h>
 #include <txmap/style/Style.h>
 #include <txmap/support/Failure.h>
 
@@ -20,14 +17,26 @@ namespace txmap
 
 using TZObjects::TXGraphicsEngine;
 
-AtlasPage::AtlasPage(TXGraphicsEngine& engine, const AtlasOptions& options, const View& view, const Style& style)
-    : options(options), view(view), style(style), canvas(engine, view),
+AtlasPage::AtlasPage(TXGraphicsEngine& engine, const AtlasOptions& options, const MapView& view, const Style& style)
+    : options(options), view(view), style(style), mapCanvas(engine, view), canvas(mapCanvas),
       places(options.symbol, style, canvas.Unit(), options.labels.path)
 {
     if (options.frame)
         frame = MakeFrame(*options.frame, view, FramePainter(canvas, style).Width());
     if (options.arrow)
         arrow.emplace(*options.arrow, view, Outline(), canvas.Unit());
+}
+
+void AtlasPage::LayOutDecorations(const std::vector<LegendEntry>& entries)
+{
+    if (!options.legend && !options.scaleBar)
+        return;
+    const FaceChoice choice = ChooseFace(options.labels.font, "--label-font " + options.labels.font);
+    decorationFonts.emplace(canvas.Engine(), choice.face, options.labels.path);
+    if (options.legend)
+        legend.emplace(entries, view, style, *decorationFonts);
+    if (options.scaleBar)
+        scaleBar.emplace(view, style, *decorationFonts);
 }
 
 void AtlasPage::LayOutLabels(std::vector<MapLayer>& layers)
@@ -39,15 +48,23 @@ void AtlasPage::LayOutLabels(std::vector<MapLayer>& layers)
     LabelSurroundings surroundings{places.Reach(), Outline(), {}};
     if (arrow)
         surroundings.taken.push_back(arrow->Box());
+    if (legend && !legend->IsEmpty())
+        surroundings.taken.push_back(legend->Box());
+    if (scaleBar)
+        surroundings.taken.push_back(scaleBar->Box());
     labels->LayOut(layers, surroundings);
 }
 
-void AtlasPage::Draw(const std::vector<MapLayer>& layers, Raster* raster)
+void AtlasPage::Draw(const MapStyle& map, const MapData& data, const std::vector<MapLayer>& layers)
 {
     FramePainter framePainter(canvas, style);
     if (frame)
         framePainter.Clip(*frame);
-    DrawMap(layers, raster);
+    Stopwatch evaluating;
+    DrawLayers(mapCanvas, map, data, evaluating);
+    GraticulePainter(canvas, style).Draw(MakeGraticule(view, options.graticule.value_or(SuitableStep(view))));
+    for (const MapLayer& layer : layers)
+        places.Draw(canvas, layer.places);
     framePainter.DrawMargins(view);
     if (labels)
         labelPainter->Draw(labels->Labels());
@@ -55,27 +72,13 @@ void AtlasPage::Draw(const std::vector<MapLayer>& layers, Raster* raster)
         framePainter.Draw(*frame);
     if (arrow)
         arrow->Draw(canvas, style.arrow);
-}
-
-void AtlasPage::DrawMap(const std::vector<MapLayer>& layers, Raster* raster)
-{
-    AreaPainter areas(canvas, style);
-    LinePainter lines(canvas, style);
-    SeaPainter(canvas, style).Draw(view);
-    ShorePainter(canvas, style).Draw(layers);
-    for (const MapLayer& layer : layers)
-        areas.Draw(layer);
-    if (raster)
-    {
-        RasterPainter(canvas).Draw(*raster, options.raster->opacity);
-        for (const MapLayer& layer : layers)
-            areas.DrawOutlines(layer);
-    }
-    GraticulePainter(canvas, style).Draw(MakeGraticule(view, options.graticule.value_or(SuitableStep(view))));
-    for (const MapLayer& layer : layers)
-        lines.Draw(layer);
-    for (const MapLayer& layer : layers)
-        places.Draw(canvas, layer.places);
+    if (!decorationFonts)
+        return;
+    LabelPainter texts(canvas, *decorationFonts);
+    if (legend)
+        legend->Draw(canvas, texts, style);
+    if (scaleBar)
+        scaleBar->Draw(canvas, texts, style);
 }
 
 void AtlasPage::ReportProblems(const std::function<void(const std::string&)>& warn) const

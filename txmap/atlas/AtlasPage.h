@@ -7,18 +7,21 @@
 
 #include <txmap/drawing/Canvas.h>
 #include <txmap/drawing/LabelPainter.h>
+#include <txmap/drawing/Legend.h>
 #include <txmap/drawing/NorthArrow.h>
 #include <txmap/drawing/PlacePainter.h>
+#include <txmap/drawing/ScaleBar.h>
 #include <txmap/labels/MapLabels.h>
 #include <txmap/map/FrameShape.h>
 
 namespace txmap
 {
 
-class View;
+class MapData;
+class MapView;
 struct AtlasOptions;
 struct MapLayer;
-struct Raster;
+struct MapStyle;
 struct Style;
 
 /// A map as it is drawn: what lies over what.
@@ -28,13 +31,16 @@ class AtlasPage
 {
 public:
     /// All must outlive the page. @throw Failure also when the frame that is asked for cannot be made.
-    AtlasPage(TZObjects::TXGraphicsEngine& engine, const AtlasOptions& options, const View& view, const Style& style);
+    AtlasPage(TZObjects::TXGraphicsEngine& engine, const AtlasOptions& options, const MapView& view,
+              const Style& style);
 
     /// Finds room for the names that are asked for, and takes those places out of the layers that have no room for
     /// theirs.
     void LayOutLabels(std::vector<MapLayer>& layers);
-    /// Draws everything. @param raster what lies over the areas and under the lines; null for nothing.
-    void Draw(const std::vector<MapLayer>& layers, Raster* raster);
+    /// Adds a legend and a scale bar, as asked for. To be called before `LayOutLabels`, which keeps clear of them.
+    void LayOutDecorations(const std::vector<LegendEntry>& entries);
+    /// Draws everything: the layers of the style, and over them graticule, places, names and decorations.
+    void Draw(const MapStyle& map, const MapData& data, const std::vector<MapLayer>& layers);
     /// Writes the picture to a file; the suffix names the format. @return false when it cannot be written.
     bool Save(const std::string& path) { return canvas.Save(path); }
     /// Says what is wrong with the picture although it is there. @throw Failure with `ExitCode::Usage` for what was
@@ -43,17 +49,20 @@ public:
 
 private:
     const FrameShape* Outline() const { return frame ? &*frame : nullptr; }
-    void DrawMap(const std::vector<MapLayer>& layers, Raster* raster);
 
     const AtlasOptions& options;
-    const View& view;
+    const MapView& view;
     const Style& style;
+    MapCanvas mapCanvas;
     Canvas canvas;
     PlacePainter places;
     std::optional<FrameShape> frame;
     std::optional<NorthArrow> arrow;
     std::optional<MapLabels> labels;
     std::optional<LabelPainter> labelPainter;
+    std::optional<LabelFonts> decorationFonts;
+    std::optional<Legend> legend;
+    std::optional<ScaleBar> scaleBar;
 };
 
 } // namespace txmap

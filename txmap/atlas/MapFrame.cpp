@@ -1,9 +1,14 @@
 #include <txmap/atlas/MapFrame.h>
 
-#include <algorithm>
+#include <nlohmann/json.hpp>
 
-#include <txmap/sources/GeometryReader.h>
-#include <txmap/sources/VectorSource.h>
+#include <algorithm>
+#include <set>
+
+#include <txmap/sources/FeatureSource.h>
+#include <txmap/sources/MapLayerReader.h>
+#include <txmap/sources/SourceDiagnostics.h>
+#include <txmap/sources/SourcePath.h>
 #include <txmap/support/Failure.h>
 
 namespace txmap
@@ -16,13 +21,21 @@ namespace
 
 // As a part of the shorter side of the map.
 constexpr double kUsualRadius = 0.06;
+// Around the picture, so that no edge is seen where an area is cut.
+constexpr double kMargin = 32.0;
 
-MapLayer ReadAreas(const std::string& source, const View& view)
+MapLayer ReadAreas(const std::string& source, const MapView& view)
 {
     try
     {
-        // Of a layer of lakes, neither a colour nor a name is asked for.
-        return GeometryReader(view, "", 1).Read(VectorSource(source), LayerRole::Lakes);
+        SourceDiagnostics diagnostics(true);
+        const auto areas = MakeFeatureSource("frame", {{"type", "geojson"}, {"data", source}}, SourceFolder(""));
+        FeatureRequest request;
+        request.layers[""] = std::set<std::string>();
+        request.joinsAtDateLine = true;
+        request.geometry = GeometryType::Polygon;
+        areas->Load(view, request, diagnostics);
+        return ReadMapLayer(areas->Features(""), view, {}, false, kMargin);
     }
     catch (const Failure& failure)
     {
@@ -32,7 +45,7 @@ MapLayer ReadAreas(const std::string& source, const View& view)
 
 } // namespace
 
-FrameShape MakeFrame(const FrameRequest& request, const View& view, double lineWidth)
+FrameShape MakeFrame(const FrameRequest& request, const MapView& view, double lineWidth)
 {
     const TXRect& map = view.Frame();
     if (request.kind == FrameRequest::Kind::Rounded)

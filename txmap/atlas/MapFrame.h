@@ -5,7 +5,7 @@
 
 #include <txbase/TXPoint.h>
 #include <txmap/map/FrameShape.h>
-#include <txmap/map/View.h>
+#include <txmap/map/MapView.h>
 
 namespace txmap
 {
@@ -30,6 +30,6 @@ struct FrameRequest
 /// @param lineWidth how wide its outline will be drawn; that of a rounded frame lies in the picture as a whole.
 /// @throw Failure, with `ExitCode::Data` when the file cannot be used, and with `ExitCode::Usage` when the corners have
 /// nothing of the map between them.
-FrameShape MakeFrame(const FrameRequest& request, const View& view, double lineWidth);
+FrameShape MakeFrame(const FrameRequest& request, const MapView& view, double lineWidth);
 
 } // namespace txmap

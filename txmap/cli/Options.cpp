@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 
 #include <txmap/cli/OptionValues.h>
+#include <txmap/cli/ParseColorRamp.h>
 #include <txmap/cli/ParseFrame.h>
 #include <txmap/cli/ParseLabels.h>
 #include <txmap/cli/ParseNorthArrow.h>
@@ -30,6 +31,8 @@ struct RawOptions
     std::string output = "map.png", size, crs = "EPSG:4326", box, graticule, colorBy, plugin = "txpluginqt";
     std::string labelField, labelSize, labelHalo, labelFont, textPath;
     std::string symbol, symbolSize, raster, rasterOpacity, frame, northArrow;
+    std::string scale, ramp, rasterBlend, styleOutput;
+    bool legend = false, scaleBar = false;
     bool version = false, listPlugins = false, labels = false;
 };
 
@@ -64,6 +67,13 @@ void DeclareOrnaments(CLI::App& app, RawOptions& raw)
         ->type_name("FILE");
     app.add_option("--raster-opacity", raw.rasterOpacity, "From 0, invisible, to 1 (default), as it is")
         ->type_name("NUMBER");
+    app.add_option(
+           "--raster-blend", raw.rasterBlend,
+           "How the raster lies on the map: normal, or multiply, which darkens what is below (default: multiply "
+           "for a translucent raster without colours)")
+        ->type_name("normal|multiply");
+    app.add_flag("--legend", raw.legend, "Says in the bottom left corner what the colours stand for");
+    app.add_flag("--scale-bar", raw.scaleBar, "Shows in the bottom right corner how long distances are");
     app.add_option("--symbol", raw.symbol,
                    "What stands for a place: circle (default), square, triangle, star, cross, diamond, or a character "
                    "of a symbol font, such as 'font:DejaVu Sans:U+2605'")
@@ -105,11 +115,20 @@ void Declare(CLI::App& app, RawOptions& raw)
                    "What to show, in degrees (default: the world). EAST may lie beyond 180, or be less than WEST, to "
                    "cross the date line")
         ->type_name("WEST,SOUTH,EAST,NORTH");
+    app.add_option("--scale", raw.scale, "How large lines, symbols and names are drawn; 1 (default) for the usual size")
+        ->type_name("NUMBER");
     app.add_option("--graticule", raw.graticule, "Degrees between lines of longitude and latitude; 0 for none")
         ->type_name("DEGREES");
     app.add_option("--color-by", raw.colorBy,
                    "The attribute whose values colour the countries (default: mapcolor or a like one, else a name)")
         ->type_name("FIELD");
+    app.add_option(
+           "--color-ramp", raw.ramp,
+           "The attribute whose numbers colour the countries, and the colours of the least and the greatest "
+           "number, such as 'pop_est:#ffffcc:#800026'; or the numbers that have the palest and the darkest colour")
+        ->type_name("FIELD:LOW:HIGH");
+    app.add_option("--write-style", raw.styleOutput, "Writes the style of the map as well, for txmap render to draw")
+        ->type_name("FILE");
     DeclareLabels(app, raw);
     DeclareOrnaments(app, raw);
     app.add_option("--plugin", raw.plugin, "The drawing plugin, by path or by name (default txpluginqt)")
@@ -122,9 +141,10 @@ void Declare(CLI::App& app, RawOptions& raw)
 void RefuseEmptyValues(const CLI::App& app)
 {
     for (const char* const option :
-         {"--output", "--size", "--crs", "--bbox", "--graticule", "--color-by", "--plugin", "--label-field",
-          "--label-size", "--label-halo", "--label-font", "--text", "--symbol", "--symbol-size", "--raster",
-          "--raster-opacity", "--frame", "--north-arrow"})
+         {"--output", "--size",        "--crs",         "--bbox",           "--graticule",  "--color-by",
+          "--plugin", "--label-field", "--label-size",  "--label-halo",     "--label-font", "--text",
+          "--symbol", "--symbol-size", "--raster",      "--raster-opacity", "--frame",      "--north-arrow",
+          "--scale",  "--color-ramp",  "--write-style", "--raster-blend"})
         if (app.count(option) > 0 && app.get_option(option)->as<std::string>().empty())
             Refuse(option, "''", "must not be empty");
 }
@@ -159,10 +179,15 @@ PlaceSymbol InterpretSymbol(const RawOptions& raw)
 std::optional<RasterRequest> InterpretRaster(const RawOptions& raw)
 {
     const double opacity = raw.rasterOpacity.empty() ? 1.0 : ParseRasterOpacity(raw.rasterOpacity);
+    std::optional<bool> multiplies;
+    if (!raw.rasterBlend.empty())
+        multiplies = ParseRasterBlend(raw.rasterBlend);
     if (!raw.raster.empty())
-        return RasterRequest{raw.raster, opacity};
+        return RasterRequest{raw.raster, opacity, multiplies};
     if (!raw.rasterOpacity.empty())
         Refuse("--raster-opacity", raw.rasterOpacity, "there is no --raster");
+    if (multiplies)
+        Refuse("--raster-blend", raw.rasterBlend, "there is no --raster");
     return std::nullopt;
 }
 
@@ -194,6 +219,17 @@ Options Interpret(const RawOptions& raw)
     if (!raw.graticule.empty())
         options.graticule = ParseGraticule(raw.graticule);
     options.output = raw.output;
+    options.styleOutput = raw.styleOutput;
+    if (!raw.scale.empty())
+        options.scale = ParseScale(raw.scale);
+    if (!raw.ramp.empty())
+    {
+        if (!raw.colorBy.empty())
+            Refuse("--color-ramp", raw.ramp, "stands instead of --color-by");
+        options.ramp = ParseColorRamp(raw.ramp);
+    }
+    options.legend = raw.legend;
+    options.scaleBar = raw.scaleBar;
     options.colorBy = raw.colorBy;
     options.labels = InterpretLabels(raw);
     options.symbol = InterpretSymbol(raw);

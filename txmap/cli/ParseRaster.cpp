@@ -16,4 +16,11 @@ double ParseRasterOpacity(const std::string& text)
     return numbers[0];
 }
 
+bool ParseRasterBlend(const std::string& text)
+{
+    if (text != "normal" && text != "multiply")
+        Refuse("--raster-blend", text, "must be normal or multiply");
+    return text == "multiply";
+}
+
 } // namespace txmap

@@ -47,6 +47,14 @@ GeoBox ParseBox(const std::string& text, const Projection& projection)
     return box;
 }
 
+double ParseScale(const std::string& text)
+{
+    const std::vector<double> scale = NumbersIn<double>(text, ',');
+    if (scale.size() != 1 || !(scale[0] >= 0.25 && scale[0] <= 16.0))
+        Refuse("--scale", text, "must be a number from 0.25 to 16");
+    return scale[0];
+}
+
 double ParseGraticule(const std::string& text)
 {
     const std::vector<double> step = NumbersIn<double>(text, ',');

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include <txmap/map/GeoBox.h>
 #include <txmap/map/Projection.h>
-#include <txmap/map/View.h>
 
 namespace txmap
 {
@@ -17,5 +17,8 @@ GeoBox ParseBox(const std::string& text, const Projection& projection);
 
 /// Reads the value of --graticule. @throw Failure with `ExitCode::Usage`.
 double ParseGraticule(const std::string& text);
+
+/// Reads the value of --scale. @throw Failure with `ExitCode::Usage`.
+double ParseScale(const std::string& text);
 
 } // namespace txmap

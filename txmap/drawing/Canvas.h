@@ -5,28 +5,21 @@
 #include <txbase/TXRefPtr.h>
 #include <txgraphics/TXGraphics.h>
 #include <txgraphics/TXPen.h>
-#include <txmap/map/View.h>
+#include <txmap/drawing/layers/MapCanvas.h>
 #include <txmap/style/Style.h>
-
-namespace TZObjects
-{
-class TXGraphicsEngine;
-} // namespace TZObjects
 
 namespace txmap
 {
 
-/// What a map is drawn on: a surface of the picture's size, and the engine that pens and brushes come from.
+/// What names and decorations are drawn on, over the layers of the map.
 class Canvas
 {
 public:
-    /// @param engine where the surface comes from; it must outlive the canvas.
-    /// @param view what the picture shows.
-    /// @throw Failure with `ExitCode::Drawing` when there is no such surface.
-    Canvas(TZObjects::TXGraphicsEngine& engine, const View& view);
+    /// @param map what the layers are drawn on; it must outlive this canvas.
+    explicit Canvas(const MapCanvas& map) : map(map), unit(map.View().Scale()) {}
 
-    TZObjects::TXGraphicsEngine& Engine() const { return engine; }
-    TZObjects::TXGraphics& Surface() const { return *surface; }
+    TZObjects::TXGraphicsEngine& Engine() const { return map.Engine(); }
+    TZObjects::TXGraphics& Surface() const { return map.Surface(); }
     /// What the style calls a pixel, in pixels of this picture.
     double Unit() const { return unit; }
     /// A pen for a line of the style. @throw Failure with `ExitCode::Drawing`.
@@ -37,9 +30,8 @@ public:
     bool Save(const std::string& path);
 
 private:
-    TZObjects::TXGraphicsEngine& engine;
+    const MapCanvas& map;
     double unit;
-    TZObjects::TXRefPtr<TZObjects::TXGraphics> surface;
 };
 
 } // namespace txmap

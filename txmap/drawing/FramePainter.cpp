@@ -6,7 +6,7 @@
 #include <txmap/drawing/Canvas.h>
 #include <txmap/drawing/DrawingTools.h>
 #include <txmap/map/FrameShape.h>
-#include <txmap/map/View.h>
+#include <txmap/map/MapView.h>
 #include <txmap/style/Style.h>
 
 namespace txmap
@@ -39,7 +39,7 @@ void FramePainter::Draw(const FrameShape& frame)
                                                static_cast<int>(frame.Counts().size())));
 }
 
-void FramePainter::DrawMargins(const View& view)
+void FramePainter::DrawMargins(const MapView& view)
 {
     const TXRect& frame = view.Frame();
     const double width = view.Size().width;

@@ -5,7 +5,7 @@ namespace txmap
 
 class Canvas;
 class FrameShape;
-class View;
+class MapView;
 struct Style;
 
 /// Draws where the map ends: the paper beside the world, and the frame that the map is cut to.
@@ -25,7 +25,7 @@ public:
     void Draw(const FrameShape& frame);
     /// Draws the paper beside the world, over whatever reached beyond. @throw Failure with `ExitCode::Drawing` when the
     /// surface refuses.
-    void DrawMargins(const View& view);
+    void DrawMargins(const MapView& view);
 
 private:
     Canvas& canvas;

@@ -97,7 +97,7 @@ void DrawUpright(const TXGraphicsEngine& engine, TXGraphics& surface, double siz
 
 } // namespace
 
-NorthArrow::NorthArrow(const ArrowRequest& request, const View& view, const FrameShape* frame, double unit)
+NorthArrow::NorthArrow(const ArrowRequest& request, const MapView& view, const FrameShape* frame, double unit)
     : angle(request.angle)
 {
     const TXRect map = frame ? Common(view.Frame(), frame->Bounds()) : view.Frame();

@@ -4,7 +4,7 @@
 
 #include <txbase/TXRect.h>
 #include <txmap/map/FrameShape.h>
-#include <txmap/map/View.h>
+#include <txmap/map/MapView.h>
 #include <txmap/style/Style.h>
 
 namespace txmap
@@ -28,7 +28,7 @@ public:
     /// @param view what the picture shows.
     /// @param frame what the map is cut to; null for nothing. An arrow that would lie across its outline moves inward.
     /// @param unit what the style calls a pixel, in pixels of the picture.
-    NorthArrow(const ArrowRequest& request, const View& view, const FrameShape* frame, double unit);
+    NorthArrow(const ArrowRequest& request, const MapView& view, const FrameShape* frame, double unit);
 
     /// The room that it takes: a square of whole pixels, in which it has room at every angle.
     const TZObjects::TXRect& Box() const { return box; }

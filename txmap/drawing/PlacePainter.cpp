@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <unordered_set>
 
 #include <txgraphics/TXFont.h>
 #include <txgraphics/TXGraphics.h>
@@ -16,9 +18,30 @@ namespace txmap
 {
 
 using TZObjects::TXFont;
+using TZObjects::TXGraphics;
 using TZObjects::TXPen;
 using TZObjects::TXPoint;
 using TZObjects::TXRefPtr;
+
+namespace
+{
+
+// Symbols closer together than this, in pixels, look like one.
+constexpr double kSameSpot = 0.25;
+
+/// One place of those at the same spot.
+std::vector<TXPoint> Apart(const std::vector<TXPoint>& places)
+{
+    std::unordered_set<std::uint64_t> spots;
+    std::vector<TXPoint> apart;
+    const auto spot = [](double place) { return static_cast<std::uint32_t>(std::lround(place / kSameSpot)); };
+    for (const TXPoint& place : places)
+        if (spots.insert(std::uint64_t{spot(place.x)} << 32 | spot(place.y)).second)
+            apart.push_back(place);
+    return apart;
+}
+
+} // namespace
 
 PlacePainter::PlacePainter(const PlaceSymbol& symbol, const Style& style, double unit, TextPath path)
     : symbol(symbol), corners(CornersOf(symbol.shape)),
@@ -55,10 +78,11 @@ void PlacePainter::Draw(Canvas& canvas, const std::vector<TXPoint>& places) cons
 {
     if (places.empty())
         return;
+    const std::vector<TXPoint> apart = Apart(places);
     if (corners.empty())
-        DrawCharacters(canvas, places);
+        DrawCharacters(canvas, apart);
     else
-        DrawShapes(canvas, places);
+        DrawShapes(canvas, apart);
 }
 
 void PlacePainter::DrawShapes(Canvas& canvas, const std::vector<TXPoint>& places) const
@@ -67,14 +91,23 @@ void PlacePainter::DrawShapes(Canvas& canvas, const std::vector<TXPoint>& places
     const TXRefPtr<TXPen> around = SolidPen(canvas.Engine(), ring.color, 2.0 * ring.width);
     const TXRefPtr<TXPen> none = SolidPen(canvas.Engine(), ring.color, 1.0);
     none->SetPenStyle(TXPen::NullPen);
-    canvas.Surface().SelectBrush(SolidBrush(canvas.Engine(), fill));
+    TXGraphics& surface = canvas.Surface();
+    surface.SelectBrush(SolidBrush(canvas.Engine(), fill));
+    // All rings come first, so that none lies over the symbol of a neighbour.
+    surface.SelectPen(around);
+    std::vector<TXPoint> rings;
     for (const TXPoint& place : places)
-        for (const TXRefPtr<TXPen>& pen : {around, none})
+        for (std::size_t i = 0; i <= corners.size(); ++i)
         {
-            canvas.Surface().SelectPen(pen);
-            RequireDrawn(canvas.Surface().VectorMarker(place.x, place.y, size, size, 0.0, corners.data(),
-                                                       static_cast<int>(corners.size()), true));
+            const TXPoint& corner = corners[i % corners.size()];
+            rings.emplace_back(place.x + size * corner.x, place.y + size * corner.y);
         }
+    const std::vector<int> counts(places.size(), static_cast<int>(corners.size()) + 1);
+    RequireDrawn(surface.PolyPolyline(rings.data(), counts.data(), static_cast<int>(counts.size())));
+    surface.SelectPen(none);
+    for (const TXPoint& place : places)
+        RequireDrawn(surface.VectorMarker(place.x, place.y, size, size, 0.0, corners.data(),
+                                          static_cast<int>(corners.size()), true));
 }
 
 void PlacePainter::DrawCharacters(Canvas& canvas, const std::vector<TXPoint>& places) const

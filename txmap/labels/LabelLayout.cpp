@@ -36,7 +36,7 @@ std::set<TXString> WritePlaces(LabelSpace& space, const LabelScene& scene, const
     {
         if (!place.waiting)
             continue;
-        if (WritePlace(place, look, measure(place.text, look), space))
+        if (!space.GoesWithoutSaying(place) && WritePlace(place, look, measure(place.text, look), space))
             written.insert(place.text.text);
         else
             space.LeaveOut(place);

@@ -16,6 +16,9 @@ namespace
 
 // What stays free between a halo and the next label, marker or edge, in pixels.
 constexpr double kGap = 1.0;
+// How far around a town its suburbs lie, in heights of its name, and by how many times fewer people live in these.
+constexpr double kSuburbReach = 2.5;
+constexpr double kSuburbPeople = 4.0;
 // Boxes that touch count as overlapping.
 constexpr double kTouching = 0.01;
 
@@ -76,6 +79,13 @@ LabelSpace::LabelSpace(const std::vector<MapLayer>& layers, const LabelScene& sc
         AddPlaces(layers[i], i);
     std::stable_sort(places.begin(), places.end(),
                      [](const Place& a, const Place& b) { return Importance(*a.name) < Importance(*b.name); });
+    std::vector<Entry> entries;
+    for (std::size_t i = 0; i < places.size(); ++i)
+    {
+        const TXRect box = Grown(places[i].marker, 2.0 * padding);
+        entries.emplace_back(Box({box.left, box.top}, {box.right, box.bottom}), i);
+    }
+    waiting = Index(entries);
 }
 
 void LabelSpace::AddPlaces(const MapLayer& layer, std::size_t number)
@@ -118,9 +128,39 @@ bool LabelSpace::IsFree(const TXRect& box, Markers markers) const
            (!scene.outline || scene.outline->Contains(room));
 }
 
-bool LabelSpace::IsCovered(const Place& place, const TXRect& box) const
+std::vector<std::size_t> LabelSpace::CoveredBy(const TXRect& box) const
 {
-    return place.waiting && !Grown(place.marker, 2.0 * padding).Disjoint(box);
+    std::vector<std::size_t> covered;
+    for (auto found =
+             waiting.qbegin(boost::geometry::index::intersects(Box({box.left, box.top}, {box.right, box.bottom})));
+         found != waiting.qend(); ++found)
+    {
+        const Place& place = places[found->second];
+        if (place.waiting && !Grown(place.marker, 2.0 * padding).Disjoint(box))
+            covered.push_back(found->second);
+    }
+    std::sort(covered.begin(), covered.end());
+    return covered;
+}
+
+bool LabelSpace::GoesWithoutSaying(const Place& place) const
+{
+    const double reach = kSuburbReach * scene.style.size * scene.style.placeSize;
+    const TXRect near = Grown(place.marker, reach);
+    const auto says = [&](const Entry& entry)
+    {
+        const Place& other = places[entry.second];
+        if (other.text.text == place.text.text)
+            return true;
+        const bool hasPeople = place.name->population > 0.0;
+        return hasPeople && !place.name->capital && other.name->population > kSuburbPeople * place.name->population;
+    };
+    for (auto found =
+             named.qbegin(boost::geometry::index::intersects(Box({near.left, near.top}, {near.right, near.bottom})));
+         found != named.qend(); ++found)
+        if (says(*found))
+            return true;
+    return false;
 }
 
 bool LabelSpace::Write(const LabelText& text, const LabelLook& look, const TXRect& box, Markers markers)
@@ -128,9 +168,8 @@ bool LabelSpace::Write(const LabelText& text, const LabelLook& look, const TXRec
     if (!IsFree(box, markers))
         return false;
     if (markers == Markers::Cover)
-        for (Place& place : places)
-            if (IsCovered(place, box))
-                LeaveOut(place);
+        for (const std::size_t covered : CoveredBy(box))
+            LeaveOut(places[covered]);
     all.Block(Grown(box, padding));
     lasting.Block(Grown(box, padding));
     labels.push_back({text, look, box});
@@ -141,13 +180,20 @@ bool LabelSpace::Write(Place& place, const LabelLook& look, const TXRect& box, M
 {
     // Equals do not drive each other off.
     const auto mayBeCovered = [&](const Place& other) { return Grade(*place.name) < Grade(*other.name); };
-    if (markers == Markers::Cover &&
-        !std::all_of(places.begin(), places.end(),
-                     [&](const Place& other) { return !IsCovered(other, box) || mayBeCovered(other); }))
+    if (!IsFree(box, markers))
         return false;
+    if (markers == Markers::Cover)
+    {
+        const std::vector<std::size_t> covered = CoveredBy(box);
+        if (!std::all_of(covered.begin(), covered.end(),
+                         [&](std::size_t other) { return mayBeCovered(places[other]); }))
+            return false;
+    }
     if (!Write(place.text, look, box, markers))
         return false;
     place.waiting = false;
+    named.insert({Box({place.marker.left, place.marker.top}, {place.marker.right, place.marker.bottom}),
+                  static_cast<std::size_t>(&place - places.data())});
     lasting.Block(Grown(place.marker, padding));
     return true;
 }
@@ -155,9 +201,11 @@ bool LabelSpace::Write(Place& place, const LabelLook& look, const TXRect& box, M
 double LabelSpace::LossAt(const TXRect& box) const
 {
     double loss = 0.0;
-    for (const Place& place : places)
-        if (IsCovered(place, box))
-            loss += (place.name->capital ? 1.0 : 0.5) + 1.0 / (1.0 + std::max(0.0, place.name->rank));
+    for (const std::size_t covered : CoveredBy(box))
+    {
+        const FeatureName& name = *places[covered].name;
+        loss += (name.capital ? 1.0 : 0.5) + 1.0 / (1.0 + std::max(0.0, name.rank));
+    }
     return loss;
 }
 

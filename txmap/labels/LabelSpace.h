@@ -43,6 +43,9 @@ public:
     bool Write(Place& place, const LabelLook& look, const TZObjects::TXRect& box, Markers markers);
     /// How great a loss the waiting places are that a label would drive off the map; 0 for none.
     double LossAt(const TZObjects::TXRect& box) const;
+    /// True when a place goes without saying: one of the same name is named close by, or one with many times its
+    /// people.
+    bool GoesWithoutSaying(const Place& place) const;
     /// Takes a place off the map.
     void LeaveOut(Place& place);
 
@@ -56,7 +59,12 @@ public:
     std::vector<LayerPlace> TakeLeftOut() { return std::move(leftOut); }
 
 private:
-    bool IsCovered(const Place& place, const TZObjects::TXRect& box) const;
+    using Corner = boost::geometry::model::d2::point_xy<double>;
+    using Box = boost::geometry::model::box<Corner>;
+    using Entry = std::pair<Box, std::size_t>;
+    using Index = boost::geometry::index::rtree<Entry, boost::geometry::index::quadratic<16>>;
+
+    std::vector<std::size_t> CoveredBy(const TZObjects::TXRect& box) const;
     void AddPlaces(const MapLayer& layer, std::size_t number);
     bool IsVisible(const TZObjects::TXRect& marker) const;
 
@@ -65,6 +73,8 @@ private:
     LabelPlacer all;     ///< Labels and markers.
     LabelPlacer lasting; ///< The same without the markers of waiting places.
     std::vector<Place> places;
+    Index waiting; ///< The markers of the places, with what stays free around them.
+    Index named;   ///< The places that have their names.
     std::vector<PlacedLabel> labels;
     std::vector<LayerPlace> leftOut;
 };

@@ -7,8 +7,8 @@
 #include <txmap/labels/FontCatalog.h>
 #include <txmap/labels/LabelLayout.h>
 #include <txmap/map/FrameShape.h>
+#include <txmap/map/MapView.h>
 #include <txmap/map/PixelGeometry.h>
-#include <txmap/map/View.h>
 
 namespace txmap
 {
@@ -51,7 +51,7 @@ void RemovePlaces(std::vector<MapLayer>& layers, std::vector<LayerPlace> places)
 
 } // namespace
 
-MapLabels::MapLabels(TXGraphicsEngine& engine, const View& view, const LabelStyle& style, double unit,
+MapLabels::MapLabels(TXGraphicsEngine& engine, const MapView& view, const LabelStyle& style, double unit,
                      const LabelOptions& options)
     : choice(ChooseFace(options.font, "--label-font " + options.font)), fonts(engine, choice.face, options.path)
 {

@@ -20,7 +20,7 @@ namespace txmap
 {
 
 class FrameShape;
-class View;
+class MapView;
 
 /// What else there is on a map that has names.
 struct LabelSurroundings
@@ -39,7 +39,7 @@ public:
     /// @param style how names look in a picture of the usual size.
     /// @param unit what the style calls a pixel, in pixels of this picture.
     /// @param options what the user wants.
-    MapLabels(TZObjects::TXGraphicsEngine& engine, const View& view, const LabelStyle& style, double unit,
+    MapLabels(TZObjects::TXGraphicsEngine& engine, const MapView& view, const LabelStyle& style, double unit,
               const LabelOptions& options);
 
     /// Finds room for the names of countries and places, and takes those places out of the layers that have no room for

@@ -1,210 +1,128 @@
 #include <txmap/map/DateLine.h>
 
-#include <ogr_geometry.h>
-
 #include <algorithm>
 #include <cmath>
 
 namespace txmap
 {
+
+using TZObjects::TXPoint;
+
 namespace
 {
 
-constexpr double kTurn = 360.0;
-constexpr double kDateLine = 180.0;
-constexpr double kCrossing = 270.0;
-// Data that was cut ends at the date line up to rounding, and at the pole up to what its makers took for one.
-constexpr double kDateLineTolerance = 1e-6;
-constexpr double kNearPole = 89.9;
-constexpr double kBeyondPole = 95.0;
+constexpr double kCrossing = 0.75;
+// Data that was cut ends at the date line up to rounding.
+constexpr double kTolerance = 3e-9;
 
-bool NearDateLine(double longitude) { return std::abs(std::abs(longitude) - kDateLine) <= kDateLineTolerance; }
-
-/// The longitudes of a line, each nearest to the one before. Empty when they are that already.
-std::vector<double> ContinuousLongitudes(const OGRLineString& line)
+/// The columns of a line, each nearest to the one before. Empty when they are that already.
+std::vector<double> ContinuousColumns(const std::vector<TXPoint>& points, std::size_t first)
 {
-    std::vector<double> longitudes;
+    std::vector<double> columns;
     double shift = 0.0;
-    for (int i = 1; i < line.getNumPoints(); ++i)
+    for (std::size_t i = first + 1; i < points.size(); ++i)
     {
-        const double step = line.getX(i) - line.getX(i - 1);
+        const double step = points[i].x - points[i - 1].x;
         if (std::abs(step) > kCrossing)
-            shift += step > 0.0 ? -kTurn : kTurn;
-        if (longitudes.empty() && shift != 0.0)
-            for (int before = 0; before < i; ++before)
-                longitudes.push_back(line.getX(before));
-        if (!longitudes.empty())
-            longitudes.push_back(line.getX(i) + shift);
+            shift -= std::round(step);
+        if (columns.empty() && shift != 0.0)
+            for (std::size_t before = first; before < i; ++before)
+                columns.push_back(points[before].x);
+        if (!columns.empty())
+            columns.push_back(points[i].x + shift);
     }
-    return longitudes;
+    return columns;
 }
 
-void SetLongitudes(OGRLineString& line, const std::vector<double>& longitudes)
+void SetColumns(std::vector<TXPoint>& points, std::size_t first, const std::vector<double>& columns)
 {
-    for (std::size_t i = 0; i < longitudes.size(); ++i)
-        line.setPoint(static_cast<int>(i), longitudes[i], line.getY(static_cast<int>(i)));
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        points[first + i].x = columns[i];
 }
 
 /// True when a line is left without width: it did not cross the date line but runs along the whole map.
-bool IsFlat(const std::vector<double>& longitudes)
+bool IsFlat(const std::vector<double>& columns)
 {
-    const auto [west, east] = std::minmax_element(longitudes.begin(), longitudes.end());
-    return *east - *west <= kDateLineTolerance;
+    const auto [west, east] = std::minmax_element(columns.begin(), columns.end());
+    return *east - *west <= kTolerance;
 }
 
 /// True when a ring has an edge from one side of the map to the other, at its own northern or southern end: the edge
 /// with which a shape that fills the whole width of the map ends.
-bool HasWorldEdge(const OGRLinearRing& ring)
+bool HasWorldEdge(const std::vector<TXPoint>& points, std::size_t first)
 {
-    OGREnvelope box;
-    ring.getEnvelope(&box);
-    for (int i = 1; i < ring.getNumPoints(); ++i)
+    double north = points[first].y;
+    double south = north;
+    for (std::size_t i = first; i < points.size(); ++i)
     {
-        const double y = ring.getY(i);
-        const bool across = std::abs(ring.getX(i) - ring.getX(i - 1)) >= kTurn - kDateLineTolerance;
-        if (across && y == ring.getY(i - 1) && (y == box.MinY || y == box.MaxY))
+        north = std::min(north, points[i].y);
+        south = std::max(south, points[i].y);
+    }
+    for (std::size_t i = first + 1; i < points.size(); ++i)
+    {
+        const double y = points[i].y;
+        const bool across = std::abs(points[i].x - points[i - 1].x) >= 1.0 - kTolerance;
+        if (across && y == points[i - 1].y && (y == north || y == south))
             return true;
     }
     return false;
 }
 
-/// Closes a ring that runs once round a pole, by way of the pole that it runs round.
-void CloseBeyondPole(OGRLinearRing& ring)
+/// Closes a ring that runs once round a pole, along the edge of the world at the pole that it runs round.
+void CloseAtPole(std::vector<TXPoint>& points, std::size_t first, const MercatorBox& world)
 {
-    double latitudes = 0.0;
-    for (int i = 0; i < ring.getNumPoints(); ++i)
-        latitudes += ring.getY(i);
-    const double pole = std::copysign(kBeyondPole, latitudes);
-    const double last = ring.getX(ring.getNumPoints() - 1);
-    const double first = ring.getX(0);
-    ring.addPoint(last, pole);
-    ring.addPoint(first, pole);
-    ring.addPoint(first, ring.getY(0));
-}
-
-void UnwrapRing(OGRLinearRing& ring)
-{
-    const std::vector<double> longitudes = ContinuousLongitudes(ring);
-    const bool roundThePole = !longitudes.empty() && std::abs(longitudes.back() - longitudes.front()) > kTurn / 2.0;
-    if (!roundThePole)
-        UnwrapLine(ring);
-    else if (!HasWorldEdge(ring))
-    {
-        SetLongitudes(ring, longitudes);
-        CloseBeyondPole(ring);
-    }
-}
-
-void MoveEast(OGRLinearRing& ring, double degrees)
-{
-    for (int i = 0; i < ring.getNumPoints(); ++i)
-        ring.setPoint(i, ring.getX(i) + degrees, ring.getY(i));
-}
-
-/// A copy that ends exactly at the date line where it ended nearly there, and goes on beyond a pole that it ended at.
-PolygonPtr Tidied(const OGRPolygon& polygon)
-{
-    PolygonPtr copy(polygon.clone());
-    for (OGRLinearRing* const ring : *copy)
-        for (int i = 0; i < ring->getNumPoints(); ++i)
-        {
-            double x = ring->getX(i);
-            double y = ring->getY(i);
-            if (NearDateLine(x))
-                x = std::copysign(kDateLine, x);
-            if (std::abs(y) > kNearPole)
-                y = std::copysign(kBeyondPole, y);
-            ring->setPoint(i, x, y);
-        }
-    return copy;
-}
-
-PolygonPtr Shifted(const OGRPolygon& polygon, double degrees)
-{
-    PolygonPtr copy(polygon.clone());
-    for (OGRLinearRing* const ring : *copy)
-        MoveEast(*ring, degrees);
-    return copy;
-}
-
-/// Takes the polygons out of a geometry, at whatever depth they are; none out of null.
-void TakePolygons(std::unique_ptr<OGRGeometry> geometry, std::vector<PolygonPtr>& polygons)
-{
-    const OGRwkbGeometryType type = geometry ? wkbFlatten(geometry->getGeometryType()) : wkbNone;
-    if (type == wkbPolygon)
-        polygons.emplace_back(geometry.release()->toPolygon());
-    if (!OGR_GT_IsSubClassOf(type, wkbGeometryCollection))
-        return;
-    for (const OGRGeometry* const part : *geometry->toGeometryCollection())
-        TakePolygons(std::unique_ptr<OGRGeometry>(part->clone()), polygons);
+    double rows = 0.0;
+    for (std::size_t i = first; i < points.size(); ++i)
+        rows += points[i].y - 0.5;
+    const double pole = rows < 0.0 ? world.top : world.bottom;
+    const TXPoint start = points[first];
+    points.emplace_back(points.back().x, pole);
+    points.emplace_back(start.x, pole);
+    points.push_back(start);
 }
 
 } // namespace
 
-GeoBox BoxOf(const OGRGeometry& geometry)
+void UnwrapLine(std::vector<TXPoint>& points, std::size_t first)
 {
-    OGREnvelope box;
-    geometry.getEnvelope(&box);
-    return {box.MinX, box.MinY, box.MaxX, box.MaxY};
+    const std::vector<double> columns = ContinuousColumns(points, first);
+    if (!columns.empty() && !IsFlat(columns))
+        SetColumns(points, first, columns);
 }
 
-void UnwrapLine(OGRLineString& line)
+void UnwrapRing(std::vector<TXPoint>& points, std::size_t first, const MercatorBox& world)
 {
-    const std::vector<double> longitudes = ContinuousLongitudes(line);
-    if (!longitudes.empty() && !IsFlat(longitudes))
-        SetLongitudes(line, longitudes);
-}
-
-void UnwrapPolygon(OGRPolygon& polygon)
-{
-    GeoBox outer;
-    bool first = true;
-    for (OGRLinearRing* const ring : polygon)
+    const std::vector<double> columns = ContinuousColumns(points, first);
+    if (columns.empty())
+        return;
+    if (std::abs(columns.back() - columns.front()) <= 0.5)
     {
-        UnwrapRing(*ring);
-        const GeoBox box = BoxOf(*ring);
-        if (first)
-            outer = box;
-        first = false;
-        if (box.west >= outer.west && box.east <= outer.east)
-            continue;
-        const double distance = (outer.west + outer.east - box.west - box.east) / 2.0;
-        MoveEast(*ring, std::round(distance / kTurn) * kTurn);
+        if (!IsFlat(columns))
+            SetColumns(points, first, columns);
+    }
+    else if (!HasWorldEdge(points, first))
+    {
+        SetColumns(points, first, columns);
+        CloseAtPole(points, first, world);
     }
 }
 
-bool EndsAtDateLine(const OGRPolygon& polygon)
+WorldSpan SpanOf(const std::vector<TXPoint>& points, std::size_t first)
 {
-    const GeoBox box = BoxOf(polygon);
-    return NearDateLine(box.west) || NearDateLine(box.east) || box.east - box.west >= kTurn - kDateLineTolerance;
+    WorldSpan span{1e300, -1e300};
+    for (std::size_t i = first; i < points.size(); ++i)
+        span = {std::min(span.west, points[i].x), std::max(span.east, points[i].x)};
+    return span;
 }
 
-std::vector<PolygonPtr> JoinAcrossDateLine(const std::vector<PolygonPtr>& polygons)
+void MoveInto(const WorldSpan& outer, std::vector<TXPoint>& points, std::size_t first)
 {
-    OGRMultiPolygon worlds;
-    for (const PolygonPtr& polygon : polygons)
-    {
-        PolygonPtr tidied = Tidied(*polygon);
-        worlds.addGeometryDirectly(Shifted(*tidied, -kTurn).release());
-        worlds.addGeometryDirectly(Shifted(*tidied, kTurn).release());
-        worlds.addGeometryDirectly(tidied.release());
-    }
-    std::vector<PolygonPtr> joined;
-    TakePolygons(std::unique_ptr<OGRGeometry>(worlds.UnionCascaded()), joined);
-    if (!joined.empty())
-        return joined;
-
-    // Rings that touch or cross themselves stop the library; mended, they do not.
-    OGRMultiPolygon mended;
-    for (const OGRPolygon* const polygon : worlds)
-    {
-        std::vector<PolygonPtr> parts;
-        TakePolygons(std::unique_ptr<OGRGeometry>(polygon->MakeValid()), parts);
-        for (PolygonPtr& part : parts)
-            mended.addGeometryDirectly(part.release());
-    }
-    TakePolygons(std::unique_ptr<OGRGeometry>(mended.UnionCascaded()), joined);
-    return joined;
+    const WorldSpan span = SpanOf(points, first);
+    if (span.west >= outer.west && span.east <= outer.east)
+        return;
+    const double worlds = std::round((outer.west + outer.east - span.west - span.east) / 2.0);
+    for (std::size_t i = first; i < points.size(); ++i)
+        points[i].x += worlds;
 }
 
 } // namespace txmap

@@ -15,21 +15,21 @@ constexpr double kSteps[] = {30.0, 15.0, 10.0, 5.0, 2.0, 1.0, 0.5, 0.2, 0.1, 0.0
 
 } // namespace
 
-double SuitableStep(const View& view)
+double SuitableStep(const MapView& view)
 {
-    const GeoBox& box = view.Visible();
+    const GeoBox box = view.VisibleDegrees();
     const double longer = std::max(box.east - box.west, box.north - box.south);
     const auto fits = [&](double step) { return longer / step >= kFewest; };
     const auto* const step = std::find_if(std::begin(kSteps), std::end(kSteps), fits);
     return step == std::end(kSteps) ? 0.0 : *step;
 }
 
-std::vector<GraticuleLine> MakeGraticule(const View& view, double step)
+std::vector<GraticuleLine> MakeGraticule(const MapView& view, double step)
 {
     std::vector<GraticuleLine> lines;
     if (!(step > 0.0))
         return lines;
-    const GeoBox& box = view.Visible();
+    const GeoBox box = view.VisibleDegrees();
     const double columns = (box.east - box.west) / step;
     const double rows = (box.north - box.south) / step;
     if (columns * kClosest > view.Frame().Width() || rows * kClosest > view.Frame().Height())

@@ -25,14 +25,6 @@ struct Area
     std::size_t firstPoint = 0;
     std::size_t firstRing = 0;
     int rings = 0;
-    int category = 0; ///< Decides the colour; 0 for none.
-};
-
-/// A line in the array of its layer.
-struct Line
-{
-    std::size_t firstPoint = 0;
-    int count = 0;
 };
 
 /// What a feature is called, and how much that matters.
@@ -58,22 +50,16 @@ struct LayerPlace
     std::size_t place = 0;
 };
 
-/// What is visible of a layer, in pixels, in the form in which it is drawn: the points of all shapes lie one behind the
-/// other, so that one shape, or all of them at once, are handed to the surface without a copy.
+/// What is visible of a layer's areas and places, in pixels: where names may be written. The points of all shapes lie
+/// one behind the other.
 struct MapLayer
 {
-    LayerRole role = LayerRole::Any;
     std::vector<TZObjects::TXPoint> areaPoints;
     std::vector<int> ringSizes;
     std::vector<Area> areas;
-    std::vector<TZObjects::TXPoint> linePoints;
-    std::vector<Line> lines;
     std::vector<TZObjects::TXPoint> places;
     std::vector<NamedFeature> areaNames;  ///< Of those areas that have one.
     std::vector<NamedFeature> placeNames; ///< Of those places that have one.
 };
-
-/// True for what is drawn as land, which is everything but water.
-inline bool IsLand(const MapLayer& layer) { return layer.role != LayerRole::Lakes; }
 
 } // namespace txmap

@@ -7,7 +7,7 @@ namespace txmap
 
 /// Web Mercator coordinates in which the world is a square of side 1: x grows eastward from the date line, y southward
 /// from the outermost latitude in the north. A place may lie a world further east or west, where x is above 1 or
-/// below 0. Geometry of styled maps is kept in these; a `MercatorView` brings it to pixels with one affine matrix.
+/// below 0. Geometry of styled maps is kept in these; a `MapView` brings it to pixels with one affine matrix.
 TZObjects::TXPoint ToMercator(double longitude, double latitude);
 
 /// Degrees, as (longitude, latitude). Longitudes are not wrapped.

@@ -1,5 +1,6 @@
 #include <txmap/map/PixelParts.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace txmap
@@ -13,31 +14,41 @@ namespace
 
 // Points closer than this to the one before do not change a pixel that anyone could see.
 constexpr double kFinest = 0.125;
-// How far from the edge of the world a point of cut data may lie: some 4 cm.
-constexpr double kEdge = 1e-9;
+// How far from the edge of the world a point of cut data may lie: some 12 cm.
+constexpr double kEdge = 3e-9;
+// Data that ends at a pole ends there up to what its makers took for one.
+constexpr double kNearPole = 2.5e-4;
 
-bool Close(const TXPoint& a, const TXPoint& b)
+bool Close(const TXPoint& a, const TXPoint& b, double distance)
 {
-    return std::abs(a.x - b.x) < kFinest && std::abs(a.y - b.y) < kFinest;
+    return std::abs(a.x - b.x) < distance && std::abs(a.y - b.y) < distance;
 }
 
 TXRect ToRect(const MercatorBox& box) { return {box.left, box.right, box.top, box.bottom}; }
 
-bool IsEdgeOfWorld(const TXPoint& a, const TXPoint& b)
+bool IsEdgeOfWorld(const TXPoint& a, const TXPoint& b, const MercatorBox& world)
 {
     const double side = std::round(a.x);
     if (std::abs(a.x - side) < kEdge && std::abs(b.x - side) < kEdge)
         return true;
-    return (a.y <= 0.0 && b.y <= 0.0) || (a.y >= 1.0 && b.y >= 1.0);
+    const double top = world.top + kNearPole;
+    const double bottom = world.bottom - kNearPole;
+    return (a.y <= top && b.y <= top) || (a.y >= bottom && b.y >= bottom);
 }
 
 } // namespace
 
 PixelParts::PixelParts(const AffineMatrix& toPixels, const TXRect& picture, const std::optional<MercatorBox>& tile)
-    : toPixels(toPixels), pictureClipper(picture)
+    : toPixels(toPixels), tolerance(kFinest), pictureClipper(picture)
 {
     if (tile)
         tileClipper.emplace(ToRect(*tile));
+}
+
+void PixelParts::SetTolerance(double pixels)
+{
+    tolerance = std::max(kFinest, pixels);
+    joinsSpots = true;
 }
 
 void PixelParts::Reduce(const TXPoint* points, std::size_t count)
@@ -47,7 +58,7 @@ void PixelParts::Reduce(const TXPoint* points, std::size_t count)
     for (std::size_t i = 0; i < count; ++i)
     {
         last = toPixels.Map(points[i]);
-        if (pixels.empty() || !Close(last, pixels.back()))
+        if (pixels.empty() || !Close(last, pixels.back(), tolerance))
             pixels.push_back(last);
     }
     // The end of a line is where another one begins, and the end of a ring is its start.
@@ -73,7 +84,13 @@ void PixelParts::AddLinePiece(const TXPoint* points, std::size_t count, std::vec
     Reduce(points, count);
     // A line that is shorter than anyone could see may still be a dot, by its width and its caps.
     if (pixels.size() == 1 && count > 1)
+    {
+        const auto spot = [&](double place)
+        { return static_cast<std::uint32_t>(std::lround(std::clamp(place / tolerance, -1e9, 1e9))); };
+        if (joinsSpots && !spots.insert(std::uint64_t{spot(pixels[0].x)} << 32 | spot(pixels[0].y)).second)
+            return;
         pixels.push_back(toPixels.Map(points[count - 1]));
+    }
     pictureClipper.ClipLine(pixels.data(), pixels.size(), result, spans);
 }
 
@@ -134,14 +151,14 @@ void PixelParts::AddPoint(const TXPoint& point)
     result.counts.push_back(1);
 }
 
-void AppendOutline(const TXPoint* ring, std::size_t count, Parts& lines)
+void AppendOutline(const TXPoint* ring, std::size_t count, const MercatorBox& world, Parts& lines)
 {
     if (count < 2)
         return;
     // Begin behind an edge that is left out, so that no line is broken where the ring happens to begin.
     std::size_t start = 0;
     for (std::size_t i = 1; i < count && start == 0; ++i)
-        if (IsEdgeOfWorld(ring[i - 1], ring[i]))
+        if (IsEdgeOfWorld(ring[i - 1], ring[i], world))
             start = i;
     if (start == 0)
     {
@@ -155,7 +172,7 @@ void AppendOutline(const TXPoint* ring, std::size_t count, Parts& lines)
     {
         const TXPoint& a = ring[(start + k) % edges];
         const TXPoint& b = ring[(start + k + 1) % edges];
-        if (IsEdgeOfWorld(a, b))
+        if (IsEdgeOfWorld(a, b, world))
         {
             open = false;
             continue;

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
+#include <unordered_set>
 #include <vector>
 
 #include <txbase/TXPoint.h>
@@ -23,9 +25,13 @@ public:
     /// @param toPixels Mercator coordinates to pixels, for one world.
     /// @param picture the part of the picture, in pixels, that geometry is cut to: larger than the picture by more than
     /// half the widest line, because cut fills have edges along it.
-    /// @param tile what geometry is cut to before; nothing for no cut. See `MercatorView::AlignedToPixels`.
+    /// @param tile what geometry is cut to before; nothing for no cut. See `MapView::AlignedToPixels`.
     PixelParts(const AffineMatrix& toPixels, const TZObjects::TXRect& picture,
                const std::optional<MercatorBox>& tile = std::nullopt);
+
+    /// Drops points of lines that are closer than this to the one before, and of lines that are shorter all but one at
+    /// each spot: what a line is too wide to show. In pixels.
+    void SetTolerance(double pixels);
 
     /// Adds a closed ring that is to be filled. One that is smaller than a few tenths of a pixel leaves nothing.
     void AddRing(const TZObjects::TXPoint* points, std::size_t count);
@@ -43,6 +49,9 @@ private:
     void AddLinePiece(const TZObjects::TXPoint* points, std::size_t count, std::vector<LineSpan>* spans);
 
     AffineMatrix toPixels;
+    double tolerance;
+    std::unordered_set<std::uint64_t> spots; ///< Where there is a short line already; of a tolerance that was set.
+    bool joinsSpots = false;
     RectangleClipper pictureClipper;
     std::optional<RectangleClipper> tileClipper;
     Parts cut;                              ///< What the tile leaves, in Mercator coordinates.
@@ -53,6 +62,6 @@ private:
 /// Splits the outline of a closed ring into the lines that are left without its edges along the edge of the world: they
 /// come from where the data was cut, at the date line or at the poles, and are no border of anything. One closed line
 /// where there is no such edge.
-void AppendOutline(const TZObjects::TXPoint* ring, std::size_t count, Parts& lines);
+void AppendOutline(const TZObjects::TXPoint* ring, std::size_t count, const MercatorBox& world, Parts& lines);
 
 } // namespace txmap

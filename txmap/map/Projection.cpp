@@ -2,24 +2,11 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cmath>
 
 namespace txmap
 {
 
 using TZObjects::TXPoint;
-
-namespace
-{
-
-constexpr double kPi = 3.141592653589793;
-constexpr double kRadians = kPi / 180.0;
-constexpr double kEarthRadius = 6378137.0;
-constexpr double kMercatorLatitude = 85.05112877980659;
-// The pole itself lies infinitely far away on a Mercator map; this is as far as anything is placed.
-constexpr double kFarthestLatitude = 89.0;
-
-} // namespace
 
 std::optional<Projection> Projection::FromName(const std::string& name)
 {
@@ -33,21 +20,18 @@ std::optional<Projection> Projection::FromName(const std::string& name)
     return std::nullopt;
 }
 
-TXPoint Projection::Forward(double longitude, double latitude) const
+TXPoint Projection::ToWorld(double longitude, double latitude) const
 {
-    if (!mercator)
-        return {longitude, latitude};
-    const double phi = std::clamp(latitude, -kFarthestLatitude, kFarthestLatitude) * kRadians;
-    return {kEarthRadius * longitude * kRadians, kEarthRadius * std::asinh(std::tan(phi))};
+    if (mercator)
+        return ToMercator(longitude, latitude);
+    return {longitude / 360.0 + 0.5, 0.5 - std::clamp(latitude, -90.0, 90.0) / 360.0};
 }
 
-TXPoint Projection::Inverse(double x, double y) const
+TXPoint Projection::ToDegrees(const TXPoint& place) const
 {
-    if (!mercator)
-        return {x, y};
-    return {x / kEarthRadius / kRadians, std::atan(std::sinh(y / kEarthRadius)) / kRadians};
+    if (mercator)
+        return FromMercator(place);
+    return {(place.x - 0.5) * 360.0, (0.5 - place.y) * 360.0};
 }
-
-double Projection::MaxLatitude() const { return mercator ? kMercatorLatitude : 90.0; }
 
 } // namespace txmap

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include <txmap/map/MercatorView.h>
+#include <txmap/map/MapView.h>
 
 namespace txmap
 {
@@ -26,7 +26,7 @@ MercatorBox TileId::Box() const
     return {x * side, y * side, (x + 1) * side, (y + 1) * side};
 }
 
-int TileZoom(const MercatorView& view, const TilePyramid& pyramid)
+int TileZoom(const MapView& view, const TilePyramid& pyramid)
 {
     const double zoom = view.Zoom() + std::log2(512.0 / pyramid.tileSize);
     // Halves go up, also below zero. A zoom that came out of a logarithm may miss its whole number by a rounding.
@@ -34,7 +34,7 @@ int TileZoom(const MercatorView& view, const TilePyramid& pyramid)
     return static_cast<int>(std::clamp(whole, 0.0, static_cast<double>(kMaxTileZoom)));
 }
 
-std::vector<CoveringTile> CoveringTiles(const MercatorView& view, const TilePyramid& pyramid, double margin)
+std::vector<CoveringTile> CoveringTiles(const MapView& view, const TilePyramid& pyramid, double margin)
 {
     std::vector<CoveringTile> tiles;
     const int wanted = TileZoom(view, pyramid);

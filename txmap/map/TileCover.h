@@ -8,7 +8,7 @@
 namespace txmap
 {
 
-class MercatorView;
+class MapView;
 
 /// A tile of the usual pyramid: at zoom z the world has 2^z columns, counted from the date line eastward, and as many
 /// rows, counted from the north.
@@ -51,10 +51,10 @@ struct TilePyramid
 constexpr int kMaxTileZoom = 24;
 
 /// The zoom of the tiles that a view wants, before the limits of the pyramid.
-int TileZoom(const MercatorView& view, const TilePyramid& pyramid);
+int TileZoom(const MapView& view, const TilePyramid& pyramid);
 
 /// The tiles that are seen in a view, row by row.
 /// @param margin so many pixels around the picture count as seen.
-std::vector<CoveringTile> CoveringTiles(const MercatorView& view, const TilePyramid& pyramid, double margin = 0.0);
+std::vector<CoveringTile> CoveringTiles(const MapView& view, const TilePyramid& pyramid, double margin = 0.0);
 
 } // namespace txmap

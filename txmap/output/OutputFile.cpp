@@ -3,10 +3,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <initializer_list>
 #include <system_error>
 
 #include <txmap/support/Failure.h>
@@ -26,6 +29,35 @@ mode_t DefaultMode()
     const mode_t mask = umask(0);
     umask(mask);
     return 0666 & ~mask;
+}
+
+// The temporary file that a signal removes. The program has one at a time.
+constexpr std::size_t kLongestPath = 4096;
+char doomedPath[kLongestPath];
+volatile std::sig_atomic_t isDoomed = 0;
+
+extern "C" void RemoveAndEnd(int signal)
+{
+    if (isDoomed)
+        unlink(doomedPath);
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
+
+void RemoveOnSignal(const std::string& path)
+{
+    isDoomed = 0;
+    if (path.empty() || path.size() >= kLongestPath)
+        return;
+    std::copy(path.c_str(), path.c_str() + path.size() + 1, doomedPath);
+    isDoomed = 1;
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+    {
+        // What is ignored, as by nohup, stays so.
+        struct sigaction present = {};
+        if (sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_DFL)
+            std::signal(signal, RemoveAndEnd);
+    }
 }
 
 } // namespace
@@ -55,8 +87,10 @@ OutputFile::OutputFile(const std::string& path) : name(path), target(path)
 
 OutputFile::~OutputFile()
 {
-    if (!temporary.empty())
-        std::remove(temporary.c_str());
+    if (temporary.empty())
+        return;
+    std::remove(temporary.c_str());
+    RemoveOnSignal("");
 }
 
 void OutputFile::Fail(const std::string& reason) const
@@ -74,6 +108,7 @@ const std::string& OutputFile::Begin()
         Fail("cannot be written: " + SystemReason());
     close(descriptor);
     temporary = pattern;
+    RemoveOnSignal(temporary);
     return temporary;
 }
 
@@ -87,6 +122,21 @@ void OutputFile::Commit()
     if (chmod(temporary.c_str(), mode) != 0 || std::rename(temporary.c_str(), target.c_str()) != 0)
         Fail("cannot be written: " + SystemReason());
     temporary.clear();
+    RemoveOnSignal("");
+}
+
+std::string OutputFile::WriteProblem() const
+{
+    // Writers of pictures do not say why they failed; writing some more fails for the same reason.
+    std::FILE* const file = std::fopen(temporary.c_str(), "ab");
+    if (!file)
+        return " (" + SystemReason() + ")";
+    const std::string block(1 << 16, '\0');
+    const bool isWritten = std::fwrite(block.data(), 1, block.size(), file) == block.size();
+    const bool isFlushed = isWritten && std::fflush(file) == 0;
+    const std::string reason = SystemReason();
+    std::fclose(file);
+    return isFlushed ? "" : " (" + reason + ")";
 }
 
 } // namespace txmap

@@ -6,7 +6,8 @@ namespace txmap
 {
 
 /// A file that appears under its name all at once or not at all: it is written under a temporary name in the same
-/// folder, and renamed when it is complete. What was there before is kept until then.
+/// folder, and renamed when it is complete. What was there before is kept until then. The temporary file is removed
+/// when a signal ends the process.
 class OutputFile
 {
 public:
@@ -23,6 +24,9 @@ public:
     const std::string& Begin();
     /// The path of the temporary file, as long as there is one.
     const std::string& Path() const { return temporary; }
+    /// Why nothing more can be written to the temporary file, in brackets, to be put behind a message: that the disk is
+    /// full, for example. Empty when more can be written.
+    std::string WriteProblem() const;
     /// Gives the temporary file its final name. @throw Failure with `ExitCode::Drawing` when that fails.
     void Commit();
 

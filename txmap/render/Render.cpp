@@ -10,6 +10,7 @@
 #include <txgraphics/TXGraphics.h>
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/drawing/layers/StyledMap.h>
+#include <txmap/map/MercatorView.h>
 #include <txmap/map/Projection.h>
 #include <txmap/output/GeoTiff.h>
 #include <txmap/output/OutputFile.h>
@@ -98,19 +99,20 @@ void Save(const RenderOptions& options, const MapCanvas& canvas, const MercatorV
         worldFile.emplace(WorldFileName(options.output));
         WriteWorldFile(worldFile->Begin(), reference);
     }
-    const auto save = [&](const std::string& path)
+    const auto save = [&](OutputFile& file)
     {
-        if (!canvas.Surface().Save(path.c_str()))
-            throw Failure(ExitCode::Drawing, "--output " + options.output + ": the picture cannot be written");
+        if (!canvas.Surface().Save(file.Begin().c_str()))
+            throw Failure(ExitCode::Drawing,
+                          "--output " + options.output + ": the picture cannot be written" + file.WriteProblem());
     };
     if (IsTiff(options.output))
     {
         OutputFile pixels(options.output + ".png");
-        save(pixels.Begin());
+        save(pixels);
         WriteGeoTiff(pixels.Path(), output.Begin(), reference);
     }
     else
-        save(output.Begin());
+        save(output);
     output.Commit();
     if (worldFile)
         worldFile->Commit();

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include <txmap/map/View.h>
+#include <txmap/map/GeoBox.h>
 #include <txmap/style/EvaluationContext.h>
 
 namespace txmap

@@ -62,7 +62,7 @@ std::vector<float> Warped(GDALDataset& source, const WarpWindow& window, int wor
     system.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
     if (!target || system.SetFromUserInput("EPSG:3857") != OGRERR_NONE || target->SetSpatialRef(&system) != CE_None)
         Fail(file, "cannot be warped");
-    const double metres = Projection::WebMercator().Forward(360.0, 0.0).x;
+    const double metres = Projection::WebMercator().Circumference();
     std::array<double, 6> transform = {(window.box.left + world - 0.5) * metres,
                                        (window.box.right - window.box.left) * metres / window.width,
                                        0.0,

@@ -5,7 +5,7 @@
 #include <limits>
 #include <map>
 
-#include <txmap/map/MercatorView.h>
+#include <txmap/map/MapView.h>
 #include <txmap/sources/ElevationFile.h>
 #include <txmap/sources/GeoreferencedSource.h>
 #include <txmap/sources/RasterTileSource.h>
@@ -48,12 +48,12 @@ void ElevationSource::ReadEncoding()
         throw Failure(ExitCode::Data, "there are no heights with the encoding " + name);
 }
 
-ElevationGrid ElevationSource::Load(const MercatorView& view, SourceDiagnostics& diagnostics)
+ElevationGrid ElevationSource::Load(const MapView& view, SourceDiagnostics& diagnostics)
 {
     return tiles ? LoadTiles(view, diagnostics) : LoadFile(view);
 }
 
-ElevationGrid ElevationSource::LoadFile(const MercatorView& view) const
+ElevationGrid ElevationSource::LoadFile(const MapView& view) const
 {
     const WarpWindow window = WindowFor(view, kMargin);
     ElevationGrid grid;
@@ -66,7 +66,7 @@ ElevationGrid ElevationSource::LoadFile(const MercatorView& view) const
     return grid;
 }
 
-ElevationGrid ElevationSource::LoadTiles(const MercatorView& view, SourceDiagnostics& diagnostics)
+ElevationGrid ElevationSource::LoadTiles(const MapView& view, SourceDiagnostics& diagnostics)
 {
     struct Placed
     {

@@ -11,7 +11,7 @@
 namespace txmap
 {
 
-class MercatorView;
+class MapView;
 class SourceDiagnostics;
 class SourceFolder;
 
@@ -43,7 +43,7 @@ public:
 
     /// Reads what a view shows and a few cells around it, as one grid without seams between tiles. It is empty where
     /// there are no heights. @throw Failure with `ExitCode::Data`.
-    ElevationGrid Load(const MercatorView& view, SourceDiagnostics& diagnostics);
+    ElevationGrid Load(const MapView& view, SourceDiagnostics& diagnostics);
 
 private:
     /// Height = red * `red` + green * `green` + blue * `blue` - `base`, of channels from 0 to 255.
@@ -56,8 +56,8 @@ private:
     };
 
     void ReadEncoding();
-    ElevationGrid LoadTiles(const MercatorView& view, SourceDiagnostics& diagnostics);
-    ElevationGrid LoadFile(const MercatorView& view) const;
+    ElevationGrid LoadTiles(const MapView& view, SourceDiagnostics& diagnostics);
+    ElevationGrid LoadFile(const MapView& view) const;
 
     std::string file; ///< Empty for tiles.
     std::optional<TileSet> tiles;

@@ -1,57 +1,137 @@
 #include <txmap/sources/FeatureNames.h>
 
-#include <ogrsf_frmts.h>
-
+#include <algorithm>
+#include <cctype>
 #include <cmath>
-#include <initializer_list>
+#include <cstdlib>
 
 namespace txmap
 {
 namespace
 {
 
-int FirstField(OGRFeatureDefn& attributes, std::initializer_list<const char*> names)
+using Kind = Value::Kind;
+
+const std::vector<std::string> kNames = {"name", "name_en", "name_long", "nameascii", "admin"};
+const std::vector<std::string> kCapitals = {"adm0cap", "capital"};
+// Codes of GeoNames, and the classes of Natural Earth.
+const std::vector<std::string> kCodes = {"fcode", "feature_code", "featureCode", "featurecla"};
+const std::vector<std::string> kRanks = {"labelrank", "scalerank"};
+const std::vector<std::string> kPopulations = {"pop_max", "population", "pop", "gn_pop", "pop_est"};
+
+// The rank of what has none.
+constexpr double kLastRank = 1e9;
+// Where there are no ranks, ten million people make the first, and each half as many digits the next.
+constexpr double kDigitsOfFirstRank = 7.0;
+constexpr double kRanksPerDigit = 2.0;
+// A part of a town comes after all towns.
+constexpr double kRankOfParts = 20.0;
+
+std::string Cased(std::string text, int (*convert)(int))
 {
-    for (const char* const name : names)
-        if (const int field = attributes.GetFieldIndex(name); field >= 0)
-            return field;
-    return -1;
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [&](unsigned char c) { return static_cast<char>(convert(c)); });
+    return text;
 }
 
-double NumberOr(double otherwise, const OGRFeature& feature, int field)
+std::string TextOf(const Value* value)
 {
-    if (field < 0 || !feature.IsFieldSetAndNotNull(field))
-        return otherwise;
-    const double number = feature.GetFieldAsDouble(field);
-    return std::isfinite(number) ? number : otherwise;
+    if (!value)
+        return {};
+    if (value->Is(Kind::String))
+        return value->String();
+    if (value->Is(Kind::Number))
+        return NumberText(value->Number());
+    if (value->Is(Kind::Boolean))
+        return value->Boolean() ? "true" : "false";
+    return {};
+}
+
+double RankOfPopulation(double population)
+{
+    return std::max(0.0, std::round((kDigitsOfFirstRank - std::log10(std::max(1.0, population))) * kRanksPerDigit));
 }
 
 } // namespace
 
-void FeatureNames::Open(OGRLayer& layer, LayerRole role)
+std::vector<std::string> FieldSpellings(const std::string& name)
 {
-    fields = {};
-    if (!request.wanted || (role != LayerRole::Any && role != LayerRole::Countries))
-        return;
-    OGRFeatureDefn& attributes = *layer.GetLayerDefn();
-    fields.name = request.field.empty() ? FirstField(attributes, {"name", "name_en", "name_long", "nameascii", "admin"})
-                                        : attributes.GetFieldIndex(request.field.c_str());
-    fields.capital = FirstField(attributes, {"adm0cap", "capital"});
-    fields.rank = FirstField(attributes, {"labelrank", "scalerank"});
-    fields.population = FirstField(attributes, {"pop_max", "population", "pop"});
-    found = found || fields.name >= 0 || (attributes.GetFieldCount() == 0 && layer.GetFeatureCount() == 0);
+    std::string first = Cased(name, &std::tolower);
+    if (!first.empty())
+        first[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(first[0])));
+    return {name, Cased(name, &std::tolower), Cased(name, &std::toupper), first};
 }
 
-FeatureName FeatureNames::Of(const OGRFeature& feature) const
+std::string FirstField(const FeatureSet& set, const std::vector<std::string>& names)
+{
+    for (const std::string& name : names)
+        for (const std::string& spelling : FieldSpellings(name))
+            if (set.keyNumbers.count(spelling) > 0)
+                return spelling;
+    return {};
+}
+
+FeatureNames::FeatureNames(const NameRequest& request, const FeatureSet& set) : set(set), wanted(request.wanted)
+{
+    nameField = FirstField(set, request.field.empty() ? kNames : std::vector<std::string>{request.field});
+    capitalField = FirstField(set, kCapitals);
+    codeField = FirstField(set, kCodes);
+    rankField = FirstField(set, kRanks);
+    populationField = FirstField(set, kPopulations);
+}
+
+std::vector<std::string> FeatureNames::Fields(const NameRequest& request)
+{
+    std::vector<std::string> fields;
+    for (const auto& names : {kNames, kCapitals, kCodes, kRanks, kPopulations, {request.field}})
+        for (const std::string& name : names)
+            for (const std::string& spelling : FieldSpellings(name))
+                fields.push_back(spelling);
+    return fields;
+}
+
+double FeatureNames::NumberOr(double otherwise, const SetFeature& feature, const std::string& field) const
+{
+    const Value* const value = field.empty() ? nullptr : set.Property(feature, field);
+    if (!value)
+        return otherwise;
+    if (value->Is(Kind::Number))
+        return std::isfinite(value->Number()) ? value->Number() : otherwise;
+    if (!value->Is(Kind::String) || value->String().empty())
+        return otherwise;
+    char* end = nullptr;
+    const double number = std::strtod(value->String().c_str(), &end);
+    return *end == '\0' && std::isfinite(number) ? number : otherwise;
+}
+
+bool FeatureNames::IsCapital(const SetFeature& feature) const
+{
+    if (!capitalField.empty())
+    {
+        const std::string text = TextOf(set.Property(feature, capitalField));
+        if (text == "1" || text == "true" || text == "yes" || text == "Y" || text == "primary")
+            return true;
+    }
+    const std::string code = codeField.empty() ? "" : TextOf(set.Property(feature, codeField));
+    return code == "PPLC" || code == "Admin-0 capital";
+}
+
+FeatureName FeatureNames::Of(const SetFeature& feature) const
 {
     FeatureName name;
-    if (fields.name < 0 || !feature.IsFieldSetAndNotNull(fields.name))
+    if (!wanted || nameField.empty())
         return name;
-    name.text = const_cast<OGRFeature&>(feature).GetFieldAsString(fields.name);
-    name.capital = NumberOr(0.0, feature, fields.capital) == 1.0;
-    // What has no rank comes last.
-    name.rank = fields.rank < 0 ? 0.0 : NumberOr(1e9, feature, fields.rank);
-    name.population = NumberOr(0.0, feature, fields.population);
+    name.text = TextOf(set.Property(feature, nameField));
+    if (name.text.empty())
+        return name;
+    name.capital = IsCapital(feature);
+    name.population = NumberOr(0.0, feature, populationField);
+    if (!rankField.empty())
+        name.rank = NumberOr(kLastRank, feature, rankField);
+    else if (!populationField.empty() && feature.type == GeometryType::Point)
+        name.rank = RankOfPopulation(name.population);
+    if (!codeField.empty() && TextOf(set.Property(feature, codeField)) == "PPLX")
+        name.rank = std::max(name.rank, kRankOfParts);
     return name;
 }
 

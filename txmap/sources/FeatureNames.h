@@ -1,11 +1,10 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include <txmap/map/MapLayer.h>
-
-class OGRFeature;
-class OGRLayer;
+#include <txmap/sources/FeatureSet.h>
 
 namespace txmap
 {
@@ -17,33 +16,39 @@ struct NameRequest
     std::string field; ///< The attribute that holds the names; empty for what each layer offers.
 };
 
-/// Takes the names of features, and what says how much they matter, from the attributes of one layer after another.
+/// The names that attributes may be found under, in the cases that data has them in: as given, all small, all capital,
+/// and with a capital first letter.
+std::vector<std::string> FieldSpellings(const std::string& name);
+
+/// The first attribute that a set has, in whatever case; empty for none.
+std::string FirstField(const FeatureSet& set, const std::vector<std::string>& names);
+
+/// Takes the names of features, and what says how much they matter, from the attributes of a set.
 class FeatureNames
 {
 public:
-    explicit FeatureNames(const NameRequest& request) : request(request) {}
+    /// @param set must outlive this object.
+    FeatureNames(const NameRequest& request, const FeatureSet& set);
 
-    /// Turns to another layer.
-    void Open(OGRLayer& layer, LayerRole role);
-    /// The name of a feature of that layer; none where it has none, or no names are wanted.
-    FeatureName Of(const OGRFeature& feature) const;
-    /// True when names are wanted and no layer had the attribute that holds them. A layer without features and
-    /// attributes gives the benefit of the doubt.
-    bool AreMissing() const { return request.wanted && !found; }
+    /// The attributes that may say something.
+    static std::vector<std::string> Fields(const NameRequest& request);
+
+    /// The name of a feature; none where it has none, or no names are wanted.
+    FeatureName Of(const SetFeature& feature) const;
+    /// The attribute that holds the names; empty if there is none.
+    const std::string& Field() const { return nameField; }
 
 private:
-    /// The indices of attributes; -1 for none.
-    struct Fields
-    {
-        int name = -1;
-        int capital = -1;
-        int rank = -1;
-        int population = -1;
-    };
+    double NumberOr(double otherwise, const SetFeature& feature, const std::string& field) const;
+    bool IsCapital(const SetFeature& feature) const;
 
-    NameRequest request;
-    Fields fields;
-    bool found = false;
+    const FeatureSet& set;
+    bool wanted;
+    std::string nameField;
+    std::string capitalField;
+    std::string codeField;
+    std::string rankField;
+    std::string populationField;
 };
 
 /// The message for names that no layer has.

@@ -29,7 +29,7 @@ LonLatGeometry FeatureSet::ToDegrees(const SetFeature& feature) const
                     LonLatGeometry::Part degrees;
                     for (std::size_t i = 0; i < count; ++i)
                     {
-                        const TXPoint place = FromMercator(part[i]);
+                        const TXPoint place = projection.ToDegrees(part[i]);
                         degrees.push_back({place.x, place.y});
                     }
                     if (feature.type == GeometryType::Point)

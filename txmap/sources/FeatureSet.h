@@ -8,7 +8,7 @@
 #include <vector>
 
 #include <txbase/TXPoint.h>
-#include <txmap/map/Mercator.h>
+#include <txmap/map/Projection.h>
 #include <txmap/style/EvaluationContext.h>
 #include <txmap/style/Value.h>
 
@@ -33,7 +33,7 @@ struct SetFeature
 /// Features of one layer of a source, in the order of the source, in few large arrays: a set of a hundred thousand
 /// features is read without as many allocations.
 ///
-/// Geometry is in Mercator coordinates (see `ToMercator`). A feature's parts are its points, one for each; its lines;
+/// Geometry is in the world coordinates of a projection. A feature's parts are its points, one for each; its lines;
 /// or its rings. Rings are closed, their last point is the first. The first ring of a feature is an outer one, and each
 /// ring that turns in the same sense begins another polygon; those that turn the other way are holes of the polygon
 /// before. Nothing else is promised: rings may cross themselves, and points may repeat.
@@ -64,6 +64,7 @@ public:
     /// The geometry in degrees.
     LonLatGeometry ToDegrees(const SetFeature& feature) const;
 
+    Projection projection = Projection::WebMercator();
     std::vector<SetFeature> features;
     std::vector<TZObjects::TXPoint> points;
     std::vector<int> counts; ///< How many points each part has.

@@ -11,6 +11,9 @@ using TZObjects::TXPoint;
 namespace
 {
 
+// A world further on each side, for data that crosses the date line or counts from 0 to 360.
+constexpr double kFarthestLongitude = 540.0;
+
 constexpr MercatorBox kNothing{1e300, 1e300, -1e300, -1e300};
 
 void Include(MercatorBox& all, const MercatorBox& box)
@@ -42,6 +45,12 @@ std::uint32_t FeatureSetBuilder::ValueNumber(Value value)
     return static_cast<std::uint32_t>(set.values.size() - 1);
 }
 
+void FeatureSetBuilder::AddPosition(const TXPoint& degrees)
+{
+    const double longitude = std::clamp(degrees.x, -kFarthestLongitude, kFarthestLongitude);
+    AddPoint(set.projection.ToWorld(longitude, degrees.y));
+}
+
 void FeatureSetBuilder::CloseRing()
 {
     if (PartSize() == 0)
@@ -55,12 +64,22 @@ void FeatureSetBuilder::EndPart()
 {
     if (feature.type == GeometryType::Polygon)
         CloseRing();
+    else if (joins && feature.type == GeometryType::LineString)
+        UnwrapLine(set.points, partStart);
     KeepPart();
 }
 
 void FeatureSetBuilder::EndRing(bool outer)
 {
     CloseRing();
+    if (joins && PartSize() > 2)
+    {
+        UnwrapRing(set.points, partStart, set.projection.World());
+        if (outer)
+            outerSpan = SpanOf(set.points, partStart);
+        else
+            MoveInto(outerSpan, set.points, partStart);
+    }
     const auto begin = set.points.begin() + static_cast<std::ptrdiff_t>(partStart);
     if (PartSize() > 2 && (TwiceSignedArea(&*begin, PartSize()) > 0.0) != outer)
         std::reverse(begin, set.points.end());

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include <txmap/map/DateLine.h>
 #include <txmap/map/Mercator.h>
 #include <txmap/sources/FeatureSet.h>
 
@@ -40,6 +41,10 @@ public:
     {
     }
 
+    /// Makes lines and rings continuous that go on at the other side of the map behind the date line, and closes rings
+    /// that run round a pole beyond it. Without it, an edge across the map is taken for what it says.
+    void JoinAtDateLine() { joins = true; }
+
     void Begin(GeometryType type, Value id = {});
     /// Changes the type of the feature that has begun.
     void SetType(GeometryType type) { feature.type = type; }
@@ -52,7 +57,10 @@ public:
     void AddTag(std::uint32_t key, std::uint32_t value) { set.tags.push_back({key, value}); }
     void AddTag(std::uint32_t key, Value value) { AddTag(key, ValueNumber(std::move(value))); }
 
-    /// Adds a point to the part that is being made.
+    /// Adds a position in degrees to the part that is being made. Positions beyond all worlds that a map shows go to
+    /// their edge.
+    void AddPosition(const TZObjects::TXPoint& degrees);
+    /// Adds a point in world coordinates.
     void AddPoint(const TZObjects::TXPoint& point) { set.points.push_back(point); }
     /// How many points that part has.
     std::size_t PartSize() const { return set.points.size() - partStart; }
@@ -76,6 +84,8 @@ private:
     FeatureSet& set;
     std::optional<VisibleWorlds> visible;
     bool keepsWhole;
+    bool joins = false;
+    WorldSpan outerSpan; ///< Of the last outer ring.
     MercatorBox extent{1e300, 1e300, -1e300, -1e300};
     MercatorBox featureBox; ///< Around the parts that were kept of the feature.
     SetFeature feature;

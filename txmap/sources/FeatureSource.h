@@ -15,7 +15,7 @@
 namespace txmap
 {
 
-class MercatorView;
+class MapView;
 class SourceDiagnostics;
 class SourceFolder;
 
@@ -29,17 +29,21 @@ struct FeatureRequest
     double margin = 0.0;
     /// Keeps features as a whole, because some expression asks for their geometry: `within` and `distance`.
     bool keepsWholeFeatures = false;
+    /// Joins what goes on at the other side of the map: see `FeatureSetBuilder::JoinAtDateLine`.
+    bool joinsAtDateLine = false;
+    /// Of a file with several layers, the first is read that may hold such geometry; nothing for the first of all.
+    std::optional<GeometryType> geometry = std::nullopt;
 };
 
 /// Features, and where they are drawn.
 struct PlacedFeatures
 {
     std::shared_ptr<const FeatureSet> features;
-    /// How many worlds to the east they are drawn, once for each (see `MercatorView::ToPixels`).
+    /// How many worlds to the east they are drawn, once for each (see `MapView::ToPixels`).
     std::vector<int> worlds;
     /// The tile that they come from; nothing for a source without tiles. Features reach beyond their tile, and are in
-    /// the neighbouring one, too: fills are cut to `MercatorView::AlignedToPixels` of this box, lines are drawn with
-    /// `MercatorView::PixelsOf` of it as clip, and points outside belong to the neighbour.
+    /// the neighbouring one, too: fills are cut to `MapView::AlignedToPixels` of this box, lines are drawn with
+    /// `MapView::PixelsOf` of it as clip, and points outside belong to the neighbour.
     std::optional<MercatorBox> tile;
     /// The zoom of that tile.
     std::optional<int> tileZoom;
@@ -61,12 +65,17 @@ public:
     virtual ~FeatureSource() = default;
 
     /// Reads what a view shows. Every tile is decoded once. @throw Failure with `ExitCode::Data`.
-    virtual void Load(const MercatorView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics) = 0;
+    virtual void Load(const MapView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics) = 0;
+    /// Shows what was read in another view of the same projection, which sees no more of the world. What is kept in
+    /// tiles stays as it is. @param margin as in the request.
+    virtual void ShowIn(const MapView& /*view*/, double /*margin*/) {}
     /// The features of a source layer, "" for a source without layers; none for one that there is not.
     virtual const std::vector<PlacedFeatures>& Features(const std::string& sourceLayer) const = 0;
     /// The box around everything that the source has, in degrees of longitude and latitude as Mercator coordinates;
     /// nothing if it is not known or there is nothing.
     virtual std::optional<MercatorBox> Extent() const { return std::nullopt; }
+    /// The layer of a file that was read, if the file has several and the source does not name it; else empty.
+    virtual std::string ChosenLayer() const { return {}; }
 };
 
 /// Makes the source of features that a source of type `geojson` or `vector` of a style describes.

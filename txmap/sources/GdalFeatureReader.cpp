@@ -70,6 +70,25 @@ Value ValueOf(const OGRFeature& feature, int field, const OGRFieldDefn& definiti
     }
 }
 
+/// False for a layer that says that it holds other geometry. Areas have outlines, so they are lines, too.
+bool MayHold(OGRLayer& layer, const std::optional<GeometryType>& wanted)
+{
+    const OGRwkbGeometryType type = wkbFlatten(layer.GetGeomType());
+    if (!wanted || type == wkbUnknown || type == wkbGeometryCollection || type == wkbNone)
+        return type != wkbNone;
+    const bool isArea = OGR_GT_IsSurface(type) || OGR_GT_IsSubClassOf(type, wkbMultiSurface);
+    const bool isLine = OGR_GT_IsCurve(type) || OGR_GT_IsSubClassOf(type, wkbMultiCurve);
+    return isArea || (isLine && wanted == GeometryType::LineString);
+}
+
+/// True when the coordinates of a layer without a coordinate system can be degrees.
+bool LooksLikeDegrees(OGRLayer& layer)
+{
+    OGREnvelope box;
+    return layer.GetExtent(&box, TRUE) != OGRERR_NONE ||
+           !(IsFarFromDegrees({box.MinX, box.MinY}) || IsFarFromDegrees({box.MaxX, box.MaxY}));
+}
+
 /// Reads one layer.
 class LayerReader
 {
@@ -80,6 +99,8 @@ public:
     {
         OGRSpatialReference degrees = Degrees();
         const OGRSpatialReference* const system = layer.GetSpatialRef();
+        if (!system && !LooksLikeDegrees(layer))
+            throw Failure(ExitCode::Data, name + ": has no coordinate system, and its coordinates are not degrees");
         if (!system || system->IsSame(&degrees))
             return;
         toDegrees.reset(OGRCreateCoordinateTransformation(system, &degrees));
@@ -115,8 +136,8 @@ public:
         if (toDegrees && !toDegrees->TransformBounds(box.MinX, box.MinY, box.MaxX, box.MaxY, &box.MinX, &box.MinY,
                                                      &box.MaxX, &box.MaxY, 21))
             return std::nullopt;
-        const TXPoint northWest = PlaceOfDegrees({box.MinX, box.MaxY});
-        const TXPoint southEast = PlaceOfDegrees({box.MaxX, box.MinY});
+        const TXPoint northWest = set.projection.ToWorld(box.MinX, box.MaxY);
+        const TXPoint southEast = set.projection.ToWorld(box.MaxX, box.MinY);
         return MercatorBox{northWest.x, northWest.y, southEast.x, southEast.y};
     }
 
@@ -147,8 +168,8 @@ private:
     {
         if (visible.right - visible.left >= 1.0 || visible.left < 0.0 || visible.right > 1.0)
             return;
-        const TXPoint northWest = FromMercator({visible.left, visible.top});
-        const TXPoint southEast = FromMercator({visible.right, visible.bottom});
+        const TXPoint northWest = set.projection.ToDegrees({visible.left, visible.top});
+        const TXPoint southEast = set.projection.ToDegrees({visible.right, visible.bottom});
         double box[4] = {northWest.x, southEast.y, southEast.x, northWest.y};
         if (box[1] < -85.0)
             box[1] = -90.0;
@@ -267,7 +288,7 @@ private:
         if (!std::isfinite(x) || !std::isfinite(y))
             return;
         hasFarPositions = hasFarPositions || IsFarFromDegrees({x, y});
-        builder.AddPoint(PlaceOfDegrees({x, y}));
+        builder.AddPosition({x, y});
     }
 
     struct Field
@@ -294,17 +315,25 @@ private:
 
 std::optional<MercatorBox> GdalFeatureReader::Read(const std::optional<MercatorBox>& visible,
                                                    FeatureSetBuilder& builder, FeatureSet& set,
-                                                   SourceDiagnostics& diagnostics) const
+                                                   SourceDiagnostics& diagnostics)
 {
     const VectorSource data(name);
+    std::vector<OGRLayer*> suitable;
+    for (OGRLayer* const layer : data.Layers())
+        if (MayHold(*layer, geometry))
+            suitable.push_back(layer);
+    if (suitable.empty())
+        throw Failure(ExitCode::Data, name + (!geometry                            ? ": has no geometry"
+                                              : *geometry == GeometryType::Polygon ? ": has no layer of areas"
+                                                                                   : ": has no layer of lines"));
     if (data.Layers().size() > 1)
-    {
-        std::string others;
-        for (std::size_t i = 1; i < data.Layers().size(); ++i)
-            others += (i > 1 ? ", " : "") + std::string(data.Layers()[i]->GetName());
-        diagnostics.Warn(name + ": has more layers than the first, which are not drawn: " + others);
-    }
-    LayerReader reader(*data.Layers().front(), name, options, builder, set);
+        chosenLayer = suitable.front()->GetName();
+    std::string others;
+    for (std::size_t i = 1; i < suitable.size(); ++i)
+        others += (i > 1 ? ", " : "") + std::string(suitable[i]->GetName());
+    if (!others.empty())
+        diagnostics.Warn(name + ": has more layers than " + chosenLayer + ", which are not drawn: " + others);
+    LayerReader reader(*suitable.front(), name, options, builder, set);
     const std::optional<MercatorBox> extent = reader.Extent();
     reader.Read(visible);
     if (reader.HasFarPositions())

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include <txmap/map/Mercator.h>
 #include <txmap/sources/FeatureSetBuilder.h>
 
 namespace txmap
@@ -43,11 +42,6 @@ const TypeOfGeometry* FindType(const std::string& name)
 
 } // namespace
 
-TXPoint PlaceOfDegrees(const TXPoint& degrees)
-{
-    return ToMercator(std::clamp(degrees.x, -kFarthestLongitude, kFarthestLongitude), degrees.y);
-}
-
 bool IsFarFromDegrees(const TXPoint& position)
 {
     return std::abs(position.x) > kFarthestLongitude + 1.0 || std::abs(position.y) > 91.0;
@@ -83,7 +77,7 @@ void GeoJsonGeometry::EndArray()
         pointDepth = depth;
         numbers = 0;
         far = far || IsFarFromDegrees(position);
-        points.push_back(PlaceOfDegrees(position));
+        points.push_back(position);
     }
     else
         endings.push_back({depth, points.size()});
@@ -100,7 +94,7 @@ bool GeoJsonGeometry::AddTo(FeatureSetBuilder& builder) const
     {
         for (const TXPoint& point : points)
         {
-            builder.AddPoint(point);
+            builder.AddPosition(point);
             builder.EndPart();
         }
         return true;
@@ -119,7 +113,7 @@ bool GeoJsonGeometry::AddTo(FeatureSetBuilder& builder) const
         if (ending.depth != partDepth)
             continue;
         for (; next < ending.points; ++next)
-            builder.AddPoint(points[next]);
+            builder.AddPosition(points[next]);
         if (known->type == GeometryType::Polygon)
             builder.EndRing(outer);
         else

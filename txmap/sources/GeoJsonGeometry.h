@@ -45,7 +45,7 @@ private:
     };
 
     std::string type;
-    std::vector<TZObjects::TXPoint> points; ///< In Mercator coordinates.
+    std::vector<TZObjects::TXPoint> points; ///< In degrees.
     std::vector<Ending> endings;
     int depth = 0;
     int pointDepth = 0; ///< The depth of positions; 0 while there is none.
@@ -54,9 +54,6 @@ private:
     bool broken = false;
     bool far = false;
 };
-
-/// The place of a position in degrees. Positions beyond all worlds that a map shows go to their edge.
-TZObjects::TXPoint PlaceOfDegrees(const TZObjects::TXPoint& degrees);
 
 /// True when a position can be no degrees, by far.
 bool IsFarFromDegrees(const TZObjects::TXPoint& position);

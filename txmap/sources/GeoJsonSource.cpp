@@ -1,12 +1,12 @@
 #include <txmap/sources/GeoJsonSource.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <filesystem>
 
-#include <txmap/map/MercatorView.h>
+#include <txmap/map/MapView.h>
 #include <txmap/sources/FeatureSetBuilder.h>
+#include <txmap/sources/Gdal.h>
 #include <txmap/sources/GdalFeatureReader.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/sources/SourcePath.h>
@@ -18,16 +18,6 @@ namespace
 {
 
 constexpr std::size_t kLimit = std::size_t{1} << 30;
-
-/// True for what a driver of GDAL knows by its first word, as "PG:dbname=world". Paths of one letter and a colon are
-/// drives, and addresses have two slashes.
-bool IsConnection(const std::string& address)
-{
-    const std::size_t colon = address.find(':');
-    return colon != std::string::npos && colon > 1 && address.compare(colon, 3, "://") != 0 &&
-           std::all_of(address.begin(), address.begin() + static_cast<std::ptrdiff_t>(colon),
-                       [](unsigned char c) { return std::isalnum(c) || c == '_'; });
-}
 
 bool EndsWith(const std::string& text, const std::string& end)
 {
@@ -94,16 +84,24 @@ std::optional<std::string> GeoJsonSource::ReadText() const
     return ReadSourceFile(path, kLimit);
 }
 
-FeatureSet GeoJsonSource::ReadFeatures(const std::optional<MercatorBox>& box, bool keepsWhole,
-                                       SourceDiagnostics& diagnostics)
+FeatureSet GeoJsonSource::ReadFeatures(const Projection& projection, const std::optional<MercatorBox>& box,
+                                       const FeatureRequest& request, SourceDiagnostics& diagnostics)
 {
-    const std::optional<VisibleWorlds> visible = box ? std::optional(VisibleWorlds(*box)) : std::nullopt;
     FeatureSet set;
+    set.projection = projection;
+    const auto makeBuilder = [&]
+    {
+        FeatureSetBuilder builder(set, box ? std::optional(VisibleWorlds(*box)) : std::nullopt,
+                                  request.keepsWholeFeatures);
+        if (request.joinsAtDateLine)
+            builder.JoinAtDateLine();
+        return builder;
+    };
     std::string problem;
     const std::optional<std::string> text = inlineData.is_null() ? ReadText() : std::nullopt;
     if (text || !inlineData.is_null())
     {
-        FeatureSetBuilder builder(set, visible, keepsWhole);
+        FeatureSetBuilder builder = makeBuilder();
         const GeoJsonResult result =
             text ? ReadGeoJsonText(*text, options, builder, set) : ReadGeoJson(inlineData, options, builder, set);
         if (!text || !result.isOther)
@@ -115,11 +113,14 @@ FeatureSet GeoJsonSource::ReadFeatures(const std::optional<MercatorBox>& box, bo
         problem = result.problem;
         // Something of it may have been read before it turned out to be for GDAL.
         set = FeatureSet();
+        set.projection = projection;
     }
-    FeatureSetBuilder builder(set, visible, keepsWhole);
+    FeatureSetBuilder builder = makeBuilder();
     try
     {
-        extent = GdalFeatureReader(path, options).Read(box, builder, set, diagnostics);
+        GdalFeatureReader reader(path, options, request.geometry);
+        extent = reader.Read(box, builder, set, diagnostics);
+        chosenLayer = reader.ChosenLayer();
     }
     catch (const Failure&)
     {
@@ -151,7 +152,7 @@ void GeoJsonSource::WantProperties(const FeatureRequest& request)
     options.properties = all ? WantedProperties() : WantedProperties(std::move(names));
 }
 
-void GeoJsonSource::Load(const MercatorView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics)
+void GeoJsonSource::Load(const MapView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics)
 {
     WantProperties(request);
     const MercatorBox box = view.Visible(request.margin);
@@ -159,20 +160,28 @@ void GeoJsonSource::Load(const MercatorView& view, const FeatureRequest& request
     if (clusters)
     {
         // What is seen may stand for points that are not.
-        const FeatureSet all = ReadFeatures(std::nullopt, false, diagnostics);
+        FeatureRequest whole = request;
+        whole.keepsWholeFeatures = false;
+        const FeatureSet all = ReadFeatures(view.MapProjection(), std::nullopt, whole, diagnostics);
         FeatureSetBuilder builder(*set, VisibleWorlds(box));
         AddClusters(all, *clusters, std::max(0, static_cast<int>(std::floor(view.Zoom()))), builder);
     }
     else
-        *set = ReadFeatures(box, request.keepsWholeFeatures, diagnostics);
+        *set = ReadFeatures(view.MapProjection(), box, request, diagnostics);
     if (extent && extent->right < extent->left)
         extent.reset();
     placed.clear();
     if (!set->IsEmpty())
     {
-        std::vector<int> worlds = view.WorldsThatShow(set->bounds, request.margin);
-        placed.push_back({std::move(set), std::move(worlds), std::nullopt, std::nullopt});
+        placed.push_back({std::move(set), {}, std::nullopt, std::nullopt});
+        ShowIn(view, request.margin);
     }
+}
+
+void GeoJsonSource::ShowIn(const MapView& view, double margin)
+{
+    for (PlacedFeatures& features : placed)
+        features.worlds = view.WorldsThatShow(features.features->bounds, margin);
 }
 
 const std::vector<PlacedFeatures>& GeoJsonSource::Features(const std::string& /*sourceLayer*/) const { return placed; }

@@ -21,15 +21,18 @@ public:
     /// @throw Failure with `ExitCode::Data` if `data` cannot be.
     GeoJsonSource(const std::string& name, const Json& source, const SourceFolder& folder, SourceFilter filter);
 
-    void Load(const MercatorView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics) override;
+    void Load(const MapView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics) override;
+    void ShowIn(const MapView& view, double margin) override;
     const std::vector<PlacedFeatures>& Features(const std::string& sourceLayer) const override;
     std::optional<MercatorBox> Extent() const override { return extent; }
+    std::string ChosenLayer() const override { return chosenLayer; }
 
 private:
     std::optional<std::string> ReadText() const;
     void WantProperties(const FeatureRequest& request);
     /// Reads what lies in a box, or all that there is.
-    FeatureSet ReadFeatures(const std::optional<MercatorBox>& box, bool keepsWhole, SourceDiagnostics& diagnostics);
+    FeatureSet ReadFeatures(const Projection& projection, const std::optional<MercatorBox>& box,
+                            const FeatureRequest& request, SourceDiagnostics& diagnostics);
     void Check(const GeoJsonResult& result, SourceDiagnostics& diagnostics) const;
 
     std::string name;
@@ -39,6 +42,7 @@ private:
     std::optional<ClusterOptions> clusters; ///< Nothing for points that stand for themselves.
     std::vector<PlacedFeatures> placed;
     std::optional<MercatorBox> extent;
+    std::string chosenLayer;
 };
 
 } // namespace txmap

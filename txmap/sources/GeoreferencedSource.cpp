@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include <txmap/map/MercatorView.h>
-#include <txmap/map/View.h>
+#include <txmap/map/AtlasView.h>
 #include <txmap/support/Failure.h>
 
 namespace txmap
@@ -16,20 +15,14 @@ namespace
 constexpr double kLongestSide = 40000.0;
 constexpr double kMostPixels = 4e8;
 
-/// The Mercator coordinates of a place on the map of a view in Web Mercator metres.
-double FromMetres(double metres)
-{
-    static const double kWorld = Projection::WebMercator().Forward(360.0, 0.0).x;
-    return metres / kWorld + 0.5;
-}
-
 } // namespace
 
-WarpWindow WindowFor(const MercatorView& view, double margin)
+WarpWindow WindowFor(const MapView& view, double margin)
 {
     MercatorBox box = view.Visible(margin);
-    box.top = std::max(box.top, 0.0);
-    box.bottom = std::min(box.bottom, 1.0);
+    const MercatorBox world = view.MapProjection().World();
+    box.top = std::max(box.top, world.top);
+    box.bottom = std::min(box.bottom, world.bottom);
     if (box.right - box.left >= 1.0)
     {
         box.left = 0.0;
@@ -45,19 +38,21 @@ WarpWindow WindowFor(const MercatorView& view, double margin)
     return {box, static_cast<int>(width), static_cast<int>(height)};
 }
 
-void GeoreferencedSource::Load(const MercatorView& view, SourceDiagnostics& /*diagnostics*/)
+void GeoreferencedSource::Load(const MapView& view, SourceDiagnostics& /*diagnostics*/)
 {
     images.clear();
     const WarpWindow window = WindowFor(view);
-    const TZObjects::TXPoint northWest = FromMercator({window.box.left, window.box.top});
-    const TZObjects::TXPoint southEast = FromMercator({window.box.right, window.box.bottom});
-    const View flat(Projection::WebMercator(), GeoBox{northWest.x, southEast.y, southEast.x, northWest.y},
-                    PixelSize{window.width, window.height});
-    auto raster = std::make_shared<Raster>(ReadRaster(file, flat, file));
+    const Projection& projection = view.MapProjection();
+    const TZObjects::TXPoint northWest = projection.ToDegrees({window.box.left, window.box.top});
+    const TZObjects::TXPoint southEast = projection.ToDegrees({window.box.right, window.box.bottom});
+    const AtlasView flat(projection, GeoBox{northWest.x, southEast.y, southEast.x, northWest.y},
+                         PixelSize{window.width, window.height});
+    auto raster = std::make_shared<Raster>(ReadRaster(file, flat, name));
     // The view shows the box, and a little more where the proportions differ by a part of a pixel.
-    const MercatorBox box{FromMetres(flat.Origin().x), 1.0 - FromMetres(flat.Origin().y),
-                          FromMetres(flat.Origin().x + flat.Size().width / flat.Scale()),
-                          1.0 - FromMetres(flat.Origin().y - flat.Size().height / flat.Scale())};
+    const TZObjects::TXPoint start = flat.ToPlace({0.0, 0.0});
+    const TZObjects::TXPoint end =
+        flat.ToPlace({static_cast<double>(flat.Size().width), static_cast<double>(flat.Size().height)});
+    const MercatorBox box{start.x, start.y, end.x, end.y};
     std::vector<int> worlds = view.WorldsThatShow(box);
     images.push_back({std::move(raster), CornersOf(box), std::move(worlds), std::nullopt});
 }

@@ -17,18 +17,21 @@ struct WarpWindow
 };
 
 /// What is needed of a raster for a view: what is visible, a pixel for each of the picture's, or all of one world.
-WarpWindow WindowFor(const MercatorView& view, double margin = 0.0);
+WarpWindow WindowFor(const MapView& view, double margin = 0.0);
 
 /// A georeferenced file that GDAL reads, in whatever coordinate system.
 class GeoreferencedSource final : public RasterSource
 {
 public:
-    explicit GeoreferencedSource(std::string file) : file(std::move(file)) {}
+    explicit GeoreferencedSource(const std::string& file) : GeoreferencedSource(file, file) {}
+    /// @param name what the file is called in messages.
+    GeoreferencedSource(std::string file, std::string name) : file(std::move(file)), name(std::move(name)) {}
 
-    void Load(const MercatorView& view, SourceDiagnostics& diagnostics) override;
+    void Load(const MapView& view, SourceDiagnostics& diagnostics) override;
 
 private:
     std::string file;
+    std::string name;
 };
 
 } // namespace txmap

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include <txmap/map/MercatorView.h>
+#include <txmap/map/MapView.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/sources/SourcePath.h>
 #include <txmap/style/operators/OverloadedOperator.h>
@@ -63,7 +63,7 @@ double ReachOf(const StyleLayer& layer, double zoom)
     return std::min(reach, kLongestReach);
 }
 
-FeatureRequest RequestFor(const StyleSource& source, const MapStyle& style, const MercatorView& view)
+FeatureRequest RequestFor(const StyleSource& source, const MapStyle& style, const MapView& view)
 {
     FeatureRequest request;
     for (const StyleLayer& layer : style.layers)
@@ -88,16 +88,17 @@ FeatureRequest RequestFor(const StyleSource& source, const MapStyle& style, cons
 
 } // namespace
 
-MapData::MapData(const MapStyle& style, const SourceFolder& folder, const MercatorView& view,
-                 SourceDiagnostics& diagnostics)
-    : sprites(style.sprites, folder, view.Scale(), diagnostics)
+MapData::MapData(const MapStyle& style, const SourceFolder& folder, const MapView& view, SourceDiagnostics& diagnostics,
+                 LoadedSources loaded)
+    : features(std::move(loaded.features)), images(std::move(loaded.images)),
+      sprites(style.sprites, folder, view.Scale(), diagnostics)
 {
     for (const StyleSource& source : style.sources)
     {
         const bool isUsed = std::any_of(style.layers.begin(), style.layers.end(),
                                         [&](const StyleLayer& layer)
                                         { return layer.source == source.name && layer.IsShownAt(view.Zoom()); });
-        if (!isUsed)
+        if (!isUsed || features.count(source.name) > 0 || images.count(source.name) > 0)
             continue;
         try
         {
@@ -110,8 +111,8 @@ MapData::MapData(const MapStyle& style, const SourceFolder& folder, const Mercat
     }
 }
 
-void MapData::Read(const StyleSource& source, const MapStyle& style, const SourceFolder& folder,
-                   const MercatorView& view, SourceDiagnostics& diagnostics)
+void MapData::Read(const StyleSource& source, const MapStyle& style, const SourceFolder& folder, const MapView& view,
+                   SourceDiagnostics& diagnostics)
 {
     if (source.type == "geojson" || source.type == "vector")
     {

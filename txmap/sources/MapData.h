@@ -14,17 +14,25 @@
 namespace txmap
 {
 
-class MercatorView;
+class MapView;
 class SourceDiagnostics;
 class SourceFolder;
+
+/// Sources that were read before their style was made.
+struct LoadedSources
+{
+    std::map<std::string, std::unique_ptr<FeatureSource>> features; ///< By their names in the style.
+    std::map<std::string, std::unique_ptr<RasterSource>> images;
+};
 
 /// Everything that a picture of a style is made of: what the sources have in the view, and the sprites.
 class MapData
 {
 public:
-    /// Reads it. Sources that no layer draws in this view are left alone. @throw Failure with `ExitCode::Data`.
-    MapData(const MapStyle& style, const SourceFolder& folder, const MercatorView& view,
-            SourceDiagnostics& diagnostics);
+    /// Reads it. Sources that no layer draws in this view are left alone. @param loaded what need not be read.
+    /// @throw Failure with `ExitCode::Data`.
+    MapData(const MapStyle& style, const SourceFolder& folder, const MapView& view, SourceDiagnostics& diagnostics,
+            LoadedSources loaded = {});
 
     /// What a layer draws; nothing if its source could not be read.
     const std::vector<PlacedFeatures>& Features(const StyleLayer& layer) const;
@@ -33,7 +41,7 @@ public:
     const Sprites& Pictures() const { return sprites; }
 
 private:
-    void Read(const StyleSource& source, const MapStyle& style, const SourceFolder& folder, const MercatorView& view,
+    void Read(const StyleSource& source, const MapStyle& style, const SourceFolder& folder, const MapView& view,
               SourceDiagnostics& diagnostics);
 
     std::map<std::string, std::unique_ptr<FeatureSource>> features;

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <stdexcept>
 
-#include <txmap/map/MercatorView.h>
+#include <txmap/map/MapView.h>
 #include <txmap/sources/GeoJsonGeometry.h>
 #include <txmap/sources/ImageDecoder.h>
 #include <txmap/sources/SourceDiagnostics.h>
@@ -38,11 +38,11 @@ QuadImageSource::QuadImageSource(const std::string& name, const Json& source, co
         !std::all_of(given->begin(), given->end(), IsPosition))
         throw Failure(ExitCode::Data, "the source " + name + " has no four corners");
     for (std::size_t i = 0; i < corners.size(); ++i)
-        corners[i] = PlaceOfDegrees({(*given)[i][0].get<double>(), (*given)[i][1].get<double>()});
+        corners[i] = ToMercator((*given)[i][0].get<double>(), (*given)[i][1].get<double>());
     file = folder.PathOf(url->get<std::string>());
 }
 
-void QuadImageSource::Load(const MercatorView& view, SourceDiagnostics& diagnostics)
+void QuadImageSource::Load(const MapView& view, SourceDiagnostics& diagnostics)
 {
     images.clear();
     MercatorBox box{1e300, 1e300, -1e300, -1e300};

@@ -15,7 +15,7 @@ public:
     /// @throw Failure with `ExitCode::Data` if the corners or the file are none.
     QuadImageSource(const std::string& name, const Json& source, const SourceFolder& folder);
 
-    void Load(const MercatorView& view, SourceDiagnostics& diagnostics) override;
+    void Load(const MapView& view, SourceDiagnostics& diagnostics) override;
 
 private:
     std::string file;

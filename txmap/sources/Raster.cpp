@@ -117,7 +117,7 @@ GDALDatasetUniquePtr Selected(GDALDataset& dataset, const RasterBands& bands, co
 }
 
 /// A raster in memory that has the size of the picture, the bands to draw, and last one of opacity.
-GDALDatasetUniquePtr MakeTarget(const View& view, const RasterBands& bands, const std::string& name)
+GDALDatasetUniquePtr MakeTarget(const MapView& view, const RasterBands& bands, const std::string& name)
 {
     GDALDriver* const memory = GetGDALDriverManager()->GetDriverByName("MEM");
     const int count = static_cast<int>(bands.colors.size()) + 1;
@@ -134,23 +134,25 @@ GDALDatasetUniquePtr MakeTarget(const View& view, const RasterBands& bands, cons
 
 /// In which worlds, so many degrees to the east, a part of the raster may lie that the view shows. Rasters in degrees
 /// lie between -180 and 180 or between 0 and 360, and the view may reach to both sides of either.
-std::vector<double> WorldsOf(const GDALDataset& dataset, const View& view)
+std::vector<double> WorldsOf(const GDALDataset& dataset, const MapView& view)
 {
     const OGRSpatialReference* const system = dataset.GetSpatialRef();
-    const bool crossesDateLine = view.Visible().west < -180.001 || view.Visible().east > 180.001;
+    const GeoBox visible = view.VisibleDegrees();
+    const bool crossesDateLine = visible.west < -180.001 || visible.east > 180.001;
     if (system && system->IsProjected() && !crossesDateLine)
         return {0.0};
     return {0.0, -kTurn, kTurn};
 }
 
 /// Warps into an empty target what lies in the picture of the world that is so many degrees to the east.
-void Warp(GDALDataset& source, GDALDataset& target, const View& view, double degrees, const RasterBands& bands,
+void Warp(GDALDataset& source, GDALDataset& target, const MapView& view, double degrees, const RasterBands& bands,
           const std::string& name)
 {
-    const double size = 1.0 / view.Scale();
-    const Projection& projection = view.MapProjection();
-    const double moved = projection.Forward(degrees, 0.0).x - projection.Forward(0.0, 0.0).x;
-    std::array<double, 6> transform = {view.Origin().x + moved, size, 0.0, view.Origin().y, 0.0, -size};
+    const double circumference = view.MapProjection().Circumference();
+    const double size = circumference / view.WorldSize();
+    const TZObjects::TXPoint corner = view.ToPlace({0.0, 0.0});
+    std::array<double, 6> transform = {
+        (corner.x - 0.5 + degrees / kTurn) * circumference, size, 0.0, (0.5 - corner.y) * circumference, 0.0, -size};
     target.SetGeoTransform(transform.data());
 
     CPLStringList arguments;
@@ -179,7 +181,7 @@ void FillGaps(std::vector<std::uint32_t>& pixels, std::vector<std::uint32_t> oth
 
 bool Raster::IsBlank() const { return std::all_of(pixels.begin(), pixels.end(), IsTransparent); }
 
-Raster ReadRaster(const std::string& file, const View& view, const std::string& name)
+Raster ReadRaster(const std::string& file, const MapView& view, const std::string& name)
 {
     const GDALDatasetUniquePtr dataset = Open(file, name);
     const RasterBands bands = BandsOf(*dataset);

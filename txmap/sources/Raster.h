@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include <txmap/map/View.h>
+#include <txmap/map/MapView.h>
 
 namespace txmap
 {
@@ -24,6 +24,6 @@ struct Raster
 /// that two of a hundred fall below and exceed, over the whole raster and all of its colours alike.
 /// @param name what the file is called in messages.
 /// @throw Failure with `ExitCode::Data` when GDAL cannot.
-Raster ReadRaster(const std::string& file, const View& view, const std::string& name);
+Raster ReadRaster(const std::string& file, const MapView& view, const std::string& name);
 
 } // namespace txmap

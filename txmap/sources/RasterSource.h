@@ -14,7 +14,7 @@
 namespace txmap
 {
 
-class MercatorView;
+class MapView;
 class SourceDiagnostics;
 class SourceFolder;
 
@@ -27,7 +27,7 @@ struct PlacedImage
     std::array<TZObjects::TXPoint, 4> corners;
     /// How many worlds to the east it is drawn, once for each.
     std::vector<int> worlds;
-    /// The tile that it is. Neighbouring tiles meet where `MercatorView::AlignedToPixels` says.
+    /// The tile that it is. Neighbouring tiles meet where `MapView::AlignedToPixels` says.
     std::optional<MercatorBox> tile;
 };
 
@@ -38,7 +38,7 @@ public:
     virtual ~RasterSource() = default;
 
     /// Reads what a view shows. @throw Failure with `ExitCode::Data`.
-    virtual void Load(const MercatorView& view, SourceDiagnostics& diagnostics) = 0;
+    virtual void Load(const MapView& view, SourceDiagnostics& diagnostics) = 0;
     const std::vector<PlacedImage>& Images() const { return images; }
 
 protected:

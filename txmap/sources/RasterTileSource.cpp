@@ -2,14 +2,14 @@
 
 #include <stdexcept>
 
-#include <txmap/map/MercatorView.h>
+#include <txmap/map/MapView.h>
 #include <txmap/sources/ImageDecoder.h>
 #include <txmap/sources/SourceDiagnostics.h>
 
 namespace txmap
 {
 
-void RasterTileSource::Load(const MercatorView& view, SourceDiagnostics& diagnostics)
+void RasterTileSource::Load(const MapView& view, SourceDiagnostics& diagnostics)
 {
     images.clear();
     for (const CoveringTile& tile : CoveringTiles(view, tiles.Pyramid()))

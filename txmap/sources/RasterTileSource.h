@@ -17,7 +17,7 @@ public:
     {
     }
 
-    void Load(const MercatorView& view, SourceDiagnostics& diagnostics) override;
+    void Load(const MapView& view, SourceDiagnostics& diagnostics) override;
 
 private:
     TileSet tiles;

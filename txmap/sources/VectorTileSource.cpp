@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include <txmap/map/MercatorView.h>
+#include <txmap/map/MapView.h>
 #include <txmap/sources/SourceDiagnostics.h>
 
 namespace txmap
@@ -12,7 +12,7 @@ VectorTileSource::VectorTileSource(const Json& source, const SourceFolder& folde
 {
 }
 
-void VectorTileSource::Load(const MercatorView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics)
+void VectorTileSource::Load(const MapView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics)
 {
     layers.clear();
     for (const CoveringTile& tile : CoveringTiles(view, tiles.Pyramid()))

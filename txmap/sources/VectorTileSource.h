@@ -17,7 +17,7 @@ public:
     /// @throw Failure with `ExitCode::Data` if the source names no tiles that can be.
     VectorTileSource(const Json& source, const SourceFolder& folder);
 
-    void Load(const MercatorView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics) override;
+    void Load(const MapView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics) override;
     const std::vector<PlacedFeatures>& Features(const std::string& sourceLayer) const override;
     std::optional<MercatorBox> Extent() const override { return tiles.Pyramid().bounds; }
 

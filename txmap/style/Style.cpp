@@ -42,6 +42,7 @@ Style AtlasStyle()
     style.frame = {{98, 84, 74, 255}, 2.4};
     style.overRaster = {{255, 250, 240, 110}, 2.6};
     style.arrow = {{66, 56, 50, 255}, {255, 253, 247, 255}, {255, 252, 244, 190}};
+    style.panel = {255, 253, 247, 225};
     return style;
 }
 

@@ -66,6 +66,7 @@ struct Style
     Stroke frame;      ///< Around a map that is cut to a frame.
     Stroke overRaster; ///< Below the outlines of land that lie over a raster, wider than these.
     ArrowStyle arrow;
+    TZObjects::TXColor panel; ///< Below legends.
 
     /// The colour of a category from `CategoryOf`.
     const TZObjects::TXColor& Fill(int category) const

@@ -6,6 +6,7 @@
 #include <tests/txmap/support/TemporaryFolder.h>
 #include <txmap/atlas/MapFrame.h>
 #include <txmap/cli/ParseFrame.h>
+#include <txmap/map/AtlasView.h>
 #include <txmap/sources/Gdal.h>
 #include <txmap/support/Failure.h>
 
@@ -16,7 +17,7 @@ using ::testing::StartsWith;
 namespace
 {
 
-const View kWorld{Projection::PlateCarree(), {}, PixelSize{360, 180}};
+const AtlasView kWorld{Projection::PlateCarree(), {}, PixelSize{360, 180}};
 constexpr double kLine = 2.0;
 
 std::string MakeRefusal(ExitCode code, const std::string& text)
@@ -42,7 +43,7 @@ TEST(Frame, RoundedLiesInThePictureWithItsLine)
     EXPECT_EQ(frame.Bounds().top, 1.0);
     EXPECT_EQ(frame.Bounds().bottom, 179.0);
     // The world, and not the paper around it, is what gets the frame.
-    const View high{Projection::PlateCarree(), {}, PixelSize{360, 400}};
+    const AtlasView high{Projection::PlateCarree(), {}, PixelSize{360, 400}};
     EXPECT_EQ(MakeFrame(ParseFrame("rounded"), high, kLine).Bounds().top, 111.0);
 }
 
@@ -90,7 +91,7 @@ TEST(Frame, OfAFileOutsideThePictureIsRefused)
     PrepareGdal();
     const TemporaryFolder folder;
     const std::string file = folder.Write("a.geojson", Areas("[[[0,0],[10,0],[10,10],[0,0]]]"));
-    const View america{Projection::PlateCarree(), GeoBox{-100, 30, -60, 50}, {}};
+    const AtlasView america{Projection::PlateCarree(), GeoBox{-100, 30, -60, 50}, {}};
     EXPECT_THAT(RefusalOf(ExitCode::Data, [&] { MakeFrame(ParseFrame(file), america, kLine); }),
                 AllOf(StartsWith("--frame "), HasSubstr("a.geojson")));
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <txmap/cli/ParseNorthArrow.h>
 #include <txmap/drawing/NorthArrow.h>
+#include <txmap/map/AtlasView.h>
 
 using namespace txmap;
 using TZObjects::TXRect;
@@ -11,12 +12,12 @@ using TZObjects::TXRect;
 namespace
 {
 
-TXRect BoxOf(const std::string& text, const View& view, const FrameShape* frame = nullptr, double unit = 1.0)
+TXRect BoxOf(const std::string& text, const MapView& view, const FrameShape* frame = nullptr, double unit = 1.0)
 {
     return NorthArrow(ParseNorthArrow(text), view, frame, unit).Box();
 }
 
-const View kWorld{Projection::PlateCarree(), {}, PixelSize{1000, 500}};
+const AtlasView kWorld{Projection::PlateCarree(), {}, PixelSize{1000, 500}};
 
 } // namespace
 
@@ -31,7 +32,7 @@ TEST(NorthArrow, LiesInItsCornerOfTheWorld)
     const TXRect bottomLeft = BoxOf("bottom-left", kWorld);
     EXPECT_EQ(bottomLeft.left, 1000.0 - topRight.right);
     EXPECT_EQ(bottomLeft.bottom, 500.0 - topRight.top);
-    const View high{Projection::PlateCarree(), {}, PixelSize{1000, 900}};
+    const AtlasView high{Projection::PlateCarree(), {}, PixelSize{1000, 900}};
     EXPECT_EQ(BoxOf("top-left", high).top, 200.0 + topRight.top);
 }
 
@@ -39,7 +40,7 @@ TEST(NorthArrow, HasWholePixelsAndRoomInAnyPicture)
 {
     for (int side = 1; side < 2500; side += 7)
     {
-        const View view{Projection::PlateCarree(), {}, PixelSize{2 * side, side}};
+        const AtlasView view{Projection::PlateCarree(), {}, PixelSize{2 * side, side}};
         const TXRect box = BoxOf("top-right", view, nullptr, side / 1024.0);
         EXPECT_EQ(box.left, std::floor(box.left));
         EXPECT_EQ(static_cast<int>(box.Width()) % 2, 0);

@@ -5,11 +5,11 @@
 
 #include <gtest/gtest.h>
 #include <tests/support/RandomSource.h>
+#include <tests/txmap/support/LoadedLayer.h>
 #include <txmap/labels/InnerPoints.h>
 #include <txmap/labels/VisibleShape.h>
+#include <txmap/map/AtlasView.h>
 #include <txmap/sources/Gdal.h>
-#include <txmap/sources/GeometryReader.h>
-#include <txmap/sources/VectorSource.h>
 
 using namespace txmap;
 using TZObjects::TXPoint;
@@ -143,10 +143,8 @@ TEST(InnerPoints, LieInsideRandomShapes)
 TEST(InnerPoints, LieInsideEveryCountryOfTheData)
 {
     PrepareGdal();
-    const View view(Projection::PlateCarree(), {}, PixelSize{2048, 1024});
-    GeometryReader reader(view, "", 7);
-    const MapLayer layer =
-        reader.Read(VectorSource(std::string(TX_TEST_DATA) + "/countries-50m.json"), LayerRole::Countries);
+    const AtlasView view(Projection::PlateCarree(), {}, PixelSize{2048, 1024});
+    const MapLayer layer = LoadedLayer(std::string(TX_TEST_DATA) + "/countries-50m.json", view);
     int checked = 0;
     for (const Area& area : layer.areas)
     {

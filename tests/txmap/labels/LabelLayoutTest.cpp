@@ -7,11 +7,11 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <tests/txmap/support/LoadedLayer.h>
 #include <txmap/labels/LabelLayout.h>
+#include <txmap/map/AtlasView.h>
 #include <txmap/map/FrameShape.h>
 #include <txmap/sources/Gdal.h>
-#include <txmap/sources/GeometryReader.h>
-#include <txmap/sources/VectorSource.h>
 
 using namespace txmap;
 using ::testing::ElementsAre;
@@ -49,7 +49,7 @@ class LayerMaker
 public:
     LayerMaker& Country(const std::string& name, const std::vector<TXRect>& parts, double rank = 0.0)
     {
-        Area area{layer.areaPoints.size(), layer.ringSizes.size(), static_cast<int>(parts.size()), 1};
+        Area area{layer.areaPoints.size(), layer.ringSizes.size(), static_cast<int>(parts.size())};
         for (const TXRect& part : parts)
         {
             for (const TXPoint& corner : {TXPoint{part.left, part.top},
@@ -282,12 +282,10 @@ TEST(LabelLayout, IsTidyOverTheWorld)
     options.wanted = true;
     for (const Projection projection : {Projection::PlateCarree(), Projection::WebMercator()})
     {
-        const View view(projection, {}, PixelSize{2048, 1024});
-        GeometryReader reader(view, "", 7, options);
+        const AtlasView view(projection, {}, PixelSize{2048, 1024});
         std::vector<MapLayer> layers;
-        layers.push_back(reader.Read(VectorSource(data + "/countries-50m.json"), LayerRole::Countries));
-        layers.push_back(reader.Read(VectorSource(data + "/places-110m.geojson"), LayerRole::Any));
-        EXPECT_FALSE(reader.Names().AreMissing());
+        layers.push_back(LoadedLayer(data + "/countries-50m.json", view, options));
+        layers.push_back(LoadedLayer(data + "/places-110m.geojson", view, options));
         LabelScene scene = MakeScene();
         scene.frame = view.Frame();
         const LabelLayout layout = LayOutLabels(layers, scene, Typewriter);

@@ -1,207 +1,137 @@
-#include <cmath>
-#include <string>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <ogr_geometry.h>
 #include <txmap/map/DateLine.h>
-#include <txmap/sources/Gdal.h>
+#include <txmap/map/Projection.h>
 
 using namespace txmap;
+using ::testing::DoubleNear;
+using ::testing::Pointwise;
+using TZObjects::TXPoint;
 
 namespace
 {
 
-std::unique_ptr<OGRGeometry> FromText(const std::string& text)
+using Points = std::vector<TXPoint>;
+
+const Projection kPlain = Projection::PlateCarree();
+
+Points InWorld(const Points& degrees)
 {
-    OGRGeometry* geometry = nullptr;
-    EXPECT_EQ(OGRGeometryFactory::createFromWkt(text.c_str(), nullptr, &geometry), OGRERR_NONE) << text;
-    return std::unique_ptr<OGRGeometry>(geometry);
+    Points points;
+    for (const TXPoint& place : degrees)
+        points.push_back(kPlain.ToWorld(place.x, place.y));
+    return points;
 }
 
-PolygonPtr Polygon(const std::string& rings)
+std::vector<double> UnwrappedLine(const Points& degrees)
 {
-    return PolygonPtr(FromText("POLYGON (" + rings + ")").release()->toPolygon());
-}
-
-std::vector<double> UnwrappedLine(const std::string& points)
-{
-    const std::unique_ptr<OGRGeometry> line = FromText("LINESTRING (" + points + ")");
-    UnwrapLine(*line->toLineString());
+    Points points = InWorld(degrees);
+    UnwrapLine(points, 0);
     std::vector<double> longitudes;
-    longitudes.reserve(static_cast<std::size_t>(line->toLineString()->getNumPoints()));
-    for (int i = 0; i < line->toLineString()->getNumPoints(); ++i)
-        longitudes.push_back(line->toLineString()->getX(i));
+    for (const TXPoint& point : points)
+        longitudes.push_back(kPlain.ToDegrees(point).x);
     return longitudes;
 }
 
-void ExpectBox(const GeoBox& box, double west, double south, double east, double north)
+/// The box of a ring in degrees: west, south, east, north.
+std::vector<double> UnwrappedBox(const Points& degrees)
 {
-    EXPECT_DOUBLE_EQ(box.west, west);
-    EXPECT_DOUBLE_EQ(box.south, south);
-    EXPECT_DOUBLE_EQ(box.east, east);
-    EXPECT_DOUBLE_EQ(box.north, north);
+    Points points = InWorld(degrees);
+    UnwrapRing(points, 0, kPlain.World());
+    std::vector<double> box{1e300, 1e300, -1e300, -1e300};
+    for (const TXPoint& point : points)
+    {
+        const TXPoint place = kPlain.ToDegrees(point);
+        box = {std::min(box[0], place.x), std::min(box[1], place.y), std::max(box[2], place.x),
+               std::max(box[3], place.y)};
+    }
+    EXPECT_EQ(points.front().x, points.back().x);
+    EXPECT_EQ(points.front().y, points.back().y);
+    return box;
 }
 
-/// The unwrapped box of a polygon.
-GeoBox UnwrappedBox(const std::string& rings)
-{
-    const PolygonPtr polygon = Polygon(rings);
-    UnwrapPolygon(*polygon);
-    return BoxOf(*polygon);
-}
-
-std::vector<PolygonPtr> Two(const std::string& one, const std::string& other)
-{
-    std::vector<PolygonPtr> polygons;
-    polygons.push_back(Polygon(one));
-    polygons.push_back(Polygon(other));
-    return polygons;
-}
-
-double AreaOf(const std::vector<PolygonPtr>& polygons)
-{
-    double area = 0.0;
-    for (const PolygonPtr& polygon : polygons)
-        area += polygon->get_Area();
-    return area;
-}
+auto Are(const std::vector<double>& expected) { return Pointwise(DoubleNear(1e-9), expected); }
 
 } // namespace
 
 TEST(UnwrapLine, GoesOnAcrossTheDateLineInBothDirections)
 {
-    EXPECT_EQ(UnwrappedLine("170 0, 178 1, -179 2, -170 3"), (std::vector<double>{170, 178, 181, 190}));
-    EXPECT_EQ(UnwrappedLine("-170 0, -178 1, 179 2, 170 3"), (std::vector<double>{-170, -178, -181, -190}));
-    EXPECT_EQ(UnwrappedLine("179 0, -179 1, 179 2"), (std::vector<double>{179, 181, 179}));
+    EXPECT_THAT(UnwrappedLine({{170, 0}, {178, 1}, {-179, 2}, {-170, 3}}), Are({170, 178, 181, 190}));
+    EXPECT_THAT(UnwrappedLine({{-170, 0}, {-178, 1}, {179, 2}, {170, 3}}), Are({-170, -178, -181, -190}));
+    EXPECT_THAT(UnwrappedLine({{179, 0}, {-179, 1}, {179, 2}}), Are({179, 181, 179}));
 }
 
 TEST(UnwrapLine, TakesBothSidesOfTheDateLineForOne)
 {
-    EXPECT_EQ(UnwrappedLine("170 0, 180 1, -180 1, -170 3"), (std::vector<double>{170, 180, 180, 190}));
+    EXPECT_THAT(UnwrappedLine({{170, 0}, {180, 1}, {-180, 1}, {-170, 3}}), Are({170, 180, 180, 190}));
 }
 
 TEST(UnwrapLine, LeavesOtherLinesAlone)
 {
-    EXPECT_EQ(UnwrappedLine("10 0, 20 1, 30 2"), (std::vector<double>{10, 20, 30}));
-    EXPECT_EQ(UnwrappedLine("-120 0, 120 1"), (std::vector<double>{-120, 120}));
-    EXPECT_EQ(UnwrappedLine("5 5"), (std::vector<double>{5}));
+    EXPECT_THAT(UnwrappedLine({{10, 0}, {20, 1}, {30, 2}}), Are({10, 20, 30}));
+    EXPECT_THAT(UnwrappedLine({{-120, 0}, {120, 1}}), Are({-120, 120}));
+    EXPECT_THAT(UnwrappedLine({{5, 5}}), Are({5}));
 }
 
 TEST(UnwrapLine, LeavesAParallelAlongTheWholeMap)
 {
-    EXPECT_EQ(UnwrappedLine("-180 10, 180 10"), (std::vector<double>{-180, 180}));
+    EXPECT_THAT(UnwrappedLine({{-180, 10}, {180, 10}}), Are({-180, 180}));
 }
 
-TEST(UnwrapPolygon, MakesAnIslandOnTheDateLineWhole)
+TEST(UnwrapLine, LeavesWhatComesBefore)
 {
-    ExpectBox(UnwrappedBox("(178 -17, -179 -17, -179 -16, 178 -16, 178 -17)"), 178, -17, 181, -16);
-    ExpectBox(UnwrappedBox("(178 -17, 180 -17, -180 -17, -179 -16, -180 -16, 180 -16, 178 -17)"), 178, -17, 181, -16);
+    Points points = InWorld({{170, 0}, {-170, 0}, {170, 5}, {-170, 5}});
+    UnwrapLine(points, 2);
+    EXPECT_NEAR(kPlain.ToDegrees(points[1]).x, -170.0, 1e-9);
+    EXPECT_NEAR(kPlain.ToDegrees(points[3]).x, 190.0, 1e-9);
 }
 
-TEST(UnwrapPolygon, LeavesBoxesAroundTheWorld)
+TEST(UnwrapRing, MakesAnIslandOnTheDateLineWhole)
 {
-    ExpectBox(UnwrappedBox("(-180 -23, 180 -23, 180 23, -180 23, -180 -23)"), -180, -23, 180, 23);
-    ExpectBox(UnwrappedBox("(-120 -23, 120 -23, 120 23, -120 23, -120 -23)"), -120, -23, 120, 23);
+    EXPECT_THAT(UnwrappedBox({{178, -17}, {-179, -17}, {-179, -16}, {178, -16}, {178, -17}}),
+                Are({178, -17, 181, -16}));
+    EXPECT_THAT(UnwrappedBox({{178, -17}, {180, -17}, {-180, -17}, {-179, -16}, {-180, -16}, {180, -16}, {178, -17}}),
+                Are({178, -17, 181, -16}));
 }
 
-TEST(UnwrapPolygon, LeavesAnIceCapThatEndsAtTheMapsEdge)
+TEST(UnwrapRing, LeavesBoxesAroundTheWorld)
 {
-    ExpectBox(UnwrappedBox("(-180 -90, -180 -80, -60 -70, 60 -75, 180 -80, 180 -90, -180 -90)"), -180, -90, 180, -70);
+    EXPECT_THAT(UnwrappedBox({{-180, -23}, {180, -23}, {180, 23}, {-180, 23}, {-180, -23}}), Are({-180, -23, 180, 23}));
+    EXPECT_THAT(UnwrappedBox({{-120, -23}, {120, -23}, {120, 23}, {-120, 23}, {-120, -23}}), Are({-120, -23, 120, 23}));
 }
 
-TEST(UnwrapPolygon, ClosesARingRoundThePoleBeyondIt)
+TEST(UnwrapRing, LeavesAnIceCapThatEndsAtTheMapsEdge)
 {
-    const GeoBox south = UnwrappedBox("(0 -70, 90 -75, 170 -72, -150 -74, -80 -73, 0 -70)");
-    EXPECT_DOUBLE_EQ(south.east - south.west, 360.0);
-    EXPECT_LT(south.south, -90.0);
-    EXPECT_DOUBLE_EQ(south.north, -70.0);
-    const GeoBox north = UnwrappedBox("(0 80, -90 82, -170 81, 150 84, 80 83, 0 80)");
-    EXPECT_DOUBLE_EQ(north.east - north.west, 360.0);
-    EXPECT_GT(north.north, 90.0);
-    EXPECT_DOUBLE_EQ(north.south, 80.0);
+    EXPECT_THAT(UnwrappedBox({{-180, -90}, {-180, -80}, {-60, -70}, {60, -75}, {180, -80}, {180, -90}, {-180, -90}}),
+                Are({-180, -90, 180, -70}));
 }
 
-TEST(UnwrapPolygon, ClosesARingRoundThePoleThatNamesBothSidesOfTheDateLine)
+TEST(UnwrapRing, ClosesARingRoundThePoleAtTheEdgeOfTheWorld)
+{
+    EXPECT_THAT(UnwrappedBox({{0, -70}, {90, -75}, {170, -72}, {-150, -74}, {-80, -73}, {0, -70}}),
+                Are({0, -90, 360, -70}));
+    EXPECT_THAT(UnwrappedBox({{0, 80}, {-90, 82}, {-170, 81}, {150, 84}, {80, 83}, {0, 80}}), Are({-360, 80, 0, 90}));
+}
+
+TEST(UnwrapRing, ClosesARingRoundThePoleThatNamesBothSidesOfTheDateLine)
 {
     // The step over the date line is no edge of the map: the ring has points to its north and to its south.
-    const GeoBox box = UnwrappedBox("(0 -70, 90 -85, 180 -78, -180 -78, -90 -72, 0 -70)");
-    EXPECT_DOUBLE_EQ(box.east - box.west, 360.0);
-    EXPECT_LT(box.south, -90.0);
+    EXPECT_THAT(UnwrappedBox({{0, -70}, {90, -85}, {180, -78}, {-180, -78}, {-90, -72}, {0, -70}}),
+                Are({0, -90, 360, -70}));
 }
 
-TEST(UnwrapPolygon, MovesHolesIntoTheirShape)
+TEST(MoveInto, BringsHolesIntoTheirShape)
 {
-    const PolygonPtr polygon =
-        Polygon("(170 0, -170 0, -170 10, 170 10, 170 0), (-178 4, -176 4, -176 6, -178 6, -178 4)");
-    UnwrapPolygon(*polygon);
-    ExpectBox(BoxOf(*polygon), 170, 0, 190, 10);
-    OGREnvelope hole;
-    polygon->getInteriorRing(0)->getEnvelope(&hole);
-    EXPECT_DOUBLE_EQ(hole.MinX, 182.0);
-    EXPECT_DOUBLE_EQ(hole.MaxX, 184.0);
-}
-
-TEST(EndsAtDateLine, IsTrueForWhatWasCutThere)
-{
-    EXPECT_TRUE(EndsAtDateLine(*Polygon("(170 0, 180 0, 180 10, 170 0)")));
-    EXPECT_TRUE(EndsAtDateLine(*Polygon("(-180.0000000001 0, -170 0, -170 10, -180.0000000001 0)")));
-    EXPECT_TRUE(EndsAtDateLine(*Polygon("(-10 -95, 350 -95, 350 -70, -10 -70, -10 -95)")));
-    EXPECT_FALSE(EndsAtDateLine(*Polygon("(170 0, 179.99 0, 179 10, 170 0)")));
-    EXPECT_FALSE(EndsAtDateLine(*Polygon("(170 0, 190 0, 190 10, 170 0)")));
-}
-
-TEST(JoinAcrossDateLine, JoinsTheHalvesOfAnIslandInEveryWorld)
-{
-    const std::vector<PolygonPtr> joined =
-        JoinAcrossDateLine(Two("(178 0, 180 0, 180 10, 178 10, 178 0)", "(-180 0, -177 0, -177 10, -180 10, -180 0)"));
-    // Three worlds have four date lines: two whole islands, and half an island at either end.
-    ASSERT_EQ(joined.size(), 4u);
-    EXPECT_NEAR(AreaOf(joined), 3 * 50.0, 1e-9);
-    int whole = 0;
-    for (const PolygonPtr& polygon : joined)
-    {
-        const GeoBox box = BoxOf(*polygon);
-        if (box.west == 178.0 || box.west == -182.0)
-        {
-            ++whole;
-            EXPECT_NEAR(box.east - box.west, 5.0, 1e-9);
-        }
-    }
-    EXPECT_EQ(whole, 2);
-}
-
-TEST(JoinAcrossDateLine, LeavesNoEdgeOnTheDateLine)
-{
-    const std::vector<PolygonPtr> joined =
-        JoinAcrossDateLine(Two("(178 0, 180 0, 180 10, 178 10, 178 0)", "(-180 0, -177 0, -177 10, -180 10, -180 0)"));
-    for (const PolygonPtr& polygon : joined)
-    {
-        const OGRLinearRing& ring = *polygon->getExteriorRing();
-        for (int i = 1; i < ring.getNumPoints(); ++i)
-            EXPECT_FALSE(ring.getX(i) == 180.0 && ring.getX(i - 1) == 180.0);
-    }
-}
-
-TEST(JoinAcrossDateLine, MakesAnIceCapEndlessAndReachBeyondThePole)
-{
-    std::vector<PolygonPtr> cap;
-    cap.push_back(Polygon("(-180 -90, -180 -80, -60 -70, 60 -75, 180 -80, 180 -90, -180 -90)"));
-    const std::vector<PolygonPtr> joined = JoinAcrossDateLine(cap);
-    ASSERT_EQ(joined.size(), 1u);
-    const GeoBox box = BoxOf(*joined[0]);
-    EXPECT_NEAR(box.west, -540.0, 1e-9);
-    EXPECT_NEAR(box.east, 540.0, 1e-9);
-    EXPECT_LT(box.south, -90.0);
-    EXPECT_NEAR(box.north, -70.0, 1e-9);
-}
-
-TEST(JoinAcrossDateLine, MendsRingsThatCrossThemselves)
-{
-    PrepareGdal();
-    // A bow tie beside a square: both must be there afterwards.
-    const std::vector<PolygonPtr> joined =
-        JoinAcrossDateLine(Two("(176 0, 180 0, 180 4, 176 4, 176 0)", "(-180 0, -176 4, -176 0, -180 4, -180 0)"));
-    EXPECT_FALSE(joined.empty());
-    EXPECT_NEAR(AreaOf(joined), 3 * (16.0 + 8.0), 1e-9);
+    Points points = InWorld({{170, 0}, {-170, 0}, {-170, 10}, {170, 10}, {170, 0}});
+    UnwrapRing(points, 0, kPlain.World());
+    const WorldSpan outer = SpanOf(points, 0);
+    points = InWorld({{-178, 4}, {-176, 4}, {-176, 6}, {-178, 6}, {-178, 4}});
+    MoveInto(outer, points, 0);
+    EXPECT_NEAR(SpanOf(points, 0).west * 360.0 - 180.0, 182.0, 1e-9);
+    EXPECT_NEAR(SpanOf(points, 0).east * 360.0 - 180.0, 184.0, 1e-9);
+    // Holes that lie inside stay.
+    MoveInto(outer, points, 0);
+    EXPECT_NEAR(SpanOf(points, 0).west * 360.0 - 180.0, 182.0, 1e-9);
 }

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include <gtest/gtest.h>
+#include <txmap/map/AtlasView.h>
 #include <txmap/map/Graticule.h>
 
 using namespace txmap;
@@ -8,7 +9,7 @@ using namespace txmap;
 namespace
 {
 
-View WorldOf(int width, int height) { return View(Projection::PlateCarree(), {}, PixelSize{width, height}); }
+AtlasView WorldOf(int width, int height) { return AtlasView(Projection::PlateCarree(), {}, PixelSize{width, height}); }
 
 } // namespace
 
@@ -34,7 +35,7 @@ TEST(Graticule, CoversTheWorldWithoutItsEdges)
 
 TEST(Graticule, LiesAtMultiplesOfTheStep)
 {
-    const View view(Projection::PlateCarree(), GeoBox{7, 42, 27, 52}, PixelSize{200, 100});
+    const AtlasView view(Projection::PlateCarree(), GeoBox{7, 42, 27, 52}, PixelSize{200, 100});
     const std::vector<GraticuleLine> lines = MakeGraticule(view, 5.0);
     ASSERT_EQ(lines.size(), 4u + 2u);
     EXPECT_NEAR(lines[0].from.x, 30.0, 1e-6); // 10 degrees east.
@@ -65,7 +66,7 @@ TEST(Graticule, HasASuitableStepForEveryView)
     EXPECT_EQ(SuitableStep(WorldOf(720, 360)), 30.0);
     for (const double width : {90.0, 40.0, 10.0, 3.0, 0.7, 0.2})
     {
-        const View view(Projection::WebMercator(), GeoBox{5, 10, 5 + width, 10 + width}, PixelSize{800, 800});
+        const AtlasView view(Projection::WebMercator(), GeoBox{5, 10, 5 + width, 10 + width}, PixelSize{800, 800});
         const double lines = width / SuitableStep(view);
         EXPECT_GE(lines, 6.0) << width;
         EXPECT_LE(lines, 20.0) << width;

@@ -93,19 +93,19 @@ TEST(PixelParts, LeavesTheEdgesOfTheWorldOutOfOutlines)
 {
     Parts lines;
     const Points cutAtTheDateLine{{0.9, 0.2}, {1.0, 0.2}, {1.0, 0.3}, {1.0, 0.4}, {0.9, 0.4}, {0.9, 0.2}};
-    AppendOutline(cutAtTheDateLine.data(), cutAtTheDateLine.size(), lines);
+    AppendOutline(cutAtTheDateLine.data(), cutAtTheDateLine.size(), MercatorBox(), lines);
     EXPECT_THAT(lines.counts, ElementsAre(4));
     EXPECT_EQ(lines.points.front().y, 0.4);
     EXPECT_EQ(lines.points.back().y, 0.2);
 
     lines.Clear();
     const Points antarctica{{0.0, 1.0}, {0.0, 0.9}, {0.5, 0.8}, {1.0, 0.9}, {1.0, 1.0}, {0.0, 1.0}};
-    AppendOutline(antarctica.data(), antarctica.size(), lines);
+    AppendOutline(antarctica.data(), antarctica.size(), MercatorBox(), lines);
     EXPECT_THAT(lines.counts, ElementsAre(3));
 
     lines.Clear();
     const Points island{{0.4, 0.2}, {0.5, 0.2}, {0.5, 0.3}, {0.4, 0.2}};
-    AppendOutline(island.data(), island.size(), lines);
+    AppendOutline(island.data(), island.size(), MercatorBox(), lines);
     EXPECT_THAT(lines.counts, ElementsAre(4));
 }
 

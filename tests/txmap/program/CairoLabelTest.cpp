@@ -178,7 +178,8 @@ Picture DrawCountry(const std::string& json, const std::vector<std::string>& opt
 {
     const TemporaryFolder folder;
     std::vector<std::string> arguments = {folder.Write("in.geojson", CountryNamed(json))};
-    arguments.insert(arguments.end(), {"--label-field", "name", "--size", "1000x500", "--graticule", "0"});
+    arguments.insert(arguments.end(),
+                     {"--label-field", "name", "--bbox", "-180,-90,180,90", "--size", "1000x500", "--graticule", "0"});
     arguments.insert(arguments.end(), options.begin(), options.end());
     return Draw(arguments);
 }

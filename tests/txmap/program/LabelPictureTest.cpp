@@ -151,8 +151,8 @@ TEST(LabelFont, ThatIsUnknownIsReportedAndReplaced)
 {
     const TemporaryFolder folder;
     const std::string input = folder.Write("in.geojson", PlaceNamed("\"Nairobi\""));
-    const ProgramRun run = RunTxmap(
-        {input, "--label-font", "No Such Face", "--size", "1000x500", "--graticule", "0", "-o", folder / "map.png"});
+    const ProgramRun run = RunTxmap({input, "--bbox", "-180,-90,180,90", "--label-font", "No Such Face", "--size",
+                                     "1000x500", "--graticule", "0", "-o", folder / "map.png"});
     EXPECT_EQ(run.exitCode, 2);
     EXPECT_THAT(run.errors, StartsWith("txmap: --label-font No Such Face: "));
     EXPECT_THAT(run.errors, HasSubstr("DejaVu Sans"));

@@ -37,7 +37,8 @@ TEST(Version, IsTheProjects)
 TEST(Output, IsTheOnlyThingThatAGoodRunLeaves)
 {
     const TemporaryFolder folder;
-    const ProgramRun run = RunTxmap({DataFile("countries-110m.json"), "--size", "64x32", "--output", folder / "a.png"});
+    const ProgramRun run =
+        RunTxmap({"--countries", DataFile("countries-110m.json"), "--size", "64x32", "--output", folder / "a.png"});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
     EXPECT_EQ(run.output, "");
@@ -100,11 +101,15 @@ TEST(Input, OfEveryGeometryIsDrawn)
          "coordinates":[[[-50,-20],[-30,-20],[-30,20],[-50,20],[-50,-20]]]}},
         {"type":"Feature","properties":{},"geometry":{"type":"LineString","coordinates":[[0,-20],[0,20]]}},
         {"type":"Feature","properties":{},"geometry":{"type":"Point","coordinates":[40,0]}}]})");
-    ASSERT_EQ(RunTxmap({input, "--size", "720x360", "--graticule", "0", "-o", folder / "map.png"}).exitCode, 0);
+    ASSERT_EQ(RunTxmap({input, "--bbox", "-180,-90,180,90", "--size", "720x360", "--graticule", "0", "-o",
+                        folder / "map.png"})
+                  .exitCode,
+              0);
     const Picture picture(folder / "map.png");
     const Pixel sea = picture.AtPlace(-90, 0);
     EXPECT_GT(Distance(picture.AtPlace(-40, 0), sea), 20);
-    EXPECT_GT(Distance(picture.AtPlace(0, 0.2), sea), 20);
+    // The line is half a pixel wide in a picture as small as this.
+    EXPECT_GT(Distance(picture.AtPlace(0, 0.2), sea), 12);
     EXPECT_GT(Distance(picture.AtPlace(40, 0), sea), 20);
     EXPECT_LE(Distance(picture.AtPlace(90, 0), sea), 1);
 }
@@ -123,7 +128,10 @@ TEST(ColorBy, GivesEachValueAColour)
     const std::string input =
         folder.Write("kinds.geojson", R"({"type":"FeatureCollection","features":[)" + square(-100, "oak") + "," +
                                           square(-50, "ash") + "," + square(0, "oak") + "," + square(50, "elm") + "]}");
-    ASSERT_EQ(RunTxmap({input, "--color-by", "kind", "--size", "360x180", "-o", folder / "map.png"}).exitCode, 0);
+    ASSERT_EQ(RunTxmap({input, "--color-by", "kind", "--bbox", "-180,-90,180,90", "--size", "360x180", "-o",
+                        folder / "map.png"})
+                  .exitCode,
+              0);
     const Picture picture(folder / "map.png");
     const Pixel oak = picture.AtPlace(-88, 5);
     EXPECT_EQ(picture.AtPlace(12, 5), oak);

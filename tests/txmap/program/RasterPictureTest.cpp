@@ -31,6 +31,8 @@ Picture DrawOver(const TestRaster& raster, const std::string& json, std::vector<
     const TemporaryFolder folder;
     std::vector<std::string> arguments = {folder.Write("in.geojson", json), "--raster",
                                           raster.Write(folder / "raster.tif"), "--graticule", "0"};
+    if (std::find(options.begin(), options.end(), "--bbox") == options.end())
+        arguments.insert(arguments.end(), {"--bbox", "-180,-90,180,90"});
     if (options.empty() || options[0] != "--size")
         arguments.insert(arguments.end(), {"--size", "720x360"});
     arguments.insert(arguments.end(), options.begin(), options.end());
@@ -40,7 +42,8 @@ Picture DrawOver(const TestRaster& raster, const std::string& json, std::vector<
 Picture DrawWithout(const std::string& json)
 {
     const TemporaryFolder folder;
-    return Draw({folder.Write("in.geojson", json), "--graticule", "0", "--size", "720x360"});
+    return Draw(
+        {folder.Write("in.geojson", json), "--bbox", "-180,-90,180,90", "--graticule", "0", "--size", "720x360"});
 }
 
 constexpr Pixel kRed{200, 0, 0, 255}, kGreen{0, 160, 0, 255}, kBlue{0, 0, 220, 255}, kWhite{255, 255, 255, 255};
@@ -188,7 +191,8 @@ TEST(RasterPicture, OfAnotherPartOfTheWorldIsAWarning)
     const ProgramRun run =
         RunTxmap({"--raster", file, "--bbox", "-100,0,-60,30", "--size", "100x80", "-o", folder / "map.png"});
     EXPECT_EQ(run.exitCode, 0);
-    EXPECT_THAT(run.errors, AllOf(StartsWith("txmap: warning: --raster "), HasSubstr("raster.tif")));
+    EXPECT_THAT(run.errors, AllOf(StartsWith("txmap: warning: nothing lies"), HasSubstr("--raster "),
+                                  HasSubstr("raster.tif covers 10,")));
     EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1);
     EXPECT_EQ(Picture(folder / "map.png").Width(), 100);
 }

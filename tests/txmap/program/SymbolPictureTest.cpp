@@ -26,8 +26,15 @@ constexpr int kRoom = 30;
 ProgramRun RunSymbols(const std::vector<std::string>& options, const std::string& output)
 {
     const TemporaryFolder folder;
-    std::vector<std::string> arguments = {
-        folder.Write("in.geojson", kPlaces), "--size", "1000x500", "--graticule", "0", "-o", output};
+    std::vector<std::string> arguments = {folder.Write("in.geojson", kPlaces),
+                                          "--bbox",
+                                          "-180,-90,180,90",
+                                          "--size",
+                                          "1000x500",
+                                          "--graticule",
+                                          "0",
+                                          "-o",
+                                          output};
     arguments.insert(arguments.end(), options.begin(), options.end());
     return RunTxmap(arguments);
 }
@@ -236,6 +243,8 @@ TEST(Symbol, KeepsNamesAway)
                                                         "1000x500",
                                                         "--graticule",
                                                         "0",
+                                                        "--bbox",
+                                                        "-180,-90,180,90",
                                                         "--symbol",
                                                         symbol,
                                                         "--symbol-size",

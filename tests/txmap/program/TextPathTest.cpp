@@ -26,7 +26,8 @@ ProgramRun RunPlace(const std::string& json, std::vector<std::string> options, c
 {
     const TemporaryFolder folder;
     options.insert(options.begin(), folder.Write("in.geojson", PlaceNamed(json)));
-    options.insert(options.end(), {"--size", "1000x500", "--graticule", "0", "-o", output});
+    options.insert(options.end(),
+                   {"--bbox", "-180,-90,180,90", "--size", "1000x500", "--graticule", "0", "-o", output});
     return RunTxmap(options);
 }
 
@@ -77,8 +78,8 @@ TEST_P(TextPaths, LetNoLabelTouchTheLettersOfAnother)
             {
                 const TemporaryFolder folder;
                 return Draw({folder.Write("in.geojson", ClosePlaces(seed, kPlaces, named)), "--label-field", "name",
-                             "--text", GetParam(), "--size", "720x360", "--label-size", "20", "--label-halo", halo,
-                             "--graticule", "0"});
+                             "--text", GetParam(), "--bbox", "-180,-90,180,90", "--size", "720x360", "--label-size",
+                             "20", "--label-halo", halo, "--graticule", "0"});
             };
             // One name more each time: what is written of the names before stays as it is.
             Picture before = draw(0);

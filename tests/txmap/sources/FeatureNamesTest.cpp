@@ -2,11 +2,11 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <tests/txmap/support/LoadedLayer.h>
 #include <tests/txmap/support/TemporaryFolder.h>
+#include <txmap/map/AtlasView.h>
 #include <txmap/sources/FeatureNames.h>
 #include <txmap/sources/Gdal.h>
-#include <txmap/sources/GeometryReader.h>
-#include <txmap/sources/VectorSource.h>
 
 using namespace txmap;
 using ::testing::HasSubstr;
@@ -18,7 +18,7 @@ namespace
 class NamesOf
 {
 public:
-    explicit NamesOf(const std::string& features, const std::string& field = "", LayerRole role = LayerRole::Any)
+    explicit NamesOf(const std::string& features, const std::string& field = "")
     {
         PrepareGdal();
         const TemporaryFolder folder;
@@ -27,16 +27,17 @@ public:
         NameRequest options;
         options.wanted = true;
         options.field = field;
-        GeometryReader reader(view, "", 7, options);
-        layer = reader.Read(VectorSource(file), role);
-        missing = reader.Names().AreMissing();
+        const auto source = LoadedSource(file, view);
+        layer = ReadMapLayer(source->Features(""), view, options, true, 0.0);
+        missing = source->Features("").empty() ||
+                  FeatureNames(options, *source->Features("").front().features).Field().empty();
     }
 
     MapLayer layer;
     bool missing = false;
 
 private:
-    const View view{Projection::PlateCarree(), {}, PixelSize{360, 180}};
+    const AtlasView view{Projection::PlateCarree(), {}, PixelSize{360, 180}};
 };
 
 std::string Point(const std::string& properties)
@@ -90,12 +91,40 @@ TEST(FeatureNames, AreMissingWhereNoLayerHasTheField)
     EXPECT_TRUE(NamesOf(Point(R"("name":"a")"), "flavour").missing);
     EXPECT_TRUE(NamesOf(Point(R"("kind":"a")")).missing);
     EXPECT_FALSE(NamesOf(Point(R"("name":"a")"), "NAME").missing);
-    EXPECT_FALSE(NamesOf("", "flavour").missing);
 }
 
-TEST(FeatureNames, AreNotThoseOfWater)
+TEST(FeatureNames, AreFoundInWhateverCase)
 {
-    EXPECT_TRUE(NamesOf(Square(R"("name":"Lake")"), "", LayerRole::Lakes).layer.areaNames.empty());
+    const NamesOf names(Point(R"("NAME":"a","ADM0CAP":1,"LabelRank":2,"Labelrank":3)"));
+    ASSERT_EQ(names.layer.placeNames.size(), 1u);
+    EXPECT_TRUE(names.layer.placeNames[0].name.capital);
+    EXPECT_EQ(names.layer.placeNames[0].name.rank, 3.0);
+}
+
+TEST(FeatureNames, AreGradedByPopulationWhereThereIsNoRank)
+{
+    const auto rankOf = [](const std::string& properties)
+    { return NamesOf(Point(R"("name":"a",)" + properties)).layer.placeNames.at(0).name.rank; };
+    EXPECT_EQ(rankOf(R"("population":20000000)"), 0.0);
+    EXPECT_EQ(rankOf(R"("population":1000000)"), 2.0);
+    EXPECT_EQ(rankOf(R"("pop":"1000")"), 8.0);
+    EXPECT_EQ(rankOf(R"("population":0)"), 14.0);
+    EXPECT_EQ(rankOf(R"("population":1000000,"scalerank":7)"), 7.0);
+    // A part of a town comes after every town.
+    EXPECT_EQ(rankOf(R"("population":1000000,"fcode":"PPLX")"), 20.0);
+    // Where nothing is said of it, nothing is known.
+    EXPECT_EQ(rankOf(R"("colour":"red")"), 0.0);
+}
+
+TEST(FeatureNames, KnowCapitalsByWhatDataSaysOfThem)
+{
+    const auto isCapital = [](const std::string& properties)
+    { return NamesOf(Point(R"("name":"a",)" + properties)).layer.placeNames.at(0).name.capital; };
+    for (const char* const yes : {R"("adm0cap":1)", R"("capital":true)", R"("capital":"primary")", R"("fcode":"PPLC")",
+                                  R"("featureCode":"PPLC")", R"("FEATURECLA":"Admin-0 capital")"})
+        EXPECT_TRUE(isCapital(yes)) << yes;
+    for (const char* const no : {R"("adm0cap":0)", R"("capital":"admin")", R"("fcode":"PPLA")", R"("capital":null)"})
+        EXPECT_FALSE(isCapital(no)) << no;
 }
 
 TEST(FeatureNames, AreWrittenAtOneOfSeveralPoints)

@@ -9,6 +9,7 @@
 #include <tests/txmap/support/RefusalOf.h>
 #include <tests/txmap/support/TemporaryFolder.h>
 #include <tests/txmap/support/TestRaster.h>
+#include <txmap/map/AtlasView.h>
 #include <txmap/sources/Gdal.h>
 #include <txmap/sources/Raster.h>
 #include <txmap/support/Failure.h>
@@ -24,12 +25,12 @@ namespace
 
 constexpr std::uint32_t kRed = 0xFFC80000, kGreen = 0xFF00A000, kBlue = 0xFF0000DC, kWhite = 0xFFFFFFFF;
 
-const View kWorld{Projection::PlateCarree(), {}, PixelSize{720, 360}};
+const AtlasView kWorld{Projection::PlateCarree(), {}, PixelSize{720, 360}};
 
 class ReadBack
 {
 public:
-    explicit ReadBack(const TestRaster& raster, View view = kWorld) : view(std::move(view))
+    explicit ReadBack(const TestRaster& raster, AtlasView view = kWorld) : view(std::move(view))
     {
         PrepareGdal();
         const TemporaryFolder folder;
@@ -46,7 +47,7 @@ public:
     bool IsBlank() const { return pixels.IsBlank(); }
 
 private:
-    View view;
+    AtlasView view;
     Raster pixels;
 };
 
@@ -75,7 +76,8 @@ TEST(Raster, InDegreesLiesWhereItBelongs)
 
 TEST(Raster, InDegreesLiesWhereItBelongsOnAMercatorMap)
 {
-    const ReadBack raster(FourColors(), View(Projection::WebMercator(), GeoBox{-60, -60, 80, 70}, PixelSize{300, 300}));
+    const ReadBack raster(FourColors(),
+                          AtlasView(Projection::WebMercator(), GeoBox{-60, -60, 80, 70}, PixelSize{300, 300}));
     EXPECT_EQ(raster.At(-40, 60), kRed);
     EXPECT_EQ(raster.At(-10, 15), kRed);
     EXPECT_EQ(raster.At(10, 60), kGreen);
@@ -90,7 +92,7 @@ TEST(Raster, InMercatorMetresLiesWhereItBelongsOnBothMaps)
     source.system = "EPSG:3857";
     source.transform = {-kHalf, kHalf / 18.0, 0.0, kHalf, 0.0, -kHalf / 9.0};
     const ReadBack plain(source);
-    const ReadBack mercator(source, View(Projection::WebMercator(), {}, PixelSize{400, 400}));
+    const ReadBack mercator(source, AtlasView(Projection::WebMercator(), {}, PixelSize{400, 400}));
     for (const ReadBack* const raster : {&plain, &mercator})
     {
         EXPECT_EQ(raster->At(-100, 60), kRed);
@@ -110,7 +112,7 @@ TEST(Raster, InAnotherProjectionLiesWhereItBelongs)
     source.system = "EPSG:32632";
     source.transform = {300000, 20000, 0, 5700000, 0, -20000};
     source.value = [](int x, int, int) { return x < 10 ? 40.0 : 220.0; };
-    const ReadBack raster(source, View(Projection::PlateCarree(), GeoBox{4, 46, 16, 53}, PixelSize{600, 350}));
+    const ReadBack raster(source, AtlasView(Projection::PlateCarree(), GeoBox{4, 46, 16, 53}, PixelSize{600, 350}));
     EXPECT_EQ(raster.At(7.5, 50), Grey(40));
     EXPECT_EQ(raster.At(10.5, 50), Grey(220));
     EXPECT_EQ(raster.At(4.5, 50) >> 24, 0u);
@@ -122,7 +124,7 @@ TEST(Raster, GoesOnAcrossTheDateLine)
     for (const Projection& projection : {Projection::PlateCarree(), Projection::WebMercator()})
         for (const GeoBox& box : {GeoBox{150, -60, 210, 60}, GeoBox{-210, -60, -150, 60}})
         {
-            const ReadBack raster(FourColors(), View(projection, box, PixelSize{200, 300}));
+            const ReadBack raster(FourColors(), AtlasView(projection, box, PixelSize{200, 300}));
             // In the degrees of the view, both are the same.
             const double west = 165.0;
             const double east = 195.0;
@@ -141,7 +143,7 @@ TEST(Raster, FromZeroTo360DegreesLiesWhereItBelongs)
     source.transform[0] = 0.0;
     for (const Projection& projection : {Projection::PlateCarree(), Projection::WebMercator()})
     {
-        const ReadBack raster(source, View(projection, {}, PixelSize{400, 400}));
+        const ReadBack raster(source, AtlasView(projection, {}, PixelSize{400, 400}));
         EXPECT_EQ(raster.At(100, 40), kRed);
         EXPECT_EQ(raster.At(-100, 40), kGreen);
         EXPECT_EQ(raster.At(100, -40), kBlue);
@@ -293,7 +295,7 @@ TEST(Raster, ElsewhereIsBlank)
 {
     TestRaster source = FourColors();
     source.transform = {10, 0.5, 0, 60, 0, -0.5};
-    EXPECT_TRUE(ReadBack(source, View(Projection::PlateCarree(), GeoBox{-100, 0, -60, 30}, {})).IsBlank());
+    EXPECT_TRUE(ReadBack(source, AtlasView(Projection::PlateCarree(), GeoBox{-100, 0, -60, 30}, {})).IsBlank());
     EXPECT_FALSE(ReadBack(source).IsBlank());
 }
 

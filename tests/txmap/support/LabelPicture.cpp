@@ -14,7 +14,11 @@ Picture Draw(const std::vector<std::string>& arguments)
     all.insert(all.end(), {"-o", folder / "map.png"});
     const ProgramRun run = RunTxmap(all);
     EXPECT_EQ(run.exitCode, 0) << run.errors;
-    EXPECT_EQ(run.errors, "");
+    // Some draw on an empty map, which says so.
+    if (run.errors.find("nothing lies in the part of the world shown") == std::string::npos)
+    {
+        EXPECT_EQ(run.errors, "");
+    }
     return Picture(folder / "map.png");
 }
 
@@ -28,7 +32,8 @@ Picture DrawPlace(const std::string& json, const std::vector<std::string>& optio
 {
     const TemporaryFolder folder;
     std::vector<std::string> arguments = {folder.Write("in.geojson", PlaceNamed(json))};
-    arguments.insert(arguments.end(), {"--label-field", "name", "--size", size, "--graticule", "0"});
+    arguments.insert(arguments.end(),
+                     {"--label-field", "name", "--size", size, "--graticule", "0", "--bbox", "-180,-90,180,90"});
     arguments.insert(arguments.end(), options.begin(), options.end());
     return Draw(arguments);
 }

@@ -1,6 +1,12 @@
 #include <txmap/drawing/layers/BackgroundLayerPainter.h>
 
+#include <nlohmann/json.hpp>
+
+#include <optional>
+
 #include <txgraphics/TXGraphics.h>
+#include <txgraphics/TXGraphicsEngine.h>
+#include <txgraphics/TXLinearGradient.h>
 #include <txmap/drawing/DrawingTools.h>
 #include <txmap/drawing/layers/LayerProperty.h>
 #include <txmap/drawing/layers/LayerScene.h>
@@ -8,6 +14,34 @@
 
 namespace txmap
 {
+
+using TZObjects::TXLinearGradient;
+using TZObjects::TXPoint;
+using TZObjects::TXRefPtr;
+
+namespace
+{
+
+// Where the colour of the poles is reached.
+constexpr double kPolarLatitude = 85.0;
+
+/// The gradient belongs to the globe, not to the picture: a part of the world has the colours that it has on the map of
+/// the whole.
+void FillBetweenPoles(MapCanvas& canvas, const Color& atEquator, const Color& atPoles)
+{
+    const MapView& view = canvas.View();
+    const double longitude = view.VisibleDegrees().west;
+    const TXPoint north = view.ToPixel(longitude, kPolarLatitude);
+    const TXPoint south = view.ToPixel(longitude, -kPolarLatitude);
+    TXRefPtr<TXLinearGradient> gradient(canvas.Engine().NewLinearGradient(north.x, north.y, south.x, south.y));
+    RequireDrawn(gradient.get() != nullptr);
+    gradient->SetColorAt(0.0, ToTXColor(atPoles));
+    gradient->SetColorAt(0.5, ToTXColor(atEquator));
+    gradient->SetColorAt(1.0, ToTXColor(atPoles));
+    RequireDrawn(canvas.Surface().FillRect(view.PictureBox(), gradient.get()));
+}
+
+} // namespace
 
 void DrawBackgroundLayer(const LayerScene& scene)
 {
@@ -24,6 +58,13 @@ void DrawBackgroundLayer(const LayerScene& scene)
     }
     Color color = LayerProperty<Color>(layer, "background-color", scene.Zoom(), context).Constant();
     color.alpha *= opacity;
+    const auto polar = layer.metadata.find("txmap:polar-color");
+    if (polar != layer.metadata.end() && polar->is_string())
+        if (std::optional<Color> atPoles = Color::Parse(polar->get<std::string>()))
+        {
+            atPoles->alpha *= opacity;
+            return FillBetweenPoles(scene.canvas, color, *atPoles);
+        }
     RequireDrawn(surface.fillRect(scene.canvas.View().PictureBox(), ToTXColor(color)));
 }
 

@@ -53,7 +53,7 @@ public:
 private:
     void DrawWorld(const PlacedFeatures& placed, const std::vector<PassedFeature>& passing, int world)
     {
-        const MercatorView& view = scene.canvas.View();
+        const MapView& view = scene.canvas.View();
         std::optional<MercatorBox> tile;
         if (placed.tile)
             tile = view.AlignedToPixels(*placed.tile);
@@ -68,13 +68,15 @@ private:
             parts.Result().Clear();
             placed.features->ForEachPart(*passed.feature, [&](const TXPoint* points, std::size_t count)
                                          { parts.AddRing(points, count); });
-            if (parts.Result().IsEmpty())
+            // What is too small to be filled is still outlined.
+            if (parts.Result().IsEmpty() && !outline.IsSet())
                 continue;
             attributes.Select(*passed.feature);
             scene.evaluating.Start();
             const FillLook look = LookOf();
             scene.evaluating.Stop();
-            Fill(parts.Result(), look);
+            if (!parts.Result().IsEmpty())
+                Fill(parts.Result(), look);
             if (look.outline)
                 Outline(parts, *placed.features, *passed.feature, look);
         }
@@ -127,8 +129,8 @@ private:
         if (drawn.alpha <= 0.0)
             return;
         Parts outlines;
-        set.ForEachPart(feature,
-                        [&](const TXPoint* points, std::size_t count) { AppendOutline(points, count, outlines); });
+        set.ForEachPart(feature, [&](const TXPoint* points, std::size_t count)
+                        { AppendOutline(points, count, set.projection.World(), outlines); });
         parts.Result().Clear();
         const TXPoint* point = outlines.points.data();
         for (const int count : outlines.counts)

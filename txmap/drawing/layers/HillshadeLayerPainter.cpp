@@ -110,7 +110,7 @@ void DrawHillshadeLayer(const LayerScene& scene)
         return;
     const HillshadeLook look = LookOf(scene);
     const Slopes slopes(grid);
-    const MercatorView& view = scene.canvas.View();
+    const MapView& view = scene.canvas.View();
     const MercatorBox& box = grid.box;
     for (const int world : grid.worlds)
     {
@@ -136,7 +136,7 @@ void DrawHillshadeLayer(const LayerScene& scene)
                                (place.y - box.top) / (box.bottom - box.top) * grid.height, eastward, southward))
                     return 0;
                 // Away from the equator, the map shows less of the ground in a pixel.
-                const double stretch = std::cos(FromMercator(place).y * kPi / 180.0);
+                const double stretch = std::cos(view.MapProjection().ToDegrees(place).y * kPi / 180.0);
                 return HillshadeColor(look, eastward / stretch, southward / stretch).Packed();
             });
         window.Draw(scene.canvas, 1.0);

@@ -1,5 +1,7 @@
 #include <txmap/drawing/layers/LineLayerPainter.h>
 
+#include <nlohmann/json.hpp>
+
 #include <cmath>
 
 #include <txgraphics/TXGraphics.h>
@@ -73,6 +75,9 @@ private:
     {
         const double reach = properties.Reach(context);
         PixelParts parts(TranslatedPixels(scene, "line", world), scene.canvas.View().PictureBox(reach));
+        if (const auto tolerance = scene.layer.metadata.find("txmap:tolerance");
+            tolerance != scene.layer.metadata.end() && tolerance->is_number())
+            parts.SetTolerance(tolerance->get<double>() * scene.Scale());
         FeatureAttributes attributes(*placed.features);
         context.feature = &attributes;
         context.tileZoom = placed.tileZoom;
@@ -102,7 +107,7 @@ private:
                             if (feature.type != GeometryType::Polygon)
                                 return parts.AddLine(points, count, &spans);
                             Parts outline;
-                            AppendOutline(points, count, outline);
+                            AppendOutline(points, count, set.projection.World(), outline);
                             const TXPoint* point = outline.points.data();
                             for (const int size : outline.counts)
                             {

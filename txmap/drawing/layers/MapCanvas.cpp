@@ -30,7 +30,7 @@ TXColor ToTXColor(const Color& color)
     return {Channel(color.red), Channel(color.green), Channel(color.blue), Channel(color.alpha)};
 }
 
-MapCanvas::MapCanvas(TZObjects::TXGraphicsEngine& engine, const MercatorView& view)
+MapCanvas::MapCanvas(TZObjects::TXGraphicsEngine& engine, const MapView& view)
     : engine(engine), view(view), surface(engine.NewGraphics())
 {
     const PixelSize size = view.Size();

@@ -5,7 +5,7 @@
 
 #include <txbase/TXRefPtr.h>
 #include <txgraphics/TXGraphics.h>
-#include <txmap/map/MercatorView.h>
+#include <txmap/map/MapView.h>
 #include <txmap/style/Color.h>
 
 namespace TZObjects
@@ -41,11 +41,11 @@ class MapCanvas
 public:
     /// @param engine where the surface comes from; it must outlive the canvas.
     /// @throw Failure with `ExitCode::Drawing` when there is no such surface.
-    MapCanvas(TZObjects::TXGraphicsEngine& engine, const MercatorView& view);
+    MapCanvas(TZObjects::TXGraphicsEngine& engine, const MapView& view);
 
     TZObjects::TXGraphicsEngine& Engine() const { return engine; }
     TZObjects::TXGraphics& Surface() const { return *surface; }
-    const MercatorView& View() const { return view; }
+    const MapView& View() const { return view; }
 
     void UsePen(const PenLook& look);
     void UseNoPen();
@@ -56,7 +56,7 @@ public:
 
 private:
     TZObjects::TXGraphicsEngine& engine;
-    const MercatorView& view;
+    const MapView& view;
     TZObjects::TXRefPtr<TZObjects::TXGraphics> surface;
     std::optional<PenLook> pen;
     std::optional<Color> brush;

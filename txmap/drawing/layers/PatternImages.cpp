@@ -33,7 +33,7 @@ TXRefPtr<TXImage> PatternImages::Find(const std::string& name)
     const SpritePicture* const picture = sprites.Find(name);
     if (!picture)
         return nullptr;
-    const MercatorView& view = canvas.View();
+    const MapView& view = canvas.View();
     const PixelSize size = view.Size();
     // Patterns grow from one whole zoom to the next, where they begin anew.
     const double world = 512.0 * std::exp2(std::floor(view.Zoom())) * picture->ratio;

@@ -116,7 +116,7 @@ private:
 void DrawImage(const LayerScene& scene, const PlacedImage& placed, int world, const ColorChange& change, bool linear,
                double opacity)
 {
-    const MercatorView& view = scene.canvas.View();
+    const MapView& view = scene.canvas.View();
     const AffineMatrix matrix = view.ToPixels(world);
     std::array<TXPoint, 4> corners;
     TXRect box(1e300, -1e300, 1e300, -1e300);

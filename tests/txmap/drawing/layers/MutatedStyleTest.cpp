@@ -4,6 +4,7 @@
 
 #include <tests/txmap/drawing/layers/StyledTwins.h>
 #include <txmap/drawing/layers/StyledMap.h>
+#include <txmap/map/MercatorView.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/sources/SourcePath.h>
 

@@ -5,6 +5,7 @@
 
 #include <txgraphics/TXImage.h>
 #include <txmap/drawing/layers/StyledMap.h>
+#include <txmap/map/MercatorView.h>
 #include <txmap/sources/Gdal.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/sources/SourcePath.h>

@@ -1,0 +1,72 @@
+#include <txmap/atlas/LegendEntries.h>
+
+#include <cmath>
+#include <set>
+
+#include <txmap/atlas/AreaColors.h>
+#include <txmap/atlas/AtlasSources.h>
+#include <txmap/drawing/layers/MapCanvas.h>
+#include <txmap/style/Style.h>
+
+namespace txmap
+{
+namespace
+{
+
+using Kind = LegendEntry::Kind;
+
+constexpr std::size_t kMostValues = 16;
+constexpr int kRampSteps = 5;
+
+/// A number with three digits that count.
+double Rounded(double number)
+{
+    if (number == 0.0 || !std::isfinite(number))
+        return number;
+    const double unit = std::pow(10.0, std::floor(std::log10(std::abs(number))) - 2.0);
+    return std::round(number / unit) * unit;
+}
+
+void AddRamp(const ColorRamp& ramp, const RampRange& range, std::vector<LegendEntry>& entries)
+{
+    for (int step = kRampSteps - 1; step >= 0; --step)
+    {
+        const double part = step / (kRampSteps - 1.0);
+        const double number = range.isLogarithmic ? range.low * std::pow(range.high / range.low, part)
+                                                  : range.low + (range.high - range.low) * part;
+        const Color color = Color::Mix(ramp.low, ramp.high, part, ColorSpace::Rgb);
+        entries.push_back({Kind::Area, ToTXColor(color), NumberText(Rounded(number))});
+    }
+}
+
+} // namespace
+
+std::vector<LegendEntry> LegendEntries(const AtlasOptions& options, const Style& style, const AtlasSources& sources)
+{
+    std::vector<LegendEntry> entries;
+    for (const AtlasSource& source : sources.Features())
+    {
+        const bool isLand = source.role == LayerRole::Any || source.role == LayerRole::Countries;
+        if (isLand && source.Has(GeometryType::Polygon))
+        {
+            const FeatureSet& set = *source.Features().front().features;
+            if (options.ramp)
+                AddRamp(*options.ramp, RangeOf(set, *options.ramp), entries);
+            else if (!options.colorBy.empty())
+                for (const auto& [value, category] : ColorAreas(set, options.colorBy, style.Categories()).classes)
+                    if (entries.size() < kMostValues)
+                        entries.push_back({Kind::Area, style.Fill(category), value});
+        }
+        if (source.role == LayerRole::Lakes)
+            entries.push_back({Kind::Area, style.lake, source.id});
+        if (source.role == LayerRole::Borders)
+            entries.push_back({Kind::Line, style.border.color, source.id});
+        if (source.role == LayerRole::Lines || (source.role == LayerRole::Any && source.Has(GeometryType::LineString)))
+            entries.push_back({Kind::Line, style.river.color, source.id});
+        if (source.role == LayerRole::Any && source.Has(GeometryType::Point))
+            entries.push_back({Kind::Place, style.placeFill, source.id});
+    }
+    return entries;
+}
+
+} // namespace txmap

@@ -1,0 +1,125 @@
+#include <txmap/drawing/Legend.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include <txgraphics/TXGraphics.h>
+#include <txmap/drawing/Canvas.h>
+#include <txmap/drawing/DrawingTools.h>
+#include <txmap/drawing/LabelPainter.h>
+#include <txmap/labels/LabelScene.h>
+#include <txmap/map/MapView.h>
+#include <txmap/style/Style.h>
+
+namespace txmap
+{
+
+using TZObjects::TXPen;
+using TZObjects::TXPoint;
+using TZObjects::TXRect;
+
+namespace
+{
+
+// In heights of the text.
+constexpr double kLineStep = 1.7;
+constexpr double kSymbolWidth = 2.0;
+constexpr double kPadding = 0.8;
+// As parts of the map.
+constexpr double kMargin = 0.015;
+constexpr double kMostOfMap = 0.9;
+
+} // namespace
+
+Legend::Legend(const std::vector<LegendEntry>& entries, const MapView& view, const Style& style, LabelFonts& fonts)
+{
+    const TXRect& frame = view.Frame();
+    const LabelLook look{WholePixels(style.labels.size * std::max(1.0, view.Scale()) * 0.85),
+                         0.0,
+                         style.labels.place,
+                         {0.0, style.labels.place}};
+    const double size = look.size;
+    const double margin = kMargin * std::min(frame.Width(), frame.Height());
+    double widest = 0.0;
+    for (const LegendEntry& entry : entries)
+    {
+        const double height = (static_cast<double>(lines.size()) + 1.0) * kLineStep * size + 2.0 * kPadding * size;
+        const LabelText text = MakeLabelText(entry.text, fonts.Path());
+        if (text.text.isEmpty() || height > kMostOfMap * frame.Height())
+            continue;
+        const LabelExtent extent = fonts.Measure(text, look);
+        widest = std::max(widest, extent.width);
+        lines.push_back({entry, {}, {text, look, {0.0, extent.width, 0.0, extent.height}}});
+    }
+    if (lines.empty())
+        return;
+    const double width = widest + (kSymbolWidth + 3.0 * kPadding) * size;
+    const double height = static_cast<double>(lines.size()) * kLineStep * size + kPadding * size;
+    const double left = std::round(frame.left + margin);
+    const double bottom = std::round(frame.bottom - margin);
+    box = {left, left + std::ceil(width), bottom - std::ceil(height), bottom};
+    double middle = box.top + kPadding * size / 2.0 + kLineStep * size / 2.0;
+    for (Line& line : lines)
+    {
+        const double start = box.left + kPadding * size;
+        line.symbol = {start, start + kSymbolWidth * size, middle - size / 2.0, middle + size / 2.0};
+        const double textLeft = line.symbol.right + kPadding * size;
+        TXRect& place = line.label.box;
+        const double textHeight = place.Height();
+        place = {textLeft, textLeft + place.Width(), middle - textHeight / 2.0, middle + textHeight / 2.0};
+        middle += kLineStep * size;
+    }
+}
+
+void Legend::Draw(Canvas& canvas, LabelPainter& texts, const Style& style) const
+{
+    if (lines.empty())
+        return;
+    RequireDrawn(canvas.Surface().fillRect(box, style.panel));
+    canvas.Use({style.frame.color, 1.0});
+    const TXPoint outline[] = {{box.left, box.top},
+                               {box.right, box.top},
+                               {box.right, box.bottom},
+                               {box.left, box.bottom},
+                               {box.left, box.top}};
+    RequireDrawn(canvas.Surface().Polyline(outline, 5));
+    std::vector<PlacedLabel> labels;
+    for (const Line& line : lines)
+    {
+        const TXRect& symbol = line.symbol;
+        const double middle = (symbol.top + symbol.bottom) / 2.0;
+        if (line.entry.kind == LegendEntry::Kind::Area)
+        {
+            RequireDrawn(canvas.Surface().fillRect(symbol, line.entry.color));
+            canvas.Use(style.outline);
+            const TXPoint edge[] = {{symbol.left, symbol.top},
+                                    {symbol.right, symbol.top},
+                                    {symbol.right, symbol.bottom},
+                                    {symbol.left, symbol.bottom},
+                                    {symbol.left, symbol.top}};
+            RequireDrawn(canvas.Surface().Polyline(edge, 5));
+        }
+        else if (line.entry.kind == LegendEntry::Kind::Line)
+        {
+            canvas.Use({line.entry.color, 2.0});
+            const TXPoint ends[] = {{symbol.left, middle}, {symbol.right, middle}};
+            RequireDrawn(canvas.Surface().Polyline(ends, 2));
+        }
+        else
+        {
+            canvas.Surface().SelectPen(TXPen::NullPen);
+            canvas.Surface().SelectBrush(SolidBrush(canvas.Engine(), line.entry.color));
+            const double radius = symbol.Height() / 4.0;
+            const double centre = (symbol.left + symbol.right) / 2.0;
+            std::vector<TXPoint> circle;
+            for (int i = 0; i < 24; ++i)
+                circle.emplace_back(centre + radius * std::cos(i * 0.2617993877991494),
+                                    middle + radius * std::sin(i * 0.2617993877991494));
+            RequireDrawn(canvas.Surface().Polygon(circle.data(), static_cast<int>(circle.size())));
+        }
+        labels.push_back(line.label);
+    }
+    texts.Draw(labels);
+}
+
+} // namespace txmap

@@ -1,0 +1,59 @@
+#include <txmap/sources/RasterExtent.h>
+
+#include <gdal_priv.h>
+#include <ogr_spatialref.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <memory>
+
+namespace txmap
+{
+namespace
+{
+
+// Points along each side of a raster that is brought into degrees.
+constexpr int kSamples = 21;
+
+struct TransformationDeleter
+{
+    void operator()(OGRCoordinateTransformation* transformation) const
+    {
+        OCTDestroyCoordinateTransformation(transformation);
+    }
+};
+
+} // namespace
+
+std::optional<GeoBox> RasterExtent(const std::string& file)
+{
+    const GDALDatasetUniquePtr dataset(GDALDataset::Open(file.c_str(), GDAL_OF_RASTER | GDAL_OF_READONLY));
+    std::array<double, 6> transform{};
+    if (!dataset || dataset->GetGeoTransform(transform.data()) != CE_None)
+        return std::nullopt;
+    GeoBox box{1e300, 1e300, -1e300, -1e300};
+    for (const double column : {0.0, static_cast<double>(dataset->GetRasterXSize())})
+        for (const double row : {0.0, static_cast<double>(dataset->GetRasterYSize())})
+        {
+            const double x = transform[0] + column * transform[1] + row * transform[2];
+            const double y = transform[3] + column * transform[4] + row * transform[5];
+            box = {std::min(box.west, x), std::min(box.south, y), std::max(box.east, x), std::max(box.north, y)};
+        }
+    if (const OGRSpatialReference* const system = dataset->GetSpatialRef())
+    {
+        OGRSpatialReference degrees;
+        degrees.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+        degrees.SetWellKnownGeogCS("WGS84");
+        const std::unique_ptr<OGRCoordinateTransformation, TransformationDeleter> toDegrees(
+            OGRCreateCoordinateTransformation(system, &degrees));
+        if (!toDegrees || !toDegrees->TransformBounds(box.west, box.south, box.east, box.north, &box.west, &box.south,
+                                                      &box.east, &box.north, kSamples))
+            return std::nullopt;
+    }
+    const bool isKnown = std::isfinite(box.west) && std::isfinite(box.south) && std::isfinite(box.east) &&
+                         std::isfinite(box.north) && box.west < box.east && box.south < box.north;
+    return isKnown ? std::optional(box) : std::nullopt;
+}
+
+} // namespace txmap
