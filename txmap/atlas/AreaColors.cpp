@@ -122,9 +122,13 @@ AreaColors ColorAreas(const FeatureSet& set, const std::string& colorBy, int cla
                                                                       : texts[a] < texts[b];
               });
     std::vector<int> given(texts.size());
+    // Of a few values, all differ.
+    const bool allDiffer = texts.size() <= static_cast<std::size_t>(classes);
+    std::set<std::size_t> before;
     for (const std::size_t group : order)
     {
-        given[group] = Choose(texts[group], neighbours[group], given, classes);
+        given[group] = Choose(texts[group], allDiffer ? before : neighbours[group], given, classes);
+        before.insert(group);
         colors.classes[texts[group]] = given[group];
     }
     return colors;

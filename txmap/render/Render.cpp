@@ -63,7 +63,7 @@ MercatorView ViewOf(const RenderOptions& options, const MapStyle& style)
 /// Where the pixels of a view lie in metres of Web Mercator.
 GeoReference ReferenceOf(const MercatorView& view)
 {
-    const double world = Projection::WebMercator().Forward(360.0, 0.0).x;
+    const double world = Projection::WebMercator().Circumference();
     const auto metres = [&](double column, double row)
     {
         const TZObjects::TXPoint place = view.ToPlace({column, row});

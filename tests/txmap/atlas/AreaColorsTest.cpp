@@ -1,4 +1,5 @@
 #include <map>
+#include <set>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -55,6 +56,17 @@ TEST(AreaColors, GiveEqualValuesOneColour)
     EXPECT_EQ(colors.field, "kind");
     ASSERT_EQ(colors.classes.size(), 2u);
     EXPECT_NE(colors.classes.at("a"), colors.classes.at("b"));
+}
+
+TEST(AreaColors, AllDifferWhereThereAreEnough)
+{
+    std::string features;
+    for (int i = 0; i < 7; ++i)
+        features += (i > 0 ? "," : "") + Cell(10 * i, 0, R"("name":"n)" + std::to_string(i) + R"(")");
+    std::set<int> given;
+    for (const auto& [name, category] : Colored(features).classes)
+        given.insert(category);
+    EXPECT_EQ(given.size(), 7u);
 }
 
 TEST(AreaColors, DifferBetweenNeighbours)
@@ -119,4 +131,38 @@ TEST(AreaColors, OfTheWorldDifferAcrossEveryBorder)
                 << names[i] << ", " << names[neighbour];
         }
     EXPECT_GT(borders, 500u);
+}
+
+namespace
+{
+
+RampRange RangeIn(const std::string& features, ColorRamp ramp)
+{
+    PrepareGdal();
+    const TemporaryFolder folder;
+    const std::string file =
+        folder.Write("in.geojson", R"({"type":"FeatureCollection","features":[)" + features + "]}");
+    return RangeOf(*LoadedSource(file, kWorld)->Features("").at(0).features, ramp);
+}
+
+} // namespace
+
+TEST(RampRange, IsThatOfTheNumbersOrAsAskedFor)
+{
+    const std::string features = Cell(0, 0, R"("V":5)") + "," + Cell(1, 0, R"("V":15)") + "," +
+                                 Cell(2, 0, R"("V":null)") + "," + Cell(3, 0, R"("V":"x")");
+    const RampRange range = RangeIn(features, {"v", {}, {}, std::nullopt, std::nullopt});
+    EXPECT_EQ(range.field, "V");
+    EXPECT_EQ(range.low, 5.0);
+    EXPECT_EQ(range.high, 15.0);
+    EXPECT_FALSE(range.isLogarithmic);
+    EXPECT_EQ(RangeIn(features, {"v", {}, {}, 0.0, 100.0}).high, 100.0);
+    EXPECT_EQ(RangeIn(features, {"w", {}, {}, std::nullopt, std::nullopt}).field, "");
+}
+
+TEST(RampRange, IsLogarithmicForNumbersOfVeryDifferentSize)
+{
+    const std::string features = Cell(0, 0, R"("v":5)") + "," + Cell(1, 0, R"("v":50000)");
+    EXPECT_TRUE(RangeIn(features, {"v", {}, {}, std::nullopt, std::nullopt}).isLogarithmic);
+    EXPECT_FALSE(RangeIn(features, {"v", {}, {}, 5.0, 50000.0}).isLogarithmic);
 }

@@ -121,3 +121,34 @@ TEST(Options, AnswerWithoutInput)
     EXPECT_EQ(help.action, Options::Action::ShowText);
     EXPECT_THAT(help.text, HasSubstr("--bbox"));
 }
+
+TEST(Options, ReadWhatAnAtlasMayHave)
+{
+    const Options options = Parse({"in", "--scale", "2.5", "--legend", "--scale-bar", "--write-style", "s.json",
+                                   "--raster", "r.tif", "--raster-blend", "multiply"});
+    EXPECT_EQ(options.scale, 2.5);
+    EXPECT_TRUE(options.legend);
+    EXPECT_TRUE(options.scaleBar);
+    EXPECT_EQ(options.styleOutput, "s.json");
+    EXPECT_EQ(options.raster->multiplies, true);
+    EXPECT_FALSE(Parse({"in", "--raster", "r.tif"}).raster->multiplies);
+    for (const char* const scale : {"0", "-1", "17", "nan", "x"})
+        EXPECT_THAT(Refusal({"in", "--scale", scale}), HasSubstr("--scale")) << scale;
+    EXPECT_THAT(Refusal({"in", "--raster-blend", "multiply"}), HasSubstr("--raster-blend"));
+    EXPECT_THAT(Refusal({"--raster", "r.tif", "--raster-blend", "screen"}), HasSubstr("--raster-blend"));
+}
+
+TEST(Options, ReadARampOfColours)
+{
+    const ColorRamp colors = *Parse({"in", "--color-ramp", "pop:est:#fff:black"}).ramp;
+    EXPECT_EQ(colors.field, "pop:est");
+    EXPECT_EQ(colors.low.red, 1.0);
+    EXPECT_EQ(colors.high.red, 0.0);
+    EXPECT_FALSE(colors.from);
+    const ColorRamp numbers = *Parse({"in", "--color-ramp", "pop:-5:1e6"}).ramp;
+    EXPECT_EQ(numbers.from, -5.0);
+    EXPECT_EQ(numbers.to, 1e6);
+    for (const char* const ramp : {"pop", "pop:1", ":1:2", "pop:2:1", "pop:1:white", "pop:reddish:white", "a::"})
+        EXPECT_THAT(Refusal({"in", "--color-ramp", ramp}), HasSubstr("--color-ramp")) << ramp;
+    EXPECT_THAT(Refusal({"in", "--color-by", "a", "--color-ramp", "a:1:2"}), HasSubstr("--color-by"));
+}

@@ -64,10 +64,11 @@ public:
         layer.areas.push_back(area);
         return *this;
     }
-    LayerMaker& Place(const std::string& name, double x, double y, bool capital = false, double rank = 0.0)
+    LayerMaker& Place(const std::string& name, double x, double y, bool capital = false, double rank = 0.0,
+                      double population = 0.0)
     {
         if (!name.empty())
-            layer.placeNames.push_back({layer.places.size(), {name, capital, rank, 0.0}});
+            layer.placeNames.push_back({layer.places.size(), {name, capital, rank, population}});
         layer.places.emplace_back(x, y);
         return *this;
     }
@@ -336,4 +337,23 @@ TEST(LabelLayout, KeepsNamesAndPlacesOutOfWhatIsTaken)
     const LabelLayout country = LayerMaker().Country("Whole", {TXRect(310, 390, 110, 190)}).LayOut(scene);
     for (const PlacedLabel& label : country.labels)
         EXPECT_FALSE(Overlap(WithHalo(label), scene.taken[0]));
+}
+
+TEST(LabelLayout, NamesTwoPlacesOfOneNameThatAreCloseOnce)
+{
+    LayerMaker maker;
+    maker.Place("Twice", 300, 200).Place("Twice", 312, 210).Place("Twice", 600, 200);
+    const LabelLayout layout = maker.LayOut();
+    EXPECT_THAT(Names(layout), ElementsAre("Twice", "Twice"));
+    EXPECT_EQ(layout.leftOut.size(), 1u);
+}
+
+TEST(LabelLayout, LeavesOutSuburbs)
+{
+    LayerMaker maker;
+    maker.Place("Town", 300, 200, false, 1.0, 1e6)
+        .Place("Suburb", 315, 215, false, 3.0, 1e5)
+        .Place("Sister", 288, 185, false, 2.0, 6e5)
+        .Place("Capital", 300, 218, true, 5.0, 1e4);
+    EXPECT_THAT(Names(maker.LayOut()), ::testing::UnorderedElementsAre("Town", "Sister", "Capital"));
 }

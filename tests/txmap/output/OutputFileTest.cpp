@@ -1,5 +1,9 @@
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 #include <string>
 
@@ -125,4 +129,41 @@ TEST(OutputFile, RefusesADevice)
     const TemporaryFolder folder;
     fs::create_symlink("/dev/null", folder / "null.png");
     EXPECT_THROW(OutputFile output(folder / "null.png"), Failure);
+}
+
+TEST(OutputFile, SaysWhyNothingMoreCanBeWritten)
+{
+    const TemporaryFolder folder;
+    OutputFile output(folder / "map.png");
+    output.Begin();
+    EXPECT_EQ(output.WriteProblem(), "");
+    // As on a disk that is full.
+    rlimit before = {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit none{0, before.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &none), 0);
+    EXPECT_EQ(output.WriteProblem(), " (File too large)");
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, handler);
+}
+
+TEST(OutputFile, IsRemovedWhenASignalEndsTheProcess)
+{
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+    {
+        const TemporaryFolder folder;
+        const pid_t child = fork();
+        if (child == 0)
+        {
+            OutputFile output(folder / "map.png");
+            output.Begin();
+            std::raise(signal);
+            _exit(0);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << signal;
+        EXPECT_EQ(folder.Names(), std::set<std::string>{}) << signal;
+    }
 }
