@@ -8,6 +8,8 @@ const picture = { type: 'image', url: 'data/picture.png', coordinates: [[-17, 14
 const vector = { type: 'vector', tiles: ['data/world/{z}/{x}/{y}.pbf'], maxzoom: 4 };
 const geojson = (data, more = {}) => ({ type: 'geojson', data, ...more });
 
+const HEIGHTS = ['interpolate', ['linear'], ['elevation'], 1000, '#204080', 6000, '#70a050', 11000, '#c08040', 16000, '#ffffff'];
+
 /** What a property is set on, if nothing else is said. */
 const BASE = {
     background: {},
@@ -15,10 +17,11 @@ const BASE = {
     line: { source: geojson(lines), paint: { 'line-width': 8, 'line-color': '#4169e1' } },
     circle: { source: geojson(points), paint: { 'circle-radius': 20, 'circle-color': '#2e8b57' } },
     raster: { source: raster, paint: {} },
-    hillshade: { source: heights, paint: {} }
+    hillshade: { source: heights, paint: {} },
+    'color-relief': { source: heights, paint: { 'color-relief-color': HEIGHTS } }
 };
 
-// Browsers do not blend layers yet, whatever `*-layer-blend` says.
+// Browsers do not blend layers yet, whatever `*-layer-blend` says, and draw no steps of heights.
 // Type, property, values. A value with `$` brings other properties and members of the style.
 const PROPERTIES = [
     ['background', 'background-color', ['#a0c0e0', 'hsla(120, 60%, 40%, 0.5)', ['interpolate', ['linear'], ['zoom'], 0, 'red', 4, 'blue']]],
@@ -85,6 +88,10 @@ const PROPERTIES = [
     ['hillshade', 'hillshade-accent-color', ['#00a050']],
     ['hillshade', 'hillshade-method', ['standard', 'basic', 'combined', 'igor', 'multidirectional']],
     ['hillshade', 'resampling', [{ $: 'linear', zoom: 4.4 }]],
+    ['color-relief', 'color-relief-color', [HEIGHTS]],
+    ['color-relief', 'color-relief-opacity', [0.4]],
+    ['color-relief', 'resampling', [{ $: 'linear', zoom: 4.4 }, { $: 'nearest', zoom: 4.4 }]],
+    ['color-relief', 'visibility', ['none']],
     ['hillshade', 'visibility', ['none']]
 ];
 
@@ -138,7 +145,7 @@ export function smallStyles() {
     const cases = PROPERTIES.flatMap(([type, property, values]) =>
         values.map((value, index) => {
             const one = propertyCase(type, property, value, index);
-            return property === 'visibility' ? { ...one, name: `${type}-${one.name}` } : one;
+            return ['visibility', 'resampling'].includes(property) ? { ...one, name: `${type}.${one.name}` } : one;
         }));
     for (const [type, name, members] of MEMBERS) {
         const one = propertyCase(type, `${type}-opacity`, 1, 0);

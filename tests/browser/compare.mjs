@@ -5,7 +5,7 @@ import path from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { smallStyles } from './cases.mjs';
 import { writeData } from './data.mjs';
-import { compare, decode } from './png.mjs';
+import { compare, decode, encode } from './png.mjs';
 
 const ALIKE = 0.02;
 const tree = path.resolve(path.dirname(fileURLToPath(import.meta.url)), '../..');
@@ -45,6 +45,30 @@ function asGeoJson(file, name) {
     return JSON.parse(fs.readFileSync(copy));
 }
 
+/** Tiles of heights at zooms 0 to 3 out of a file of them, which browsers do not read. */
+function asHeightTiles(file, name) {
+    const folder = path.join(build, `${name}-heights`);
+    const tile = 256, edge = 20037508.342789244;
+    for (const zoom of fs.existsSync(folder) ? [] : [0, 1, 2, 3]) {
+        const side = tile * 2 ** zoom;
+        const raw = path.join(build, `${name}.raw`);
+        execFileSync('gdalwarp', ['-q', '-overwrite', '-of', 'ENVI', '-ot', 'Float32', '-r', 'bilinear', '-t_srs', 'EPSG:3857',
+            '-te', -edge, -edge, edge, edge, '-ts', side, side, file, raw], { stdio: ['ignore', 'inherit', 'ignore'] });
+        const heights = new Float32Array(Uint8Array.from(fs.readFileSync(raw)).buffer);
+        const pixelAt = (x, y) => {
+            const value = Math.round((heights[y * side + x] + 32768) * 256);
+            return [value >> 16 & 255, value >> 8 & 255, value & 255, 255];
+        };
+        for (let x = 0; x < side; x += tile)
+            for (let y = 0; y < side; y += tile) {
+                const place = path.join(folder, `${zoom}/${x / tile}/${y / tile}.png`);
+                fs.mkdirSync(path.dirname(place), { recursive: true });
+                fs.writeFileSync(place, encode(tile, tile, (u, v) => pixelAt(x + u, y + v)));
+            }
+    }
+    return `local:/${folder}/{z}/{x}/{y}.png`;
+}
+
 /** A style whose relative addresses are those of the renderer's server. */
 function forBrowser({ name, style, file }) {
     const folder = path.dirname(file);
@@ -57,6 +81,11 @@ function forBrowser({ name, style, file }) {
             source.data = asGeoJson(path.resolve(folder, source.data), `${name}-${id}`);
         if (source.tiles)
             source.tiles = source.tiles.map(address);
+        if (source.type === 'raster-dem' && /\.tif$/.test(source.url ?? '')) {
+            source.tiles = [asHeightTiles(path.resolve(folder, source.url), `${name}-${id}`)];
+            Object.assign(source, { minzoom: 0, maxzoom: 3, tileSize: 256, encoding: 'terrarium' });
+            delete source.url;
+        }
         if (source.url)
             source.url = address(source.url);
     }

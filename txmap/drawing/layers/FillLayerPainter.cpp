@@ -10,6 +10,7 @@
 namespace txmap
 {
 
+using TZObjects::TXBrush;
 using TZObjects::TXPoint;
 
 namespace
@@ -26,6 +27,18 @@ struct FillLook
     std::optional<Color> outline;
     std::string pattern;
 };
+
+/// The hatch of a name; nothing for none.
+std::optional<TXBrush::BrushStyle> HatchOf(const std::string& name)
+{
+    if (name == "horizontal")
+        return TXBrush::HorizontalHatch;
+    if (name == "vertical")
+        return TXBrush::VerticalHatch;
+    if (name == "cross")
+        return TXBrush::CrossHatch;
+    return std::nullopt;
+}
 
 class FillLayerPainter
 {
@@ -111,10 +124,13 @@ private:
             filled.alpha *= look.opacity;
             if (filled.alpha <= 0.0)
                 return;
-            canvas.UseBrush(filled);
+            if (const auto hatch = HatchOf(scene.layer.hatch))
+                canvas.UseHatch(filled, *hatch);
+            else
+                canvas.UseBrush(filled);
             // The outline has the colour of the fill unless the style says otherwise, and closes the gaps that would
             // be seen between neighbours. Where it is translucent it would be seen twice.
-            if (antialias.Constant() && !look.outline && filled.alpha >= 1.0)
+            if (antialias.Constant() && scene.layer.hatch.empty() && !look.outline && filled.alpha >= 1.0)
                 canvas.UsePen({filled, 1.0, TZObjects::TXPen::FlatCap, TZObjects::TXPen::BevelJoin, {}});
         }
         RequireDrawn(canvas.Surface().PolyPolygon(parts.points.data(), parts.counts.data(),

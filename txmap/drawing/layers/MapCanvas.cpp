@@ -69,6 +69,15 @@ void MapCanvas::UseBrush(const Color& color)
     texture = nullptr;
 }
 
+void MapCanvas::UseHatch(const Color& color, TXBrush::BrushStyle style)
+{
+    const TXRefPtr<TXBrush> made(engine.NewBrush());
+    RequireDrawn(made && made->Create(ToTXColor(color), style));
+    surface->SelectBrush(made);
+    brush.reset();
+    texture = nullptr;
+}
+
 void MapCanvas::UseTexture(const TXRefPtr<TXImage>& image)
 {
     if (texture == image.get())

@@ -50,6 +50,8 @@ public:
     void UsePen(const PenLook& look);
     void UseNoPen();
     void UseBrush(const Color& color);
+    /// Fills with thin lines of a colour, a few pixels apart; the picture is seen between them.
+    void UseHatch(const Color& color, TZObjects::TXBrush::BrushStyle style);
     void UseNoBrush() { UseBrush({0.0, 0.0, 0.0, 0.0}); }
     /// Fills with an image, laid from the top left of the picture.
     void UseTexture(const TZObjects::TXRefPtr<TZObjects::TXImage>& image);

@@ -6,6 +6,7 @@
 #include <txmap/drawing/DrawingTools.h>
 #include <txmap/drawing/layers/BackgroundLayerPainter.h>
 #include <txmap/drawing/layers/CircleLayerPainter.h>
+#include <txmap/drawing/layers/ColorReliefLayerPainter.h>
 #include <txmap/drawing/layers/FillLayerPainter.h>
 #include <txmap/drawing/layers/HillshadeLayerPainter.h>
 #include <txmap/drawing/layers/LayerProperty.h>
@@ -37,10 +38,11 @@ void DrawLayer(const LayerScene& scene)
         return DrawRasterLayer(scene);
     case LayerType::Hillshade:
         return DrawHillshadeLayer(scene);
+    case LayerType::ColorRelief:
+        return DrawColorReliefLayer(scene);
     case LayerType::Symbol:
     case LayerType::Heatmap:
     case LayerType::FillExtrusion:
-    case LayerType::ColorRelief:
         break; // The reader of styles leaves these out.
     }
 }

@@ -30,6 +30,8 @@ constexpr MemberRule kTransition[] = {
     {"delay", "number", "", "", Varies::Never, 0, kNone},
 };
 
+constexpr const char* kHatches = "horizontal vertical cross";
+
 bool EndsWith(const std::string& text, const std::string& end)
 {
     return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
@@ -126,7 +128,10 @@ private:
         ReadZooms(*json, layer);
         CheckSource(*json, *rules, pointer);
         if (const auto metadata = json->find("metadata"); metadata != json->end() && metadata->is_object())
+        {
             layer.metadata = *metadata;
+            ReadHatch(PointerTo(pointer, "metadata"), layer);
+        }
         if (const auto filter = json->find("filter"); filter != json->end())
             layer.filter = WithoutState(ReadFilter(*filter, PointerTo(pointer, "filter"), problems),
                                         PointerTo(pointer, "filter"), "filters");
@@ -142,6 +147,21 @@ private:
         }
         if (usable)
             style.layers.push_back(std::move(layer));
+    }
+
+    /// What the style format has no word for stands in the metadata.
+    void ReadHatch(const std::string& pointer, StyleLayer& layer)
+    {
+        const auto hatch = layer.metadata.find("txmap:hatch");
+        if (hatch == layer.metadata.end())
+            return;
+        const std::string place = PointerTo(pointer, "txmap:hatch");
+        const std::size_t before = problems.Count();
+        CheckConstant(*hatch, {"", "enum", kHatches}, place, problems);
+        if (layer.type != LayerType::Fill)
+            problems.Add(place, "only layers of type fill are hatched");
+        if (problems.Count() == before)
+            layer.hatch = hatch->get<std::string>();
     }
 
     void ReportType(const Json& type, const std::string& pointer)

@@ -134,7 +134,7 @@ LayerRules FillExtrusionRules()
 LayerRules ColorReliefRules()
 {
     return {LayerType::ColorRelief,    "color-relief", ListOf(kColorReliefLayout),
-            ListOf(kColorReliefPaint), "raster-dem",   "colours by height are not drawn"};
+            ListOf(kColorReliefPaint), "raster-dem",   ""};
 }
 
 } // namespace txmap

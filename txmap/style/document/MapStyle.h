@@ -27,6 +27,7 @@ struct StyleLayer
     std::optional<Expression> filter;             ///< Nothing lets every feature pass.
     std::map<std::string, Expression> properties; ///< Those that are set or have a default.
     Json metadata = Json::object();
+    std::string hatch; ///< What the metadata say that areas are hatched with; empty for nothing.
 
     /// A property, or null if it is not set and has no default.
     const Expression* Find(const std::string& name) const

@@ -83,6 +83,23 @@ TEST_F(LayerPicture, FillWithOpacityHasNone)
                });
 }
 
+TEST_F(LayerPicture, FillWithAHatch)
+{
+    for (const auto& [name, style] : {std::pair{"horizontal", TXBrush::HorizontalHatch},
+                                      {"vertical", TXBrush::VerticalHatch},
+                                      {"cross", TXBrush::CrossHatch}})
+        ExpectSame(Styled(Geometry("Polygon", {kRing}), R"({"id": "f", "type": "fill", "source": "s", "paint": {
+                       "fill-color": "#804020"}, "metadata": {"txmap:hatch": ")" +
+                                                            std::string(name) + "\"}}"),
+                   [&](TXGraphics& surface)
+                   {
+                       const auto brush = Brush({128, 64, 32, 255});
+                       brush->Create({128, 64, 32, 255}, style);
+                       surface.SelectBrush(brush);
+                       FillRing(surface, kRing);
+                   });
+}
+
 TEST_F(LayerPicture, FillWithoutAntialiasing)
 {
     ExpectSame(Fill(R"("fill-color": "#804020", "fill-antialias": false)"),

@@ -136,6 +136,31 @@ TEST_F(PixelLayer, SlopesTowardTheLightAreLitAndOthersShaded)
     }
 }
 
+TEST_F(PixelLayer, HeightsHaveTheColoursOfTheirRamp)
+{
+    GDALAllRegister();
+    // Higher by 100 metres with each cell from west to east.
+    std::string grid = "ncols 64\nnrows 64\nxllcorner -8\nyllcorner -8\ncellsize 0.25\n";
+    for (int i = 0; i < 64 * 64; ++i)
+        grid += std::to_string(100 * (i % 64)) + (i % 64 < 63 ? " " : "\n");
+    folder.Write("slope.asc", grid);
+    folder.Write("slope.prj", R"(GEOGCS["WGS 84",DATUM["WGS_1984",SPHEROID["WGS 84",6378137,298.257223563]],)"
+                              R"(PRIMEM["Greenwich",0],UNIT["degree",0.0174532925199433]])");
+    const auto drawn = [&](const std::string& paint)
+    {
+        return StyledSource(R"({"type": "raster-dem", "url": "slope.asc"})",
+                            R"({"id": "r", "type": "color-relief", "source": "s", "paint": {)" + paint + "}}");
+    };
+    const std::string ramp = R"("color-relief-color": ["step", ["elevation"], "#ff0000", 3200, "#0000ff"])";
+    const auto steps = drawn(ramp);
+    EXPECT_EQ(At(steps, 128 - 4, 128), 0xffff0000u);
+    EXPECT_EQ(At(steps, 128 + 4, 128), 0xff0000ffu);
+    EXPECT_NEAR(At(drawn(ramp + R"(, "color-relief-opacity": 0.4)"), 128 + 4, 128) >> 24, 102.0, 1.0);
+    const auto blend =
+        drawn(R"("color-relief-color": ["interpolate", ["linear"], ["elevation"], 0, "#000000", 6400, "#ffffff"])");
+    EXPECT_NEAR(At(blend, 128, 128) & 255, 127.0, 6.0);
+}
+
 TEST(Hillshade, FlatGroundIsTransparentByTheStandardMethod)
 {
     const txmap::HillshadeLook look{"standard", 0.5, {}, {txmap::HillshadeLight()}};
