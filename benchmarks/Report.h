@@ -26,6 +26,7 @@ struct Report
     LabelMemory memory;
     std::vector<Scaling> scaling;
     std::vector<Peer> peers;
+    std::vector<Peer> styled; ///< Who draws countries from a style; the note is what reading takes.
 
     /// Writes it as Markdown.
     void Write(std::ostream& out) const;

@@ -1,6 +1,7 @@
 // Measures the plugin against direct calls, prints the table, and fails when a limit is broken.
 //
-//   txbench [--quick] [--repetitions=N] [--report=FILE] [--peers=FILE] [--no-extras] [options of Google Benchmark]
+//   txbench [--quick] [--repetitions=N] [--report=FILE] [--peers=FILE] [--styled=FILE] [--no-extras] [options of Google
+//   Benchmark]
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -88,6 +89,7 @@ int main(int argc, char** argv)
                                           : kRepetitions,
                                   kLeastRepetitions);
     report.peers = ReadPeers(Option(argc, argv, "--peers"));
+    report.styled = ReadPeers(Option(argc, argv, "--styled"));
     const Scenes scenes = AllScenes(quick);
     report.scenes = &scenes;
 

@@ -28,8 +28,8 @@ std::string StyleText()
 {
     std::string rules;
     for (int i = 0; i < 7; ++i)
-        rules += "<Rule><Filter>[mapcolor]=" + std::to_string(i + 1) + "</Filter><PolygonSymbolizer fill=\"" + kFills[i] +
-                 "\"/></Rule>";
+        rules += "<Rule><Filter>[mapcolor]=" + std::to_string(i + 1) + "</Filter><PolygonSymbolizer fill=\"" +
+                 kFills[i] + "\"/></Rule>";
     return "<Map srs=\"epsg:3857\" background-color=\"#c8d7e1\"><Style name=\"fill\">" + rules +
            "</Style><Style name=\"line\"><Rule><LineSymbolizer stroke=\"#786e78\" stroke-width=\"1.2\" "
            "stroke-linejoin=\"round\"/></Rule></Style></Map>";
