@@ -4,16 +4,12 @@
 #include <cmath>
 #include <vector>
 
+#include <txmap/drawing/layers/HeightPixels.h>
 #include <txmap/drawing/layers/LayerProperty.h>
-#include <txmap/drawing/layers/LayerScene.h>
 #include <txmap/drawing/layers/PixelSampler.h>
-#include <txmap/drawing/layers/PixelWindow.h>
 
 namespace txmap
 {
-
-using TZObjects::TXPoint;
-using TZObjects::TXRect;
 
 namespace
 {
@@ -93,31 +89,9 @@ void DrawColorReliefLayer(const LayerScene& scene)
     const bool linear =
         LayerProperty<std::string>(scene.layer, "resampling", scene.Zoom(), context).Constant() != "nearest";
     const HeightColors colors(scene, grid);
-    const MercatorBox& box = grid.box;
-    for (const int world : grid.worlds)
-    {
-        const AffineMatrix matrix = scene.canvas.View().ToPixels(world);
-        TXRect around(1e300, -1e300, 1e300, -1e300);
-        for (const double x : {box.left, box.right})
-            for (const double y : {box.top, box.bottom})
-            {
-                const TXPoint corner = matrix.Map({x, y});
-                around = {std::min(around.left, corner.x), std::max(around.right, corner.x),
-                          std::min(around.top, corner.y), std::max(around.bottom, corner.y)};
-            }
-        PixelWindow window(scene.canvas, around);
-        const AffineMatrix toPlace = matrix.Inverted();
-        window.Fill(
-            [&](double x, double y) -> std::uint32_t
-            {
-                const TXPoint place = toPlace.Map({x, y});
-                if (!box.Contains(place))
-                    return 0;
-                return colors.At(HeightAt(grid, (place.x - box.left) / (box.right - box.left) * grid.width,
-                                          (place.y - box.top) / (box.bottom - box.top) * grid.height, linear));
-            });
-        window.Draw(scene.canvas, opacity);
-    }
+    DrawHeightPixels(scene, grid, opacity,
+                     [&](const TZObjects::TXPoint& /*place*/, double column, double row)
+                     { return colors.At(HeightAt(grid, column, row, linear)); });
 }
 
 } // namespace txmap

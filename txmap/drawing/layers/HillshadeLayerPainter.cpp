@@ -3,16 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include <txmap/drawing/layers/HeightPixels.h>
 #include <txmap/drawing/layers/Hillshade.h>
 #include <txmap/drawing/layers/LayerProperty.h>
-#include <txmap/drawing/layers/LayerScene.h>
-#include <txmap/drawing/layers/PixelWindow.h>
 
 namespace txmap
 {
 
 using TZObjects::TXPoint;
-using TZObjects::TXRect;
 
 namespace
 {
@@ -110,37 +108,18 @@ void DrawHillshadeLayer(const LayerScene& scene)
         return;
     const HillshadeLook look = LookOf(scene);
     const Slopes slopes(grid);
-    const MapView& view = scene.canvas.View();
-    const MercatorBox& box = grid.box;
-    for (const int world : grid.worlds)
-    {
-        const AffineMatrix matrix = view.ToPixels(world);
-        TXRect around(1e300, -1e300, 1e300, -1e300);
-        for (const double x : {box.left, box.right})
-            for (const double y : {box.top, box.bottom})
-            {
-                const TXPoint corner = matrix.Map({x, y});
-                around = {std::min(around.left, corner.x), std::max(around.right, corner.x),
-                          std::min(around.top, corner.y), std::max(around.bottom, corner.y)};
-            }
-        PixelWindow window(scene.canvas, around);
-        const AffineMatrix toPlace = matrix.Inverted();
-        window.Fill(
-            [&](double x, double y) -> std::uint32_t
-            {
-                const TXPoint place = toPlace.Map({x, y});
-                double eastward = 0.0;
-                double southward = 0.0;
-                if (!box.Contains(place) ||
-                    !slopes.At((place.x - box.left) / (box.right - box.left) * grid.width,
-                               (place.y - box.top) / (box.bottom - box.top) * grid.height, eastward, southward))
-                    return 0;
-                // Away from the equator, the map shows less of the ground in a pixel.
-                const double stretch = std::cos(view.MapProjection().ToDegrees(place).y * kPi / 180.0);
-                return HillshadeColor(look, eastward / stretch, southward / stretch).Packed();
-            });
-        window.Draw(scene.canvas, 1.0);
-    }
+    const Projection projection = scene.canvas.View().MapProjection();
+    DrawHeightPixels(scene, grid, 1.0,
+                     [&](const TXPoint& place, double column, double row) -> std::uint32_t
+                     {
+                         double eastward = 0.0;
+                         double southward = 0.0;
+                         if (!slopes.At(column, row, eastward, southward))
+                             return 0;
+                         // Away from the equator, the map shows less of the ground in a pixel.
+                         const double stretch = std::cos(projection.ToDegrees(place).y * kPi / 180.0);
+                         return HillshadeColor(look, eastward / stretch, southward / stretch).Packed();
+                     });
 }
 
 } // namespace txmap
