@@ -74,7 +74,8 @@ public:
         result.problem =
             (problem.id == kNumberTooLarge ? "has a number out of range at byte " : "is no valid JSON at byte ") +
             std::to_string(position);
-        // A sequence of features fails behind the first, or before it. Others are more lenient with what stands in texts.
+        // A sequence of features fails behind the first, or before it. Others are more lenient with what stands in
+        // texts.
         result.isOther = roles.empty() || problem.id != kNumberTooLarge;
         return false;
     }

@@ -119,8 +119,9 @@ TEST_F(StyleDocumentTest, ColoursByARampOfNumbers)
         R"({"type":"Feature","properties":{"v":7},"geometry":)" + kArea.substr(kArea.find("{\"type\":\"Po")),
         LayerRole::Countries);
     options.ramp = ColorRamp{"v", {1.0, 1.0, 1.0, 1.0}, {0.0, 0.0, 0.0, 1.0}, 0.0, 10.0};
-    EXPECT_EQ(Make()["layers"][4]["paint"]["fill-color"][2].dump(),
-              R"json(["interpolate",["linear"],["number",["get","v"]],0.0,"rgba(255,255,255,1)",10.0,"rgba(0,0,0,1)"])json");
+    EXPECT_EQ(
+        Make()["layers"][4]["paint"]["fill-color"][2].dump(),
+        R"json(["interpolate",["linear"],["number",["get","v"]],0.0,"rgba(255,255,255,1)",10.0,"rgba(0,0,0,1)"])json");
     EXPECT_TRUE(ReadStyle(Make().dump()).problems.empty());
     options.ramp->field = "w";
     EXPECT_THAT(RefusalOf(ExitCode::Data, [&] { Make(); }), HasSubstr("--color-ramp"));

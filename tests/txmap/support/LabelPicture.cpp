@@ -32,8 +32,9 @@ Picture DrawPlace(const std::string& json, const std::vector<std::string>& optio
 {
     const TemporaryFolder folder;
     std::vector<std::string> arguments = {folder.Write("in.geojson", PlaceNamed(json))};
-    arguments.insert(arguments.end(),
-                     {"--label-field", "name", "--size", size, "--graticule", "0", "--bbox", "-180,-90,180,90"});
+    arguments.insert(arguments.end(), {"--label-field", "name", "--size", size, "--graticule", "0"});
+    if (std::find(options.begin(), options.end(), "--bbox") == options.end())
+        arguments.insert(arguments.end(), {"--bbox", "-180,-90,180,90"});
     arguments.insert(arguments.end(), options.begin(), options.end());
     return Draw(arguments);
 }
