@@ -14,6 +14,7 @@ namespace
 constexpr const char* kSubject = "Polygons";
 constexpr int kPolygons = 10000;
 constexpr int kPatchworks = 24;
+constexpr int kSmallRings = 1;
 
 /// Stars of 5 to 50 corners, at any position.
 std::vector<Line> Stars()
@@ -105,6 +106,28 @@ std::vector<Country> Patchworks()
     return patchworks;
 }
 
+/// 100,000 small triangles of one shape.
+std::vector<Country> SmallRings()
+{
+    Random random(17);
+    Country all;
+    constexpr int kRings = 100000;
+    for (int ring = 0; ring < kRings; ++ring)
+    {
+        const TXPoint centre = random.Point(5, 1019);
+        QPolygonF triangle;
+        for (int corner = 0; corner < 3; ++corner)
+            triangle << QPointF(centre.x + random.Real(-1.5, 1.5), centre.y + random.Real(-1.5, 1.5));
+        triangle << triangle.first();
+        for (const QPointF& point : triangle)
+            all.points.emplace_back(point.x(), point.y());
+        all.counts.push_back(triangle.size());
+        all.polygons.push_back(triangle);
+    }
+    return {std::move(all)};
+}
+
+/// @param shapes are drawn one after another, and again from the first one on.
 Contenders DrawShapes(const Look& look, std::vector<Country> shapes)
 {
     const Stage stage;
@@ -115,15 +138,17 @@ Contenders DrawShapes(const Look& look, std::vector<Country> shapes)
     contenders.ours = Each(
         [=](int i)
         {
-            const Country& country = (*countries)[i];
+            const Country& country = (*countries)[static_cast<std::size_t>(i) % countries->size()];
             canvas->Surface().PolyPolygon(country.points.data(), country.counts.data(), country.Rings());
         });
-    contenders.direct = Each([=](int i) { canvas->Direct().drawPath((*countries)[i].Path()); });
+    contenders.direct =
+        Each([=](int i)
+             { canvas->Direct().drawPath((*countries)[static_cast<std::size_t>(i) % countries->size()].Path()); });
     contenders.cairo = Each(
         [=](int i)
         {
-            const TXPoint* ring = (*countries)[i].points.data();
-            for (const int count : (*countries)[i].counts)
+            const TXPoint* ring = (*countries)[static_cast<std::size_t>(i) % countries->size()].points.data();
+            for (const int count : (*countries)[static_cast<std::size_t>(i) % countries->size()].counts)
             {
                 AddCairoRing(canvas->Cairo(), ring, count);
                 ring += count;
@@ -133,7 +158,7 @@ Contenders DrawShapes(const Look& look, std::vector<Country> shapes)
     contenders.agg = Each(
         [=](int i)
         {
-            const Country& country = (*countries)[i];
+            const Country& country = (*countries)[static_cast<std::size_t>(i) % countries->size()];
             canvas->Agg().Rings(country.points.data(), country.counts.data(), country.Rings());
         });
     return contenders;
@@ -155,6 +180,8 @@ void AddPolygons(Scenes& scenes)
                       [=] { return DrawPolygons(translucent); }});
     scenes.push_back({kSubject, "shapes of 1000 patches each, filled", kPatchworks, Limit::Drawing(),
                       [=] { return DrawShapes(filled, Patchworks()); }});
+    scenes.push_back({kSubject, "100,000 small rings of one shape, filled", kSmallRings, Limit::AtMost(1.00),
+                      [=] { return DrawShapes(filled, SmallRings()); }});
     const int countries = kCountries10m;
     scenes.push_back({kSubject, "countries 1:10 million, many rings, filled", countries, Limit::AtMost(0.20),
                       [=] { return DrawCountries(filled); }});

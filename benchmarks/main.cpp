@@ -2,6 +2,7 @@
 //
 //   txbench [--quick] [--repetitions=N] [--report=FILE] [--peers=FILE] [--styled=FILE] [--no-extras] [options of Google
 //   Benchmark]
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -48,7 +49,7 @@ Scenes AllScenes(bool quick)
     if (quick)
         for (Scene& scene : scenes)
             if (scene.items >= 1000)
-                scene.items /= kQuickPart;
+                scene.items = std::max(scene.items / kQuickPart, 1);
     return scenes;
 }
 

@@ -63,7 +63,8 @@ public:
 
 private:
     static constexpr int kPixel = 256;
-    static constexpr std::int64_t kFullArea = 2 * std::int64_t(kPixel); ///< Times the height, the area of a whole pixel.
+    static constexpr std::int64_t kFullArea =
+        2 * std::int64_t(kPixel); ///< Times the height, the area of a whole pixel.
 
     template <bool IsInside>
     void AddRow(int row, int x1, int y1, int x2, int y2);
