@@ -35,10 +35,12 @@ public:
         {
             const TXPoint& a = points[i - 1];
             const TXPoint& b = points[i];
-            const double steps = std::ceil(std::max(std::abs(b.x - a.x), std::abs(b.y - a.y)) / cell);
-            for (double step = 0.0; step <= steps; ++step)
+            const double length = std::max(std::abs(b.x - a.x), std::abs(b.y - a.y)) / cell;
+            // No line is longer than the grid, unless its coordinates are no numbers.
+            const int steps = length <= 2 * kCells ? static_cast<int>(std::ceil(length)) : 0;
+            for (int step = 0; step <= steps; ++step)
             {
-                const double part = steps > 0.0 ? step / steps : 0.0;
+                const double part = steps > 0 ? static_cast<double>(step) / steps : 0.0;
                 const std::uint64_t key = KeyOf(a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part);
                 if (key != last)
                     Add(key, group);
