@@ -127,7 +127,6 @@ std::vector<Country> SmallRings()
     return {std::move(all)};
 }
 
-/// @param shapes are drawn one after another, and again from the first one on.
 Contenders DrawShapes(const Look& look, std::vector<Country> shapes)
 {
     const Stage stage;
@@ -138,17 +137,15 @@ Contenders DrawShapes(const Look& look, std::vector<Country> shapes)
     contenders.ours = Each(
         [=](int i)
         {
-            const Country& country = (*countries)[static_cast<std::size_t>(i) % countries->size()];
+            const Country& country = (*countries)[i];
             canvas->Surface().PolyPolygon(country.points.data(), country.counts.data(), country.Rings());
         });
-    contenders.direct =
-        Each([=](int i)
-             { canvas->Direct().drawPath((*countries)[static_cast<std::size_t>(i) % countries->size()].Path()); });
+    contenders.direct = Each([=](int i) { canvas->Direct().drawPath((*countries)[i].Path()); });
     contenders.cairo = Each(
         [=](int i)
         {
-            const TXPoint* ring = (*countries)[static_cast<std::size_t>(i) % countries->size()].points.data();
-            for (const int count : (*countries)[static_cast<std::size_t>(i) % countries->size()].counts)
+            const TXPoint* ring = (*countries)[i].points.data();
+            for (const int count : (*countries)[i].counts)
             {
                 AddCairoRing(canvas->Cairo(), ring, count);
                 ring += count;
@@ -158,7 +155,7 @@ Contenders DrawShapes(const Look& look, std::vector<Country> shapes)
     contenders.agg = Each(
         [=](int i)
         {
-            const Country& country = (*countries)[static_cast<std::size_t>(i) % countries->size()];
+            const Country& country = (*countries)[i];
             canvas->Agg().Rings(country.points.data(), country.counts.data(), country.Rings());
         });
     return contenders;

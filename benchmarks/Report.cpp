@@ -144,9 +144,10 @@ void Report::WriteOthers(std::ostream& out) const
     if (!styled.empty())
     {
         out << "\n### Countries from a style\n\nCountries 1:10 million out of a file of GeoJSON, 2048 x 1024 pixels of "
-               "Web "
-               "Mercator at zoom 2, filled by an attribute and outlined\n1.2 pixels wide. The least of several runs of "
-               "whole programs in turns, by the clock.\n\n| renderer | reading, ms | drawing, ms |\n|---|--:|--:|\n";
+               "Web\n"
+               "Mercator at zoom 2, filled by an attribute and outlined 1.2 pixels wide. The least of several runs of "
+               "whole\n"
+               "programs in turns, by the clock.\n\n| renderer | reading, ms | drawing, ms |\n|---|--:|--:|\n";
         for (const Peer& peer : styled)
             out << "| " << peer.name << " | " << peer.note << " | " << peer.drawing << " |\n";
     }

@@ -118,16 +118,9 @@ void Stroker::Reverse()
 {
     backward.clear();
     backward.push_back({QPainterPath::MoveToElement, forward.back().point});
+    // A point is reached by what leads away from it on the other side. Of curves, any element says that it is one.
     for (std::size_t i = forward.size() - 1; i-- > 0;)
-    {
-        // A point is reached by what leads away from it on the other side.
-        QPainterPath::ElementType kind = forward[i + 1].kind;
-        if (kind == QPainterPath::CurveToElement)
-            kind = QPainterPath::CurveToDataElement;
-        else if (kind == QPainterPath::CurveToDataElement && forward[i].kind != QPainterPath::CurveToElement)
-            kind = QPainterPath::CurveToElement;
-        backward.push_back({kind, forward[i].point});
-    }
+        backward.push_back({forward[i + 1].kind, forward[i].point});
 }
 
 void Stroker::StrokeSubpath()
