@@ -2,9 +2,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
-#include <cctype>
-#include <filesystem>
 #include <fstream>
 #include <optional>
 #include <vector>
@@ -16,6 +13,7 @@
 #include <txmap/atlas/StyleDocument.h>
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/output/OutputFile.h>
+#include <txmap/render/PictureFile.h>
 #include <txmap/sources/Gdal.h>
 #include <txmap/sources/MapLayerReader.h>
 #include <txmap/sources/SourceDiagnostics.h>
@@ -23,6 +21,7 @@
 #include <txmap/style/Style.h>
 #include <txmap/style/document/MapStyle.h>
 #include <txmap/support/Failure.h>
+#include <txmap/support/FileSuffix.h>
 
 namespace txmap
 {
@@ -61,9 +60,7 @@ std::vector<MapLayer> LayersInPixels(const AtlasOptions& options, const AtlasSou
 /// What backends write, as far as anyone knows. A mistyped suffix is to be found before all data has been read.
 void RequirePictureSuffix(const std::string& path)
 {
-    std::string suffix = std::filesystem::path(path).extension().string();
-    std::transform(suffix.begin(), suffix.end(), suffix.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    const std::string suffix = FileSuffix(path);
     for (const char* const known : {".png", ".jpg", ".jpeg", ".webp", ".tif", ".tiff", ".bmp", ".ppm", ".xbm", ".xpm"})
         if (suffix == known)
             return;
@@ -110,10 +107,7 @@ void DrawAtlas(const AtlasOptions& options, const std::function<void(const std::
     page.LayOutDecorations(legend);
     page.LayOutLabels(layers);
     page.Draw(compiled, data, layers);
-    if (!page.Save(output.Begin()))
-        throw Failure(ExitCode::Drawing,
-                      "--output " + options.output + ": the picture cannot be written" + output.WriteProblem());
-    output.Commit();
+    SavePicture(page.Surface(), sources.View(), output, options.output);
     for (const std::string& warning : diagnostics.Warnings())
         warn(warning);
     page.ReportProblems(warn);

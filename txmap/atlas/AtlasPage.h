@@ -41,8 +41,8 @@ public:
     void LayOutDecorations(const std::vector<LegendEntry>& entries);
     /// Draws everything: the layers of the style, and over them graticule, places, names and decorations.
     void Draw(const MapStyle& map, const MapData& data, const std::vector<MapLayer>& layers);
-    /// Writes the picture to a file; the suffix names the format. @return false when it cannot be written.
-    bool Save(const std::string& path) { return canvas.Save(path); }
+    /// The picture.
+    TZObjects::TXGraphics& Surface() const { return canvas.Surface(); }
     /// Says what is wrong with the picture although it is there. @throw Failure with `ExitCode::Usage` for what was
     /// asked for in vain.
     void ReportProblems(const std::function<void(const std::string&)>& warn) const;

@@ -9,6 +9,7 @@
 #include <set>
 
 #include <txmap/atlas/AreaColors.h>
+#include <txmap/sources/DataExtent.h>
 #include <txmap/sources/GeoreferencedSource.h>
 #include <txmap/sources/RasterExtent.h>
 #include <txmap/sources/SourceDiagnostics.h>
@@ -22,9 +23,6 @@ namespace
 
 // Data that is as wide as this part of the world is shown with all of it.
 constexpr double kMostOfTheWorld = 0.7;
-// Around data, as a part of its size, and the least size of what is shown, in degrees.
-constexpr double kRoomAround = 0.04;
-constexpr double kSmallestView = 0.2;
 
 /// A short name that no other source has: that of its file.
 std::string NewId(const std::string& source, std::set<std::string>& taken)
@@ -87,37 +85,6 @@ void RequireSuitable(const AtlasSource& source, const std::string& name)
         throw Failure(ExitCode::Data, name + ": holds no lines");
 }
 
-void Include(GeoBox& all, const GeoBox& box)
-{
-    all = {std::min(all.west, box.west), std::min(all.south, box.south), std::max(all.east, box.east),
-           std::max(all.north, box.north)};
-}
-
-std::string BoxText(const GeoBox& box)
-{
-    const auto degrees = [](double value) { return NumberText(std::round(value * 100.0) / 100.0 + 0.0); };
-    return degrees(box.west) + "," + degrees(box.south) + "," + degrees(box.east) + "," + degrees(box.north);
-}
-
-GeoBox ToDegrees(const Projection& projection, const MercatorBox& box)
-{
-    const TZObjects::TXPoint northWest = projection.ToDegrees({box.left, box.top});
-    const TZObjects::TXPoint southEast = projection.ToDegrees({box.right, box.bottom});
-    return {northWest.x, southEast.y, southEast.x, northWest.y};
-}
-
-/// What is shown of data; nothing for the world.
-std::optional<GeoBox> BoxAround(const std::optional<GeoBox>& extent, double maxLatitude)
-{
-    if (!extent || !(extent->east - extent->west < kMostOfTheWorld * 360.0))
-        return std::nullopt;
-    const auto room = [](double size) { return std::max(size * kRoomAround, (kSmallestView - size) / 2.0); };
-    const double across = room(extent->east - extent->west);
-    const double along = room(extent->north - extent->south);
-    return GeoBox{extent->west - across, std::max(extent->south - along, -maxLatitude), extent->east + across,
-                  std::min(extent->north + along, maxLatitude)};
-}
-
 } // namespace
 
 bool AtlasSource::Has(GeometryType type) const
@@ -147,8 +114,12 @@ AtlasSources::AtlasSources(const AtlasOptions& options, SourceDiagnostics& diagn
         // Where the data lies is known only when all of it has been read.
         const AtlasView world(options.projection, std::nullopt, options.size, options.scale);
         Load(world, options, diagnostics);
-        view.emplace(options.projection, BoxAround(Extent(options), options.projection.MaxLatitude()), options.size,
-                     options.scale);
+        std::optional<GeoBox> box = Extent(options);
+        if (box && box->east - box->west < kMostOfTheWorld * 360.0)
+            box = WithRoom(*box, options.projection.MaxLatitude());
+        else
+            box.reset();
+        view.emplace(options.projection, box, options.size, options.scale);
     }
     if (options.box)
         Load(*view, options, diagnostics);
@@ -161,8 +132,6 @@ AtlasSources::AtlasSources(const AtlasOptions& options, SourceDiagnostics& diagn
     rasterJson = {{"type", "raster"}, {"url", options.raster->file}};
     raster = std::make_unique<GeoreferencedSource>(options.raster->file, "--raster " + options.raster->file);
     raster->Load(*view, diagnostics);
-    rasterIsBlank = std::all_of(raster->Images().begin(), raster->Images().end(),
-                                [](const PlacedImage& placed) { return placed.image->IsBlank(); });
     rasterIsGrey = std::all_of(raster->Images().begin(), raster->Images().end(),
                                [](const PlacedImage& placed) { return IsGrey(*placed.image); });
 }
@@ -190,52 +159,35 @@ void AtlasSources::Load(const MapView& shown, const AtlasOptions& options, Sourc
 std::optional<GeoBox> AtlasSources::Extent(const AtlasOptions& options) const
 {
     std::optional<GeoBox> all;
-    const auto add = [&](const GeoBox& box)
-    {
-        if (all)
-            Include(*all, box);
-        else
-            all = box;
-    };
     for (const AtlasSource& source : features)
     {
         std::optional<MercatorBox> extent = source.source->Extent();
         if (!extent && !source.Features().empty())
             extent = source.Features().front().features->bounds;
         if (extent)
-            add(ToDegrees(options.projection, *extent));
+            Include(all, ToDegrees(options.projection, *extent));
     }
     if (options.raster)
         if (const std::optional<GeoBox> extent = RasterExtent(options.raster->file))
-            add(*extent);
+            Include(all, *extent);
     return all;
 }
 
 std::string AtlasSources::EmptyMap(const AtlasOptions& options) const
 {
-    const auto isSeen = [](const AtlasSource& source)
-    {
-        return std::any_of(source.Features().begin(), source.Features().end(),
-                           [](const PlacedFeatures& placed) { return !placed.worlds.empty(); });
-    };
-    if (std::any_of(features.begin(), features.end(), isSeen) || (raster && !rasterIsBlank))
-        return raster && rasterIsBlank
-                   ? "--raster " + options.raster->file + ": has nothing in the part of the world shown"
-                   : "";
-    std::string text;
+    std::vector<DataPart> parts;
     for (std::size_t i = 0; i < features.size(); ++i)
     {
         const std::optional<MercatorBox> extent = features[i].source->Extent();
-        text += (text.empty() ? "" : ", ") + options.layers[i].source +
-                (extent ? " covers " + BoxText(ToDegrees(options.projection, *extent)) : " has nothing there");
+        parts.push_back({options.layers[i].source, features[i].source->HasFeatures(),
+                         extent ? std::optional(ToDegrees(options.projection, *extent)) : std::nullopt});
     }
     if (raster)
-    {
-        const std::optional<GeoBox> extent = RasterExtent(options.raster->file);
-        text += (text.empty() ? "" : ", ") + ("--raster " + options.raster->file) +
-                (extent ? " covers " + BoxText(*extent) : " has nothing there");
-    }
-    return "nothing lies in the part of the world shown, " + BoxText(view->VisibleDegrees()) + ": " + text;
+        parts.push_back({"--raster " + options.raster->file, !raster->IsBlank(), raster->Extent()});
+    std::string text = EmptyMapText(view->VisibleDegrees(), parts);
+    if (text.empty() && raster && raster->IsBlank())
+        return parts.back().name + ": has nothing in the part of the world shown";
+    return text;
 }
 
 LoadedSources AtlasSources::Take()

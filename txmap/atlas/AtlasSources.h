@@ -61,7 +61,6 @@ private:
     std::string rasterId;
     Json rasterJson;
     std::unique_ptr<RasterSource> raster;
-    bool rasterIsBlank = false;
     bool rasterIsGrey = false;
 };
 

@@ -1,9 +1,6 @@
 #include <txmap/cli/RenderCommand.h>
 
-#include <algorithm>
-#include <cctype>
 #include <cmath>
-#include <filesystem>
 #include <ostream>
 #include <string>
 
@@ -13,6 +10,7 @@
 #include <txmap/cli/OptionValues.h>
 #include <txmap/cli/ParseView.h>
 #include <txmap/render/Render.h>
+#include <txmap/support/FileSuffix.h>
 
 namespace txmap
 {
@@ -26,7 +24,7 @@ constexpr double kLargestScale = 16.0;
 struct RawOptions
 {
     std::string style, output, size, center, zoom, bearing, box, scale, plugin = "txpluginqt";
-    bool lenient = false, timings = false, worldFile = false;
+    bool fit = false, lenient = false, timings = false, worldFile = false;
 };
 
 void Declare(CLI::App& app, RawOptions& raw)
@@ -50,6 +48,7 @@ void Declare(CLI::App& app, RawOptions& raw)
         ->type_name("DEGREES");
     app.add_option("--bbox", raw.box, "Shows a box of degrees as large as possible, instead of centre and zoom")
         ->type_name("WEST,SOUTH,EAST,NORTH");
+    app.add_flag("--fit", raw.fit, "Show all data as large as possible, instead of centre, zoom or box");
     app.add_option("--scale", raw.scale, "Pixels for each logical one (default 1)")->type_name("NUMBER");
     app.add_flag("--world-file", raw.worldFile, "Write where the picture lies into a file beside it, such as map.pgw");
     app.add_flag("--lenient", raw.lenient, "Draw what can be drawn, with a warning for each problem");
@@ -88,8 +87,7 @@ PixelSize ParseRenderSize(const std::string& text, double scale)
 
 void CheckSuffix(const std::string& output)
 {
-    std::string suffix = std::filesystem::path(output).extension().string();
-    std::transform(suffix.begin(), suffix.end(), suffix.begin(), [](unsigned char c) { return std::tolower(c); });
+    const std::string suffix = FileSuffix(output);
     for (const char* const known : {".png", ".jpg", ".jpeg", ".webp", ".tif", ".tiff"})
         if (suffix == known)
             return;
@@ -117,6 +115,9 @@ RenderOptions Interpret(const RawOptions& raw)
             Refuse("--bbox", raw.box, "stands instead of --center and --zoom");
         options.box = ParseBox(raw.box, Projection::WebMercator());
     }
+    if (raw.fit && !(raw.center.empty() && raw.zoom.empty() && raw.box.empty()))
+        throw Failure(ExitCode::Usage, "--fit: stands instead of --center, --zoom and --bbox");
+    options.fit = raw.fit;
     options.lenient = raw.lenient;
     options.timings = raw.timings;
     options.worldFile = raw.worldFile;

@@ -16,6 +16,4 @@ TXRefPtr<TXPen> Canvas::Pen(const Stroke& stroke) const
 
 void Canvas::Use(const Stroke& stroke) { Surface().SelectPen(Pen(stroke)); }
 
-bool Canvas::Save(const std::string& path) { return Surface().Save(path.c_str()); }
-
 } // namespace txmap

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include <txbase/TXRefPtr.h>
 #include <txgraphics/TXGraphics.h>
 #include <txgraphics/TXPen.h>
@@ -26,8 +24,6 @@ public:
     TZObjects::TXRefPtr<TZObjects::TXPen> Pen(const Stroke& stroke) const;
     /// Selects such a pen. @throw Failure with `ExitCode::Drawing`.
     void Use(const Stroke& stroke);
-    /// Writes the picture to a file; the suffix names the format. @return false when it cannot be written.
-    bool Save(const std::string& path);
 
 private:
     const MapCanvas& map;

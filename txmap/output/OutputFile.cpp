@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <initializer_list>
+#include <iterator>
 #include <system_error>
 
 #include <txmap/support/Failure.h>
@@ -31,26 +32,29 @@ mode_t DefaultMode()
     return 0666 & ~mask;
 }
 
-// The temporary file that a signal removes. The program has one at a time.
+// The temporary files that a signal removes. The program has few at a time.
+constexpr std::size_t kMostDoomed = 8;
 constexpr std::size_t kLongestPath = 4096;
-char doomedPath[kLongestPath];
-volatile std::sig_atomic_t isDoomed = 0;
+char doomedPaths[kMostDoomed][kLongestPath];
+volatile std::sig_atomic_t isDoomed[kMostDoomed];
 
 extern "C" void RemoveAndEnd(int signal)
 {
-    if (isDoomed)
-        unlink(doomedPath);
+    for (std::size_t i = 0; i < kMostDoomed; ++i)
+        if (isDoomed[i])
+            unlink(doomedPaths[i]);
     std::signal(signal, SIG_DFL);
     std::raise(signal);
 }
 
 void RemoveOnSignal(const std::string& path)
 {
-    isDoomed = 0;
-    if (path.empty() || path.size() >= kLongestPath)
+    const auto* const free = std::find(std::begin(isDoomed), std::end(isDoomed), 0);
+    if (free == std::end(isDoomed) || path.size() >= kLongestPath)
         return;
-    std::copy(path.c_str(), path.c_str() + path.size() + 1, doomedPath);
-    isDoomed = 1;
+    const auto place = static_cast<std::size_t>(free - std::begin(isDoomed));
+    std::copy(path.c_str(), path.c_str() + path.size() + 1, doomedPaths[place]);
+    isDoomed[place] = 1;
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
     {
         // What is ignored, as by nohup, stays so.
@@ -58,6 +62,13 @@ void RemoveOnSignal(const std::string& path)
         if (sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_DFL)
             std::signal(signal, RemoveAndEnd);
     }
+}
+
+void KeepOnSignal(const std::string& path)
+{
+    for (std::size_t i = 0; i < kMostDoomed; ++i)
+        if (isDoomed[i] && path == doomedPaths[i])
+            isDoomed[i] = 0;
 }
 
 } // namespace
@@ -90,7 +101,7 @@ OutputFile::~OutputFile()
     if (temporary.empty())
         return;
     std::remove(temporary.c_str());
-    RemoveOnSignal("");
+    KeepOnSignal(temporary);
 }
 
 void OutputFile::Fail(const std::string& reason) const
@@ -121,8 +132,8 @@ void OutputFile::Commit()
     const mode_t mode = stat(target.c_str(), &present) == 0 ? present.st_mode & 07777u : DefaultMode();
     if (chmod(temporary.c_str(), mode) != 0 || std::rename(temporary.c_str(), target.c_str()) != 0)
         Fail("cannot be written: " + SystemReason());
+    KeepOnSignal(temporary);
     temporary.clear();
-    RemoveOnSignal("");
 }
 
 std::string OutputFile::WriteProblem() const

@@ -1,24 +1,22 @@
 #include <txmap/render/Render.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cstdio>
-#include <filesystem>
 #include <optional>
 #include <string>
 
-#include <txgraphics/TXGraphics.h>
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/drawing/layers/StyledMap.h>
 #include <txmap/map/MercatorView.h>
-#include <txmap/map/Projection.h>
-#include <txmap/output/GeoTiff.h>
 #include <txmap/output/OutputFile.h>
-#include <txmap/output/WorldFile.h>
+#include <txmap/render/PictureFile.h>
+#include <txmap/sources/DataExtent.h>
+#include <txmap/sources/FittedData.h>
 #include <txmap/sources/Gdal.h>
 #include <txmap/sources/MapData.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/sources/SourcePath.h>
+#include <txmap/sources/SourceRequest.h>
 #include <txmap/style/document/MapStyle.h>
 #include <txmap/support/Failure.h>
 
@@ -44,12 +42,13 @@ MapStyle ReadStyleFile(const RenderOptions& options, const MessageSink& warn)
     return std::move(reading.style);
 }
 
-MercatorView ViewOf(const RenderOptions& options, const MapStyle& style)
+/// @param box what is shown; nothing for what style and options say.
+MercatorView ViewOf(const RenderOptions& options, const MapStyle& style, const std::optional<GeoBox>& box)
 {
     const double bearing = options.bearing.value_or(style.bearing);
     Camera camera{style.longitude.value_or(0.0), style.latitude.value_or(0.0), style.zoom.value_or(0.0), bearing};
-    if (options.box)
-        camera = MercatorView::Fit(*options.box, options.size, bearing);
+    if (box)
+        camera = MercatorView::Fit(*box, options.size, bearing);
     if (options.center)
     {
         camera.longitude = options.center->lon;
@@ -60,62 +59,13 @@ MercatorView ViewOf(const RenderOptions& options, const MapStyle& style)
     return MercatorView(camera, options.size, options.scale);
 }
 
-/// Where the pixels of a view lie in metres of Web Mercator.
-GeoReference ReferenceOf(const MercatorView& view)
+/// Why there is nothing on the map but its background; empty if there is something, or was to be nothing.
+std::string EmptyMapProblem(const MapStyle& style, const MapData& data, const MercatorView& view)
 {
-    const double world = Projection::WebMercator().Circumference();
-    const auto metres = [&](double column, double row)
-    {
-        const TZObjects::TXPoint place = view.ToPlace({column, row});
-        return TZObjects::TXPoint((place.x - 0.5) * world, (0.5 - place.y) * world);
-    };
-    const PixelSize size = view.Size();
-    const TZObjects::TXPoint origin = metres(0, 0);
-    const TZObjects::TXPoint right = metres(size.width, 0);
-    const TZObjects::TXPoint down = metres(0, size.height);
-    return {"EPSG:3857",
-            origin.x,
-            (right.x - origin.x) / size.width,
-            (down.x - origin.x) / size.height,
-            origin.y,
-            (right.y - origin.y) / size.width,
-            (down.y - origin.y) / size.height};
-}
-
-bool IsTiff(const std::string& path)
-{
-    std::string suffix = std::filesystem::path(path).extension().string();
-    std::transform(suffix.begin(), suffix.end(), suffix.begin(), [](unsigned char c) { return std::tolower(c); });
-    return suffix == ".tif" || suffix == ".tiff";
-}
-
-/// Writes the picture, and its world file if there is to be one: both, or none.
-void Save(const RenderOptions& options, const MapCanvas& canvas, const MercatorView& view, OutputFile& output)
-{
-    const GeoReference reference = ReferenceOf(view);
-    std::optional<OutputFile> worldFile;
-    if (options.worldFile)
-    {
-        worldFile.emplace(WorldFileName(options.output));
-        WriteWorldFile(worldFile->Begin(), reference);
-    }
-    const auto save = [&](OutputFile& file)
-    {
-        if (!canvas.Surface().Save(file.Begin().c_str()))
-            throw Failure(ExitCode::Drawing,
-                          "--output " + options.output + ": the picture cannot be written" + file.WriteProblem());
-    };
-    if (IsTiff(options.output))
-    {
-        OutputFile pixels(options.output + ".png");
-        save(pixels);
-        WriteGeoTiff(pixels.Path(), output.Begin(), reference);
-    }
-    else
-        save(output);
-    output.Commit();
-    if (worldFile)
-        worldFile->Commit();
+    const auto isUsed = [&](const StyleSource& source) { return IsUsed(source, style, view.Zoom()); };
+    if (!style.sources.empty() && std::none_of(style.sources.begin(), style.sources.end(), isUsed))
+        return "no layer with data is drawn at zoom " + NumberText(view.Zoom());
+    return EmptyMapText(view.VisibleDegrees(), data.Sources());
 }
 
 std::string TimingText(const char* stage, double seconds)
@@ -137,11 +87,24 @@ void RenderMap(const RenderOptions& options, const MessageSink& warn, const Mess
 
     reading.Start();
     const MapStyle style = ReadStyleFile(options, warn);
-    const MercatorView view = ViewOf(options, style);
     PrepareGdal();
     SourceDiagnostics diagnostics(!options.lenient);
-    const MapData data(style, SourceFolder::Of(options.style), view, diagnostics);
+    const SourceFolder folder = SourceFolder::Of(options.style);
+    std::optional<GeoBox> box = options.box;
+    std::optional<FittedData> fitted;
+    if (options.fit)
+    {
+        fitted.emplace(style, folder, diagnostics);
+        if (fitted->Box())
+            box = WithRoom(*fitted->Box(), kMercatorMaxLatitude);
+        else
+            warn("--fit: no source says where its data lies");
+    }
+    const MercatorView view = ViewOf(options, style, box);
+    const MapData data(style, folder, view, diagnostics, fitted ? fitted->Take(style, view) : LoadedSources());
     reading.Stop();
+    if (const std::string empty = EmptyMapProblem(style, data, view); !empty.empty())
+        warn(empty);
 
     drawing.Start();
     const PluginSession plugin(options.plugin, TextPath::Qt);
@@ -150,7 +113,7 @@ void RenderMap(const RenderOptions& options, const MessageSink& warn, const Mess
     drawing.Stop();
 
     encoding.Start();
-    Save(options, canvas, view, output);
+    SavePicture(canvas.Surface(), view, output, options.output, options.worldFile);
     encoding.Stop();
 
     for (const std::string& warning : diagnostics.Warnings())

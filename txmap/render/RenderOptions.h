@@ -19,6 +19,7 @@ struct RenderOptions
     std::optional<double> zoom;
     std::optional<double> bearing;
     std::optional<GeoBox> box; ///< Shown as large as possible; instead of centre and zoom.
+    bool fit = false;          ///< Shows all data as large as possible; instead of centre, zoom and box.
     double scale = 1.0;        ///< Pixels for each logical one.
     bool lenient = false;      ///< Draws what it can.
     bool timings = false;

@@ -8,6 +8,7 @@
 #include <txmap/map/MapView.h>
 #include <txmap/sources/ElevationFile.h>
 #include <txmap/sources/GeoreferencedSource.h>
+#include <txmap/sources/RasterExtent.h>
 #include <txmap/sources/RasterTileSource.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/sources/SourcePath.h>
@@ -47,6 +48,13 @@ void ElevationSource::ReadEncoding()
     else if (!name.empty() && name != "mapbox")
         throw Failure(ExitCode::Data, "there are no heights with the encoding " + name);
 }
+
+bool ElevationGrid::HasHeights() const
+{
+    return std::any_of(metres.begin(), metres.end(), [](float height) { return !std::isnan(height); });
+}
+
+std::optional<GeoBox> ElevationSource::Extent() const { return tiles ? tiles->Extent() : RasterExtent(file); }
 
 ElevationGrid ElevationSource::Load(const MapView& view, SourceDiagnostics& diagnostics)
 {

@@ -27,6 +27,8 @@ struct ElevationGrid
     std::vector<int> worlds; ///< How many worlds to the east it is drawn, once for each.
 
     bool IsEmpty() const { return metres.empty(); }
+    /// Whether any height is known.
+    bool HasHeights() const;
     float At(int x, int y) const
     {
         return metres[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)];
@@ -44,6 +46,8 @@ public:
     /// Reads what a view shows and a few cells around it, as one grid without seams between tiles. It is empty where
     /// there are no heights. @throw Failure with `ExitCode::Data`.
     ElevationGrid Load(const MapView& view, SourceDiagnostics& diagnostics);
+    /// Where there are heights, as far as that is known.
+    std::optional<GeoBox> Extent() const;
 
 private:
     /// Height = red * `red` + green * `green` + blue * `blue` - `base`, of channels from 0 to 255.

@@ -71,8 +71,10 @@ public:
     virtual void ShowIn(const MapView& /*view*/, double /*margin*/) {}
     /// The features of a source layer, "" for a source without layers; none for one that there is not.
     virtual const std::vector<PlacedFeatures>& Features(const std::string& sourceLayer) const = 0;
-    /// The box around everything that the source has, in degrees of longitude and latitude as Mercator coordinates;
-    /// nothing if it is not known or there is nothing.
+    /// Whether anything was read that is seen.
+    virtual bool HasFeatures() const = 0;
+    /// The box around everything that the source has, in world coordinates; nothing if it is not known or there is
+    /// nothing.
     virtual std::optional<MercatorBox> Extent() const { return std::nullopt; }
     /// The layer of a file that was read, if the file has several and the source does not name it; else empty.
     virtual std::string ChosenLayer() const { return {}; }

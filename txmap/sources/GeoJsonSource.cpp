@@ -184,6 +184,12 @@ void GeoJsonSource::ShowIn(const MapView& view, double margin)
         features.worlds = view.WorldsThatShow(features.features->bounds, margin);
 }
 
+bool GeoJsonSource::HasFeatures() const
+{
+    return std::any_of(placed.begin(), placed.end(),
+                       [](const PlacedFeatures& features) { return !features.worlds.empty(); });
+}
+
 const std::vector<PlacedFeatures>& GeoJsonSource::Features(const std::string& /*sourceLayer*/) const { return placed; }
 
 } // namespace txmap

@@ -24,6 +24,7 @@ public:
     void Load(const MapView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics) override;
     void ShowIn(const MapView& view, double margin) override;
     const std::vector<PlacedFeatures>& Features(const std::string& sourceLayer) const override;
+    bool HasFeatures() const override;
     std::optional<MercatorBox> Extent() const override { return extent; }
     std::string ChosenLayer() const override { return chosenLayer; }
 

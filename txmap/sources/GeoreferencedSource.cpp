@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <txmap/map/AtlasView.h>
+#include <txmap/sources/RasterExtent.h>
 #include <txmap/support/Failure.h>
 
 namespace txmap
@@ -56,5 +57,7 @@ void GeoreferencedSource::Load(const MapView& view, SourceDiagnostics& /*diagnos
     std::vector<int> worlds = view.WorldsThatShow(box);
     images.push_back({std::move(raster), CornersOf(box), std::move(worlds), std::nullopt});
 }
+
+std::optional<GeoBox> GeoreferencedSource::Extent() const { return RasterExtent(file); }
 
 } // namespace txmap

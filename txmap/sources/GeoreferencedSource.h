@@ -28,6 +28,7 @@ public:
     GeoreferencedSource(std::string file, std::string name) : file(std::move(file)), name(std::move(name)) {}
 
     void Load(const MapView& view, SourceDiagnostics& diagnostics) override;
+    std::optional<GeoBox> Extent() const override;
 
 private:
     std::string file;

@@ -1,92 +1,13 @@
 #include <txmap/sources/MapData.h>
 
-#include <algorithm>
-#include <cmath>
-
 #include <txmap/map/MapView.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/sources/SourcePath.h>
-#include <txmap/style/operators/OverloadedOperator.h>
+#include <txmap/sources/SourceRequest.h>
 #include <txmap/support/Failure.h>
 
 namespace txmap
 {
-namespace
-{
-
-// How far symbols of a size that depends on the feature may reach, in logical pixels.
-constexpr double kUnknownReach = 64.0;
-constexpr double kLongestReach = 1024.0;
-
-void Add(WantedProperties& wanted, const Expression& expression)
-{
-    const UsedProperties used = expression.Properties();
-    if (used.all)
-        wanted.reset();
-    if (wanted)
-        wanted->insert(used.names.begin(), used.names.end());
-}
-
-/// Whether an expression asks where its feature lies.
-bool UsesGeometry(const ExpressionNode& node)
-{
-    const auto* const call = dynamic_cast<const OverloadedNode*>(&node);
-    bool uses = !call && (AllUses(node) & UsesFeature) != 0 && (node.OwnUses() & UsesFeature) != 0;
-    node.ForEachChild([&](const ExpressionNode& child) { uses = uses || UsesGeometry(child); });
-    return uses;
-}
-
-/// How far around its geometry a layer draws, in logical pixels.
-double ReachOf(const StyleLayer& layer, double zoom)
-{
-    double reach = 1.0;
-    EvaluationContext context;
-    context.zoom = zoom;
-    for (const char* const name : {"line-width", "line-gap-width", "line-offset", "circle-radius",
-                                   "circle-stroke-width", "line-translate", "fill-translate", "circle-translate"})
-    {
-        const Expression* const property = layer.Find(name);
-        if (!property)
-            continue;
-        if (!property->IsFeatureConstant())
-        {
-            reach += kUnknownReach;
-            continue;
-        }
-        const Value value = property->EvaluateOrDefault(context);
-        if (value.Is(Value::Kind::Number))
-            reach += std::abs(value.Number());
-        if (value.Is(Value::Kind::Array))
-            for (const Value& item : value.Array())
-                reach += item.Is(Value::Kind::Number) ? std::abs(item.Number()) : 0.0;
-    }
-    return std::min(reach, kLongestReach);
-}
-
-FeatureRequest RequestFor(const StyleSource& source, const MapStyle& style, const MapView& view)
-{
-    FeatureRequest request;
-    for (const StyleLayer& layer : style.layers)
-    {
-        if (layer.source != source.name || !layer.IsShownAt(view.Zoom()))
-            continue;
-        const std::string name = source.type == "vector" ? layer.sourceLayer : std::string();
-        WantedProperties& wanted = request.layers.emplace(name, std::set<std::string>()).first->second;
-        const auto add = [&](const Expression& expression)
-        {
-            Add(wanted, expression);
-            request.keepsWholeFeatures = request.keepsWholeFeatures || UsesGeometry(*expression.Root());
-        };
-        if (layer.filter)
-            add(*layer.filter);
-        for (const auto& property : layer.properties)
-            add(property.second);
-        request.margin = std::max(request.margin, ReachOf(layer, view.Zoom()) * view.Scale());
-    }
-    return request;
-}
-
-} // namespace
 
 MapData::MapData(const MapStyle& style, const SourceFolder& folder, const MapView& view, SourceDiagnostics& diagnostics,
                  LoadedSources loaded)
@@ -95,14 +16,13 @@ MapData::MapData(const MapStyle& style, const SourceFolder& folder, const MapVie
 {
     for (const StyleSource& source : style.sources)
     {
-        const bool isUsed = std::any_of(style.layers.begin(), style.layers.end(),
-                                        [&](const StyleLayer& layer)
-                                        { return layer.source == source.name && layer.IsShownAt(view.Zoom()); });
-        if (!isUsed || features.count(source.name) > 0 || images.count(source.name) > 0)
+        if (!IsUsed(source, style, view.Zoom()))
             continue;
         try
         {
-            Read(source, style, folder, view, diagnostics);
+            if (features.count(source.name) == 0 && images.count(source.name) == 0)
+                Read(source, style, folder, view, diagnostics);
+            parts.push_back(PartOf(source.name, view.MapProjection()));
         }
         catch (const Failure& failure)
         {
@@ -117,7 +37,7 @@ void MapData::Read(const StyleSource& source, const MapStyle& style, const Sourc
     if (source.type == "geojson" || source.type == "vector")
     {
         auto made = MakeFeatureSource(source.name, source.json, folder);
-        made->Load(view, RequestFor(source, style, view), diagnostics);
+        made->Load(view, RequestFor(source, style, view.Zoom(), view.Scale()), diagnostics);
         features.emplace(source.name, std::move(made));
     }
     else if (source.type == "raster" || source.type == "image")
@@ -127,7 +47,32 @@ void MapData::Read(const StyleSource& source, const MapStyle& style, const Sourc
         images.emplace(source.name, std::move(made));
     }
     else if (source.type == "raster-dem")
-        heights.emplace(source.name, ElevationSource(source.json, folder).Load(view, diagnostics));
+    {
+        ElevationSource made(source.json, folder);
+        grids.emplace(source.name, Grid{made.Load(view, diagnostics), made.Extent()});
+    }
+}
+
+DataPart MapData::PartOf(const std::string& name, const Projection& projection) const
+{
+    DataPart part{name, false, std::nullopt};
+    if (const auto found = features.find(name); found != features.end())
+    {
+        part.isSeen = found->second->HasFeatures();
+        if (const std::optional<MercatorBox> extent = found->second->Extent())
+            part.extent = ToDegrees(projection, *extent);
+    }
+    else if (const auto pictures = images.find(name); pictures != images.end())
+    {
+        part.isSeen = !pictures->second->IsBlank();
+        part.extent = pictures->second->Extent();
+    }
+    else if (const auto grid = grids.find(name); grid != grids.end())
+    {
+        part.isSeen = grid->second.heights.HasHeights();
+        part.extent = grid->second.extent;
+    }
+    return part;
 }
 
 const std::vector<PlacedFeatures>& MapData::Features(const StyleLayer& layer) const
@@ -147,8 +92,8 @@ const std::vector<PlacedImage>& MapData::Images(const StyleLayer& layer) const
 const ElevationGrid& MapData::Heights(const StyleLayer& layer) const
 {
     static const ElevationGrid kNone;
-    const auto found = heights.find(layer.source);
-    return found == heights.end() ? kNone : found->second;
+    const auto found = grids.find(layer.source);
+    return found == grids.end() ? kNone : found->second.heights;
 }
 
 } // namespace txmap

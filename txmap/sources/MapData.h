@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include <txmap/sources/DataExtent.h>
 #include <txmap/sources/ElevationSource.h>
 #include <txmap/sources/FeatureSource.h>
 #include <txmap/sources/RasterSource.h>
@@ -39,14 +40,24 @@ public:
     const std::vector<PlacedImage>& Images(const StyleLayer& layer) const;
     const ElevationGrid& Heights(const StyleLayer& layer) const;
     const Sprites& Pictures() const { return sprites; }
+    /// The sources that are drawn, in the order of the style, but for those that could not be read.
+    const std::vector<DataPart>& Sources() const { return parts; }
 
 private:
+    struct Grid
+    {
+        ElevationGrid heights;
+        std::optional<GeoBox> extent;
+    };
+
+    DataPart PartOf(const std::string& name, const Projection& projection) const;
     void Read(const StyleSource& source, const MapStyle& style, const SourceFolder& folder, const MapView& view,
               SourceDiagnostics& diagnostics);
 
     std::map<std::string, std::unique_ptr<FeatureSource>> features;
     std::map<std::string, std::unique_ptr<RasterSource>> images;
-    std::map<std::string, ElevationGrid> heights;
+    std::map<std::string, Grid> grids;
+    std::vector<DataPart> parts;
     Sprites sprites;
 };
 

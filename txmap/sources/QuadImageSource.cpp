@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include <txmap/map/MapView.h>
+#include <txmap/sources/DataExtent.h>
 #include <txmap/sources/GeoJsonGeometry.h>
 #include <txmap/sources/ImageDecoder.h>
 #include <txmap/sources/SourceDiagnostics.h>
@@ -42,14 +43,21 @@ QuadImageSource::QuadImageSource(const std::string& name, const Json& source, co
     file = folder.PathOf(url->get<std::string>());
 }
 
-void QuadImageSource::Load(const MapView& view, SourceDiagnostics& diagnostics)
+MercatorBox QuadImageSource::Bounds() const
 {
-    images.clear();
     MercatorBox box{1e300, 1e300, -1e300, -1e300};
     for (const TZObjects::TXPoint& corner : corners)
         box = {std::min(box.left, corner.x), std::min(box.top, corner.y), std::max(box.right, corner.x),
                std::max(box.bottom, corner.y)};
-    std::vector<int> worlds = view.WorldsThatShow(box);
+    return box;
+}
+
+std::optional<GeoBox> QuadImageSource::Extent() const { return ToDegrees(Projection::WebMercator(), Bounds()); }
+
+void QuadImageSource::Load(const MapView& view, SourceDiagnostics& diagnostics)
+{
+    images.clear();
+    std::vector<int> worlds = view.WorldsThatShow(Bounds());
     if (worlds.empty())
         return;
     const std::string data = ReadSourceFile(file, kLimit);

@@ -16,8 +16,11 @@ public:
     QuadImageSource(const std::string& name, const Json& source, const SourceFolder& folder);
 
     void Load(const MapView& view, SourceDiagnostics& diagnostics) override;
+    std::optional<GeoBox> Extent() const override;
 
 private:
+    MercatorBox Bounds() const;
+
     std::string file;
     std::array<TZObjects::TXPoint, 4> corners;
 };

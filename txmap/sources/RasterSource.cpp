@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <fstream>
 
 #include <txmap/sources/GeoreferencedSource.h>
@@ -16,6 +17,12 @@ namespace txmap
 std::array<TZObjects::TXPoint, 4> CornersOf(const MercatorBox& box)
 {
     return {{{box.left, box.top}, {box.right, box.top}, {box.right, box.bottom}, {box.left, box.bottom}}};
+}
+
+bool RasterSource::IsBlank() const
+{
+    return std::all_of(images.begin(), images.end(),
+                       [](const PlacedImage& placed) { return placed.worlds.empty() || placed.image->IsBlank(); });
 }
 
 bool NamesGeoreferencedFile(const Json& source, const SourceFolder& folder)

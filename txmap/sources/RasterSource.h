@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <txbase/TXPoint.h>
+#include <txmap/map/GeoBox.h>
 #include <txmap/map/Mercator.h>
 #include <txmap/sources/Raster.h>
 #include <txmap/style/Value.h>
@@ -40,6 +41,10 @@ public:
     /// Reads what a view shows. @throw Failure with `ExitCode::Data`.
     virtual void Load(const MapView& view, SourceDiagnostics& diagnostics) = 0;
     const std::vector<PlacedImage>& Images() const { return images; }
+    /// Whether nothing is seen of what was read.
+    bool IsBlank() const;
+    /// Where the pictures lie, as far as that is known.
+    virtual std::optional<GeoBox> Extent() const = 0;
 
 protected:
     std::vector<PlacedImage> images;

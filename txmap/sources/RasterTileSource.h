@@ -18,6 +18,7 @@ public:
     }
 
     void Load(const MapView& view, SourceDiagnostics& diagnostics) override;
+    std::optional<GeoBox> Extent() const override { return tiles.Extent(); }
 
 private:
     TileSet tiles;

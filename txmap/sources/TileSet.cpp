@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include <txmap/sources/DataExtent.h>
 #include <txmap/sources/Gzip.h>
 #include <txmap/sources/MbTiles.h>
 #include <txmap/sources/SourceDiagnostics.h>
@@ -139,6 +140,8 @@ void TileSet::ReadMembers(bool pictures)
         pyramid.bounds = BoundsOf(degrees);
     }
 }
+
+GeoBox TileSet::Extent() const { return ToDegrees(Projection::WebMercator(), pyramid.bounds); }
 
 std::string TileSet::Text(const char* member) const
 {

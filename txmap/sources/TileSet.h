@@ -7,6 +7,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <txmap/map/GeoBox.h>
 #include <txmap/map/TileCover.h>
 #include <txmap/sources/TileStore.h>
 #include <txmap/style/Value.h>
@@ -30,6 +31,8 @@ public:
     TileSet(TileSet&&) noexcept;
 
     const TilePyramid& Pyramid() const { return pyramid; }
+    /// Where there are tiles, in degrees.
+    GeoBox Extent() const;
     /// What the source says in a member that is a text, else what the TileJSON says; empty for nothing.
     std::string Text(const char* member) const;
     /// The same for numbers.

@@ -19,6 +19,7 @@ public:
 
     void Load(const MapView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics) override;
     const std::vector<PlacedFeatures>& Features(const std::string& sourceLayer) const override;
+    bool HasFeatures() const override { return !layers.empty(); }
     std::optional<MercatorBox> Extent() const override { return tiles.Pyramid().bounds; }
 
 private:
