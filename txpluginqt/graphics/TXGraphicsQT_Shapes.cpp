@@ -78,7 +78,7 @@ bool TXGraphicsQT::Polyline(const TXPoint* points, int count)
         return false;
     // A feature that shrinks to one pixel at this scale still leaves a visible dot.
     if (CollapsesToDot(points, count))
-        return Paint([&](QPainter& p) { p.drawPoints(AsQPoints(points), 1); });
+        return Paint([&](QPainter& p) { DrawPoints(p, AsQPoints(points), 1); });
     return Paint([&](QPainter& p) { DrawPolyline(p, AsQPoints(points), count); });
 }
 

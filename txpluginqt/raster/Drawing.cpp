@@ -90,6 +90,14 @@ void DrawPolyline(QPainter& painter, const QPointF* points, int count)
         painter.drawPolyline(points, count);
 }
 
+void DrawPoints(QPainter& painter, const QPointF* points, int count)
+{
+    if (OutlineEngine* const engine = FastEngine(painter))
+        engine->drawPoints(points, count);
+    else
+        painter.drawPoints(points, count);
+}
+
 void DrawPath(QPainter& painter, const QPainterPath& path)
 {
     if (OutlineEngine* const engine = FastEngine(painter))

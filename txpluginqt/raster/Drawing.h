@@ -50,6 +50,7 @@ std::optional<Outline> StrokeOutlineOf(const OutlineView& outline, const QPen& p
 /// @{
 void DrawPolygon(QPainter& painter, const QPointF* points, int count, Qt::FillRule rule);
 void DrawPolyline(QPainter& painter, const QPointF* points, int count);
+void DrawPoints(QPainter& painter, const QPointF* points, int count);
 void DrawPath(QPainter& painter, const QPainterPath& path);
 void DrawEllipse(QPainter& painter, const QRect& rect);
 /// The angles are sixteenths of a degree, counter-clockwise.

@@ -150,6 +150,19 @@ void OutlineEngine::StrokeByQt(const QVectorPath& path, const QPen& pen)
     qts.stroker.setForceOpen(own.stroker.forceOpen());
 }
 
+void OutlineEngine::drawPoints(const QPointF* points, int count)
+{
+    const RasterTarget target(*raster);
+    target.Pen(state()->pen);
+    const QRasterPaintEngineState& current = target.State();
+    const bool isThin = state()->matrix.type() <= QTransform::TxTranslate && current.lastPen.widthF() <= 1.0;
+    // The base class makes a short line of each point, and strokes it.
+    if (current.flags.fast_pen || isThin)
+        raster->drawPoints(points, count);
+    else
+        QPaintEngineEx::drawPoints(points, count);
+}
+
 void OutlineEngine::drawPolygon(const QPointF* points, int count, PolygonDrawMode mode)
 {
     const RasterTarget target(*raster);

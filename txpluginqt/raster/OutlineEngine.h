@@ -24,6 +24,7 @@ public:
 
     void fill(const QVectorPath& path, const QBrush& brush) override;
     void stroke(const QVectorPath& path, const QPen& pen) override;
+    void drawPoints(const QPointF* points, int count) override;
     void drawPolygon(const QPointF* points, int count, PolygonDrawMode mode) override;
     void transformChanged() override;
 

@@ -16,7 +16,7 @@ using namespace txqt;
 namespace
 {
 
-constexpr int kShapes = 6;
+constexpr int kShapes = 7;
 /// Formats that Qt paints on, each as it stores pixels.
 constexpr QImage::Format kFormats[] = {
     QImage::Format_ARGB32_Premultiplied,
@@ -182,7 +182,7 @@ RandomDrawings::Shape RandomDrawings::RandomShape()
     }
     if (random.Chance(5))
         shape.points = {first, first + QPointF(20.0, 0.0), first + QPointF(20.0, 9.0), first + QPointF(0.0, 9.0)};
-    if (shape.kind >= 4)
+    if (shape.kind >= 5)
     {
         shape.path = random.NextPath();
         for (std::size_t i = 0; i + 2 < shape.points.size(); i += 3)
@@ -253,6 +253,9 @@ void RandomDrawings::Draw(QPainter& painter, const Shape& shape, Way way)
         else
             isFast ? DrawArc(painter, shape.rect, shape.start, shape.span)
                    : painter.drawArc(shape.rect, shape.start, shape.span);
+        break;
+    case 4:
+        isFast ? DrawPoints(painter, shape.points.data(), count) : painter.drawPoints(shape.points.data(), count);
         break;
     default:
         isFast ? DrawPath(painter, shape.path) : painter.drawPath(shape.path);
