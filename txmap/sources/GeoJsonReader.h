@@ -3,7 +3,6 @@
 #include <functional>
 #include <set>
 #include <string>
-#include <string_view>
 
 #include <txmap/map/Mercator.h>
 #include <txmap/sources/FeatureSource.h>
@@ -35,7 +34,8 @@ struct GeoJsonResult
 
 /// Reads GeoJSON as it comes, without a tree of it in between. A geometry collection gives a feature for each of its
 /// geometries, as in web maps.
-GeoJsonResult ReadGeoJsonText(std::string_view text, const GeoJsonOptions& options, FeatureSetBuilder& builder,
+/// @param text is used up.
+GeoJsonResult ReadGeoJsonText(std::string text, const GeoJsonOptions& options, FeatureSetBuilder& builder,
                               FeatureSet& set);
 
 /// The same for GeoJSON that stands in a style.

@@ -98,12 +98,12 @@ FeatureSet GeoJsonSource::ReadFeatures(const Projection& projection, const std::
         return builder;
     };
     std::string problem;
-    const std::optional<std::string> text = inlineData.is_null() ? ReadText() : std::nullopt;
+    std::optional<std::string> text = inlineData.is_null() ? ReadText() : std::nullopt;
     if (text || !inlineData.is_null())
     {
         FeatureSetBuilder builder = makeBuilder();
-        const GeoJsonResult result =
-            text ? ReadGeoJsonText(*text, options, builder, set) : ReadGeoJson(inlineData, options, builder, set);
+        const GeoJsonResult result = text ? ReadGeoJsonText(std::move(*text), options, builder, set)
+                                          : ReadGeoJson(inlineData, options, builder, set);
         if (!text || !result.isOther)
         {
             Check(result, diagnostics);
