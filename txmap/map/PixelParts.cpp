@@ -28,12 +28,24 @@ TXRect ToRect(const MercatorBox& box) { return {box.left, box.right, box.top, bo
 
 bool IsEdgeOfWorld(const TXPoint& a, const TXPoint& b, const MercatorBox& world)
 {
-    const double side = std::round(a.x);
-    if (std::abs(a.x - side) < kEdge && std::abs(b.x - side) < kEdge)
-        return true;
+    if (std::abs(a.x - b.x) < 2.0 * kEdge)
+    {
+        const double side = std::round(a.x);
+        if (std::abs(a.x - side) < kEdge && std::abs(b.x - side) < kEdge)
+            return true;
+    }
     const double top = world.top + kNearPole;
     const double bottom = world.bottom - kNearPole;
     return (a.y <= top && b.y <= top) || (a.y >= bottom && b.y >= bottom);
+}
+
+/// The end of the first edge along the edge of the world; 0 for none.
+std::size_t FirstEdgeOfWorld(const TXPoint* ring, std::size_t count, const MercatorBox& world)
+{
+    for (std::size_t i = 1; i < count; ++i)
+        if (IsEdgeOfWorld(ring[i - 1], ring[i], world))
+            return i;
+    return 0;
 }
 
 } // namespace
@@ -135,6 +147,24 @@ void PixelParts::AddLine(const TXPoint* points, std::size_t count, std::vector<L
     }
 }
 
+void PixelParts::AddOutline(const TXPoint* ring, std::size_t count, const MercatorBox& world,
+                            std::vector<LineSpan>* spans)
+{
+    if (FirstEdgeOfWorld(ring, count, world) == 0)
+    {
+        AddLine(ring, count, spans);
+        return;
+    }
+    Parts lines;
+    AppendOutline(ring, count, world, lines);
+    const TXPoint* point = lines.points.data();
+    for (const int size : lines.counts)
+    {
+        AddLine(point, static_cast<std::size_t>(size), spans);
+        point += size;
+    }
+}
+
 void PixelParts::AddPoint(const TXPoint& point)
 {
     if (tileClipper)
@@ -156,10 +186,7 @@ void AppendOutline(const TXPoint* ring, std::size_t count, const MercatorBox& wo
     if (count < 2)
         return;
     // Begin behind an edge that is left out, so that no line is broken where the ring happens to begin.
-    std::size_t start = 0;
-    for (std::size_t i = 1; i < count && start == 0; ++i)
-        if (IsEdgeOfWorld(ring[i - 1], ring[i], world))
-            start = i;
+    const std::size_t start = FirstEdgeOfWorld(ring, count, world);
     if (start == 0)
     {
         lines.points.insert(lines.points.end(), ring, ring + count);

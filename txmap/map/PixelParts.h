@@ -38,6 +38,9 @@ public:
     /// Adds a line, or the outline of a ring, that is to be stroked: the pieces that are seen.
     /// @param spans gets where each piece lies on the line, from 0 at its start to 1 at its end; null for not wanted.
     void AddLine(const TZObjects::TXPoint* points, std::size_t count, std::vector<LineSpan>* spans = nullptr);
+    /// Adds the lines that are left of the outline of a closed ring by `AppendOutline`.
+    void AddOutline(const TZObjects::TXPoint* ring, std::size_t count, const MercatorBox& world,
+                    std::vector<LineSpan>* spans = nullptr);
     /// Adds a point as a part of its own. The west and north sides of a tile belong to it, the others do not.
     void AddPoint(const TZObjects::TXPoint& point);
 

@@ -144,16 +144,9 @@ private:
         drawn.alpha *= look.opacity;
         if (drawn.alpha <= 0.0)
             return;
-        Parts outlines;
-        set.ForEachPart(feature, [&](const TXPoint* points, std::size_t count)
-                        { AppendOutline(points, count, set.projection.World(), outlines); });
         parts.Result().Clear();
-        const TXPoint* point = outlines.points.data();
-        for (const int count : outlines.counts)
-        {
-            parts.AddLine(point, static_cast<std::size_t>(count));
-            point += count;
-        }
+        set.ForEachPart(feature, [&](const TXPoint* points, std::size_t count)
+                        { parts.AddOutline(points, count, set.projection.World()); });
         if (parts.Result().IsEmpty())
             return;
         scene.canvas.UsePen({drawn, scene.Scale(), TZObjects::TXPen::FlatCap, TZObjects::TXPen::BevelJoin, {}});

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include <cmath>
+#include <optional>
 
 #include <txgraphics/TXGraphics.h>
 #include <txmap/drawing/DrawingTools.h>
@@ -52,7 +53,7 @@ class LineLayerPainter
 public:
     explicit LineLayerPainter(const LayerScene& scene)
         : scene(scene), context(scene.Context()), properties(scene), gradient(scene.layer.Find("line-gradient")),
-          stroker(scene.canvas)
+          stroker(scene.canvas), wantedSpans(gradient || scene.layer.Find("line-dasharray") ? &spans : nullptr)
     {
     }
 
@@ -74,6 +75,8 @@ private:
     void DrawWorld(const PlacedFeatures& placed, const std::vector<PassedFeature>& passing, int world)
     {
         const double reach = properties.Reach(context);
+        const std::optional<LineLook> common =
+            properties.AreConstant() ? std::optional(properties.At(context)) : std::nullopt;
         PixelParts parts(TranslatedPixels(scene, "line", world), scene.canvas.View().PictureBox(reach));
         if (const auto tolerance = scene.layer.metadata.find("txmap:tolerance");
             tolerance != scene.layer.metadata.end() && tolerance->is_number())
@@ -91,6 +94,11 @@ private:
             CollectParts(*placed.features, *passed.feature, parts);
             if (parts.Result().IsEmpty())
                 continue;
+            if (common)
+            {
+                DrawParts(parts.Result(), *common, isArea);
+                continue;
+            }
             attributes.Select(*passed.feature);
             scene.evaluating.Start();
             const LineLook look = properties.At(context);
@@ -104,16 +112,10 @@ private:
         set.ForEachPart(feature,
                         [&](const TXPoint* points, std::size_t count)
                         {
-                            if (feature.type != GeometryType::Polygon)
-                                return parts.AddLine(points, count, &spans);
-                            Parts outline;
-                            AppendOutline(points, count, set.projection.World(), outline);
-                            const TXPoint* point = outline.points.data();
-                            for (const int size : outline.counts)
-                            {
-                                parts.AddLine(point, static_cast<std::size_t>(size), &spans);
-                                point += size;
-                            }
+                            if (feature.type == GeometryType::Polygon)
+                                parts.AddOutline(points, count, set.projection.World(), wantedSpans);
+                            else
+                                parts.AddLine(points, count, wantedSpans);
                         });
     }
 
@@ -123,7 +125,7 @@ private:
         for (std::size_t i = 0; i < parts.counts.size(); ++i)
         {
             const auto count = static_cast<std::size_t>(parts.counts[i]);
-            const LineSpan& span = spans[i];
+            const LineSpan span = wantedSpans ? spans[i] : LineSpan();
             if (!look.pattern.empty())
                 DrawPattern(points, count, look);
             else if (gradient)
@@ -157,7 +159,8 @@ private:
     LineProperties properties;
     const Expression* gradient;
     LineStroker stroker;
-    std::vector<LineSpan> spans;
+    std::vector<LineSpan> spans;        ///< Of the pieces of a feature.
+    std::vector<LineSpan>* wantedSpans; ///< Null for a layer to which it is all the same where a piece lies.
 };
 
 } // namespace

@@ -39,7 +39,6 @@ LineLook LineProperties::At(const EvaluationContext& context) const
     look.opacity = std::clamp(opacity.At(context), 0.0, 1.0);
     look.color.alpha *= look.opacity;
     look.width = std::clamp(width.At(context) * scale, 0.0, kWidest);
-    look.wholeZoomWidth = std::clamp(wholeZoomWidth.At(context) * scale, 0.0, kWidest);
     look.gap = std::max(0.0, gap.At(context) * scale);
     look.offset = offset.At(context) * scale;
     look.blur = std::max(0.0, blur.At(context) * scale);
@@ -47,14 +46,23 @@ LineLook LineProperties::At(const EvaluationContext& context) const
     look.join = join.At(context);
     look.miterLimit = miterLimit.At(context);
     look.dashes = dashes.At(context);
+    look.pattern = pattern.At(context);
+    if (!look.dashes.empty() || !look.pattern.empty())
+        look.wholeZoomWidth = std::clamp(wholeZoomWidth.At(context) * scale, 0.0, kWidest);
     if (!look.dashes.empty())
     {
         const double unit = look.wholeZoomWidth * dashScale;
         for (double& length : look.dashes)
             length = std::max(0.0, length) * unit;
     }
-    look.pattern = pattern.At(context);
     return look;
+}
+
+bool LineProperties::AreConstant() const
+{
+    return color.IsConstant() && opacity.IsConstant() && width.IsConstant() && wholeZoomWidth.IsConstant() &&
+           gap.IsConstant() && offset.IsConstant() && blur.IsConstant() && cap.IsConstant() && join.IsConstant() &&
+           miterLimit.IsConstant() && dashes.IsConstant() && pattern.IsConstant();
 }
 
 double LineProperties::Reach(const EvaluationContext& context) const

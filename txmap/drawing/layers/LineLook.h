@@ -33,6 +33,8 @@ public:
     explicit LineProperties(const LayerScene& scene);
 
     LineLook At(const EvaluationContext& context) const;
+    /// Whether all features look the same.
+    bool AreConstant() const;
     /// How far from its line a feature may be drawn, in pixels.
     double Reach(const EvaluationContext& context) const;
 

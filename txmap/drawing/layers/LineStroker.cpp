@@ -114,7 +114,7 @@ void LineStroker::Add(const TXPoint* points, std::size_t count, const LineLook& 
     AddShape(MovedLine(points, count, look, look.offset + apart), look, phase, closes);
 }
 
-void LineStroker::AddShape(const PixelLine& line, const LineLook& look, double phase, bool closes)
+void LineStroker::AddShape(PixelLine line, const LineLook& look, double phase, bool closes)
 {
     if (line.size() < 2)
         return;
@@ -124,11 +124,10 @@ void LineStroker::AddShape(const PixelLine& line, const LineLook& look, double p
         AddDashes(line, look, phase, pieces);
     else
     {
-        PixelLine shape = line;
         // Over its first side once more, a ring has a corner where it closes.
-        if (closes && shape.size() > 3 && shape.front().x == shape.back().x && shape.front().y == shape.back().y)
-            shape.push_back(shape[1]);
-        pieces.points = std::move(shape);
+        if (closes && line.size() > 3 && line.front().x == line.back().x && line.front().y == line.back().y)
+            line.push_back(line[1]);
+        pieces.points = std::move(line);
         pieces.counts = {static_cast<int>(pieces.points.size())};
     }
     if (!pens.empty() && pens.front().join == TXPen::MiterJoin)

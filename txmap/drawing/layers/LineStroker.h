@@ -23,7 +23,7 @@ public:
     void Flush();
 
 private:
-    void AddShape(const PixelLine& line, const LineLook& look, double phase, bool closes);
+    void AddShape(PixelLine line, const LineLook& look, double phase, bool closes);
     void AddDashes(const PixelLine& line, const LineLook& look, double phase, Parts& pieces) const;
     void Use(const PenLook& look);
 
