@@ -87,14 +87,21 @@ void PlacePainter::Draw(Canvas& canvas, const std::vector<TXPoint>& places) cons
 
 void PlacePainter::DrawShapes(Canvas& canvas, const std::vector<TXPoint>& places) const
 {
-    // The ring lies outside of the symbol, whose corners would lose their tips otherwise.
-    const TXRefPtr<TXPen> around = SolidPen(canvas.Engine(), ring.color, 2.0 * ring.width);
-    const TXRefPtr<TXPen> none = SolidPen(canvas.Engine(), ring.color, 1.0);
-    none->SetPenStyle(TXPen::NullPen);
-    TXGraphics& surface = canvas.Surface();
-    surface.SelectBrush(SolidBrush(canvas.Engine(), fill));
     // All rings come first, so that none lies over the symbol of a neighbour.
-    surface.SelectPen(around);
+    DrawRings(canvas, places);
+    DrawFilled(canvas, places, size, fill);
+}
+
+void PlacePainter::DrawRings(Canvas& canvas, const std::vector<TXPoint>& places) const
+{
+    if (symbol.shape == PlaceSymbol::Shape::Circle)
+    {
+        // Below the symbol nobody sees that the ring is a disc, which is drawn much faster.
+        DrawFilled(canvas, places, size + 2.0 * ring.width, ring.color);
+        return;
+    }
+    // The ring lies outside of the symbol, whose corners would lose their tips otherwise.
+    canvas.Surface().SelectPen(SolidPen(canvas.Engine(), ring.color, 2.0 * ring.width));
     std::vector<TXPoint> rings;
     for (const TXPoint& place : places)
         for (std::size_t i = 0; i <= corners.size(); ++i)
@@ -103,10 +110,19 @@ void PlacePainter::DrawShapes(Canvas& canvas, const std::vector<TXPoint>& places
             rings.emplace_back(place.x + size * corner.x, place.y + size * corner.y);
         }
     const std::vector<int> counts(places.size(), static_cast<int>(corners.size()) + 1);
-    RequireDrawn(surface.PolyPolyline(rings.data(), counts.data(), static_cast<int>(counts.size())));
+    RequireDrawn(canvas.Surface().PolyPolyline(rings.data(), counts.data(), static_cast<int>(counts.size())));
+}
+
+void PlacePainter::DrawFilled(Canvas& canvas, const std::vector<TXPoint>& places, double width,
+                              const TZObjects::TXColor& color) const
+{
+    const TXRefPtr<TXPen> none = SolidPen(canvas.Engine(), color, 1.0);
+    none->SetPenStyle(TXPen::NullPen);
+    TXGraphics& surface = canvas.Surface();
     surface.SelectPen(none);
+    surface.SelectBrush(SolidBrush(canvas.Engine(), color));
     for (const TXPoint& place : places)
-        RequireDrawn(surface.VectorMarker(place.x, place.y, size, size, 0.0, corners.data(),
+        RequireDrawn(surface.VectorMarker(place.x, place.y, width, width, 0.0, corners.data(),
                                           static_cast<int>(corners.size()), true));
 }
 

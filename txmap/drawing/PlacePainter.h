@@ -34,6 +34,9 @@ public:
 
 private:
     void DrawShapes(Canvas& canvas, const std::vector<TZObjects::TXPoint>& places) const;
+    void DrawRings(Canvas& canvas, const std::vector<TZObjects::TXPoint>& places) const;
+    void DrawFilled(Canvas& canvas, const std::vector<TZObjects::TXPoint>& places, double width,
+                    const TZObjects::TXColor& color) const;
     void DrawCharacters(Canvas& canvas, const std::vector<TZObjects::TXPoint>& places) const;
 
     PlaceSymbol symbol;
