@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include <txmap/map/LineSimplifier.h>
+
 namespace txmap
 {
 
@@ -94,6 +96,9 @@ void PixelParts::AddRing(const TXPoint* points, std::size_t count)
 void PixelParts::AddLinePiece(const TXPoint* points, std::size_t count, std::vector<LineSpan>* spans)
 {
     Reduce(points, count);
+    // Where a piece lies on its line is known as exactly as how long the line is.
+    if (!spans)
+        DropStraightPoints(pixels, tolerance);
     // A line that is shorter than anyone could see may still be a dot, by its width and its caps.
     if (pixels.size() == 1 && count > 1)
     {

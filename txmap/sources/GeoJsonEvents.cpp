@@ -7,7 +7,7 @@ namespace txmap
 namespace
 {
 
-// Attributes of features nest a few levels deep. Copies of values need the stack.
+// Real data nests a few levels deep. Readers, and copies of values, need the stack.
 constexpr std::size_t kDeepest = 200;
 
 } // namespace
@@ -64,6 +64,11 @@ GeoJsonEvents::Role GeoJsonEvents::RoleOfNext(bool isObject)
 bool GeoJsonEvents::Begin(bool isObject)
 {
     const Role role = RoleOfNext(isObject);
+    if (roles.size() >= kDeepest)
+    {
+        result.problem = "is nested too deep";
+        return false;
+    }
     if (role == Role::Skipped && CurrentRole() == Role::Coordinates)
         Geometry().AddNonsense();
     roles.push_back(role);
@@ -80,11 +85,6 @@ bool GeoJsonEvents::Begin(bool isObject)
         Geometry().BeginArray();
         break;
     case Role::Attribute:
-        if (roles.size() > kDeepest)
-        {
-            result.problem = "has attributes that are nested too deep";
-            return false;
-        }
         if (isObject)
             attribute.BeginObject();
         else
@@ -120,14 +120,6 @@ bool GeoJsonEvents::End()
     default:
         break;
     }
-    return true;
-}
-
-bool GeoJsonEvents::Number(double value)
-{
-    if (CurrentRole() != Role::Coordinates)
-        return Scalar(value);
-    Geometry().AddNumber(value);
     return true;
 }
 

@@ -25,7 +25,13 @@ public:
 
     bool Null() { return Scalar(Value()); }
     bool Boolean(bool value) { return Scalar(value); }
-    bool Number(double value);
+    bool Number(double value)
+    {
+        if (CurrentRole() != Role::Coordinates)
+            return Scalar(value);
+        Geometry().AddNumber(value);
+        return true;
+    }
     bool Text(std::string value) { return Scalar(std::move(value)); }
     bool Key(std::string_view name);
     bool Begin(bool isObject);

@@ -58,17 +58,6 @@ void GeoJsonGeometry::Clear()
 
 bool GeoJsonGeometry::IsType(const std::string& name) { return FindType(name) != nullptr; }
 
-void GeoJsonGeometry::AddNumber(double number)
-{
-    // Heights and whatever else stands behind the first two are of no use.
-    if (numbers == 0)
-        position.x = number;
-    else if (numbers == 1)
-        position.y = number;
-    ++numbers;
-    broken = broken || depth == 0 || !std::isfinite(number);
-}
-
 void GeoJsonGeometry::EndArray()
 {
     if (numbers > 0)

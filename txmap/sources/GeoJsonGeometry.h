@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -25,7 +26,16 @@ public:
     /// @name What stands in the coordinates
     /// @{
     void BeginArray() { ++depth; }
-    void AddNumber(double number);
+    void AddNumber(double number)
+    {
+        // Heights and whatever else stands behind the first two are of no use.
+        if (numbers == 0)
+            position.x = number;
+        else if (numbers == 1)
+            position.y = number;
+        ++numbers;
+        broken = broken || depth == 0 || !std::isfinite(number);
+    }
     /// Anything else, which does not belong there.
     void AddNonsense() { broken = true; }
     void EndArray();

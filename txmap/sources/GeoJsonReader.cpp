@@ -2,7 +2,10 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <iterator>
+#include <optional>
 #include <system_error>
 
 #include <nlohmann/json.hpp>
@@ -17,10 +20,35 @@ namespace
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-// Texts and numbers stay where they are, however deep something nests the stack does not grow, and numbers are left to
-// the standard library, which is exact and faster.
-constexpr unsigned kParsing = rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag |
-                              rapidjson::kParseNumbersAsStringsFlag | rapidjson::kParseValidateEncodingFlag;
+// Texts and numbers stay where they are, and numbers are left to the standard library, which is exact and faster.
+constexpr unsigned kParsing =
+    rapidjson::kParseInsituFlag | rapidjson::kParseNumbersAsStringsFlag | rapidjson::kParseValidateEncodingFlag;
+
+/// Numbers without an exponent whose digits and whose power of ten a double holds exactly: one division is as exact as
+/// it can be then. Nothing for others.
+std::optional<double> ShortNumber(const char* text, std::size_t length)
+{
+    constexpr std::size_t kMostCharacters = 17; // 15 digits, a sign and a point.
+    constexpr double kPowers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    if (length > kMostCharacters)
+        return std::nullopt;
+    const char* const end = text + length;
+    const bool isNegative = *text == '-';
+    std::int64_t digits = 0;
+    std::size_t count = 0;
+    const char* point = end;
+    for (const char* at = text + (isNegative ? 1 : 0); at != end; ++at)
+    {
+        if (*at == '.')
+            point = at + 1;
+        else if (*at < '0' || *at > '9' || ++count >= std::size(kPowers))
+            return std::nullopt;
+        else
+            digits = digits * 10 + (*at - '0');
+    }
+    const double number = static_cast<double>(digits) / kPowers[end - point];
+    return isNegative ? -number : number;
+}
 
 /// Hands over what a reader of text comes across.
 class TextEvents : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, TextEvents>
@@ -32,6 +60,8 @@ public:
     bool Bool(bool value) { return events.Boolean(value); }
     bool RawNumber(const char* text, rapidjson::SizeType length, bool /*copy*/)
     {
+        if (const std::optional<double> number = ShortNumber(text, length))
+            return events.Number(*number);
         double number = 0.0;
         if (std::from_chars(text, text + length, number).ec != std::errc())
         {
@@ -107,11 +137,13 @@ GeoJsonResult ReadGeoJsonText(std::string text, const GeoJsonOptions& options, F
         return result;
     if (reader.HasParseError())
     {
-        result.problem = (handler.IsOutOfRange() ? "has a number out of range at byte " : "is no valid JSON at byte ") +
+        const bool isOutOfRange =
+            handler.IsOutOfRange() || reader.GetParseErrorCode() == rapidjson::kParseErrorNumberTooBig;
+        result.problem = (isOutOfRange ? "has a number out of range at byte " : "is no valid JSON at byte ") +
                          std::to_string(mark + reader.GetErrorOffset() + 1);
         // A sequence of features fails behind the first, or before it. Others are more lenient with what stands in
         // texts.
-        result.isOther = events.IsOutside() || !handler.IsOutOfRange();
+        result.isOther = events.IsOutside() || !isOutOfRange;
     }
     else if (mark + stream.Tell() < text.size())
     {

@@ -109,13 +109,16 @@ std::string ReadSourceFile(const std::string& path, std::size_t limit)
     std::ifstream stream(path, std::ios::binary);
     std::string content;
     constexpr std::size_t kBlock = 1 << 16;
+    // A pipe or a device has no size to ask for. Behind the end of a file is room for the end to be found there.
+    const std::uintmax_t expected = type == fs::file_type::regular ? fs::file_size(path, status) : 0;
+    std::size_t block = status || expected > limit ? kBlock : static_cast<std::size_t>(expected) + 1;
     while (stream)
     {
         const std::size_t size = content.size();
-        content.resize(size + kBlock);
-        stream.read(&content[size], kBlock);
+        content.resize(size + block);
+        stream.read(&content[size], static_cast<std::streamsize>(block));
         content.resize(size + static_cast<std::size_t>(stream.gcount()));
-        // A pipe or a device has no size to ask for.
+        block = std::min(std::max(kBlock, content.size()), limit - std::min(limit, content.size()) + 1);
         if (content.size() > limit)
             throw Failure(ExitCode::Data, path + ": is larger than " + std::to_string(limit >> 20) + " MiB");
     }

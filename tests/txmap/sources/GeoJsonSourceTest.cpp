@@ -334,7 +334,7 @@ TEST(GeoJsonSource, RefusesWhatIsNoData)
                                      std::string(1000000, ']') + R"(}, "geometry": null})");
     EXPECT_THAT(Refusal(Inline(R"("deep.geojson")"), here), HasSubstr("nested too deep"));
     folder.Write("deepest.geojson", std::string(1000000, '['));
-    EXPECT_THAT(Refusal(Inline(R"("deepest.geojson")"), here), HasSubstr("is no valid JSON"));
+    EXPECT_THAT(Refusal(Inline(R"("deepest.geojson")"), here), HasSubstr("nested too deep"));
 }
 
 } // namespace
