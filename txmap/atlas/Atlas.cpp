@@ -73,7 +73,7 @@ void WriteStyle(OutputFile& file, const Json& document)
     stream << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
     stream.close();
     if (!stream)
-        throw Failure(ExitCode::Drawing, "--write-style: the style cannot be written" + file.WriteProblem());
+        throw Failure(ExitCode::Drawing, file.Name() + ": the style cannot be written" + file.WriteProblem());
     file.Commit();
 }
 
@@ -85,7 +85,7 @@ void DrawAtlas(const AtlasOptions& options, const std::function<void(const std::
     RequirePictureSuffix(options.output);
     std::optional<OutputFile> styleOutput;
     if (!options.styleOutput.empty())
-        styleOutput.emplace(options.styleOutput);
+        styleOutput.emplace(options.styleOutput, "--write-style");
     const Style style = AtlasStyle();
 
     PrepareGdal();
