@@ -1,7 +1,6 @@
 #include <txmap/atlas/LegendEntries.h>
 
 #include <cmath>
-#include <set>
 
 #include <txmap/atlas/AreaColors.h>
 #include <txmap/atlas/AtlasSources.h>
@@ -64,7 +63,7 @@ std::vector<LegendEntry> LegendEntries(const AtlasOptions& options, const Style&
         if (source.role == LayerRole::Lines || (source.role == LayerRole::Any && source.Has(GeometryType::LineString)))
             entries.push_back({Kind::Line, style.river.color, source.id});
         if (source.role == LayerRole::Any && source.Has(GeometryType::Point))
-            entries.push_back({Kind::Place, style.placeFill, source.id});
+            entries.push_back({Kind::Place, {}, source.id});
     }
     return entries;
 }

@@ -7,6 +7,7 @@
 #include <txmap/drawing/Canvas.h>
 #include <txmap/drawing/DrawingTools.h>
 #include <txmap/drawing/LabelPainter.h>
+#include <txmap/drawing/PlacePainter.h>
 #include <txmap/labels/LabelScene.h>
 #include <txmap/map/MapView.h>
 #include <txmap/style/Style.h>
@@ -14,7 +15,6 @@
 namespace txmap
 {
 
-using TZObjects::TXPen;
 using TZObjects::TXPoint;
 using TZObjects::TXRect;
 
@@ -71,7 +71,7 @@ Legend::Legend(const std::vector<LegendEntry>& entries, const MapView& view, con
     }
 }
 
-void Legend::Draw(Canvas& canvas, LabelPainter& texts, const Style& style) const
+void Legend::Draw(Canvas& canvas, LabelPainter& texts, const PlacePainter& places, const Style& style) const
 {
     if (lines.empty())
         return;
@@ -107,15 +107,8 @@ void Legend::Draw(Canvas& canvas, LabelPainter& texts, const Style& style) const
         }
         else
         {
-            canvas.Surface().SelectPen(TXPen::NullPen);
-            canvas.Surface().SelectBrush(SolidBrush(canvas.Engine(), line.entry.color));
-            const double radius = symbol.Height() / 4.0;
-            const double centre = (symbol.left + symbol.right) / 2.0;
-            std::vector<TXPoint> circle;
-            for (int i = 0; i < 24; ++i)
-                circle.emplace_back(centre + radius * std::cos(i * 0.2617993877991494),
-                                    middle + radius * std::sin(i * 0.2617993877991494));
-            RequireDrawn(canvas.Surface().Polygon(circle.data(), static_cast<int>(circle.size())));
+            const TXPoint centre((symbol.left + symbol.right) / 2.0, middle);
+            places.Within(kLineStep * symbol.Height() / 2.0).Draw(canvas, std::vector<TXPoint>{centre});
         }
         labels.push_back(line.label);
     }

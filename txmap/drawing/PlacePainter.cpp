@@ -64,6 +64,14 @@ double PlacePainter::Reach() const
     return farthest * size + ring.width;
 }
 
+PlacePainter PlacePainter::Within(double reach) const
+{
+    PlacePainter smaller = *this;
+    const double room = std::max(0.0, reach - ring.width);
+    smaller.size *= std::min(1.0, room / (Reach() - ring.width));
+    return smaller;
+}
+
 std::string PlacePainter::CharacterProblem() const
 {
     if (symbol.shape != PlaceSymbol::Shape::Character || FontCatalog::CharactersOf(face)(symbol.character))
