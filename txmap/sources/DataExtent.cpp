@@ -41,8 +41,11 @@ GeoBox WithRoom(const GeoBox& box, double maxLatitude)
     const auto room = [](double size) { return std::max(size * kRoomAround, (kSmallestView - size) / 2.0); };
     const double across = room(box.east - box.west);
     const double along = room(box.north - box.south);
-    return {box.west - across, std::max(box.south - along, -maxLatitude), box.east + across,
-            std::min(box.north + along, maxLatitude)};
+    // Of data beyond the map, the edge of the map is shown.
+    const double south = std::clamp(box.south, -maxLatitude, maxLatitude);
+    const double north = std::clamp(box.north, -maxLatitude, maxLatitude);
+    return {box.west - across, std::max(south - along, -maxLatitude), box.east + across,
+            std::min(north + along, maxLatitude)};
 }
 
 std::string EmptyMapText(const GeoBox& shown, const std::vector<DataPart>& parts)

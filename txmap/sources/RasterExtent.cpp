@@ -15,6 +15,8 @@ namespace
 
 // Points along each side of a raster that is brought into degrees.
 constexpr int kSamples = 21;
+// A pixel of a raster may reach a little over a pole.
+constexpr double kFarthestLatitude = 91.0;
 
 struct TransformationDeleter
 {
@@ -51,8 +53,9 @@ std::optional<GeoBox> RasterExtent(const std::string& file)
                                                       &box.east, &box.north, kSamples))
             return std::nullopt;
     }
-    const bool isKnown = std::isfinite(box.west) && std::isfinite(box.south) && std::isfinite(box.east) &&
-                         std::isfinite(box.north) && box.west < box.east && box.south < box.north;
+    // Without a coordinate system, these may be anything.
+    const bool isKnown = std::isfinite(box.west) && std::isfinite(box.east) && box.west < box.east &&
+                         box.south < box.north && box.south >= -kFarthestLatitude && box.north <= kFarthestLatitude;
     return isKnown ? std::optional(box) : std::nullopt;
 }
 
