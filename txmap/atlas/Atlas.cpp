@@ -36,7 +36,7 @@ MapStyle Compiled(const Json& document)
     return std::move(reading.style);
 }
 
-/// What has names, in pixels. @throw Failure where names are wanted that no layer has.
+/// The places, and what else has names where names are wanted, in pixels. @throw Failure where no layer has any.
 std::vector<MapLayer> LayersInPixels(const AtlasOptions& options, const AtlasSources& sources)
 {
     std::vector<MapLayer> layers;
@@ -46,8 +46,11 @@ std::vector<MapLayer> LayersInPixels(const AtlasOptions& options, const AtlasSou
     {
         if (source.role != LayerRole::Any && source.role != LayerRole::Countries)
             continue;
-        layers.push_back(
-            ReadMapLayer(source.Features(), sources.View(), options.labels, source.role == LayerRole::Any, margin));
+        const bool places = source.role == LayerRole::Any;
+        // Areas are drawn by the style, and read here for their names alone.
+        if (!options.labels.wanted && !(places && source.Has(GeometryType::Point)))
+            continue;
+        layers.push_back(ReadMapLayer(source.Features(), sources.View(), options.labels, places, margin));
         // A source of which nothing is seen gets the benefit of the doubt.
         mayHaveNames = mayHaveNames || source.Features().empty() ||
                        !FeatureNames(options.labels, *source.Features().front().features).Field().empty();
