@@ -22,13 +22,6 @@ std::string BoxText(const GeoBox& box)
 
 } // namespace
 
-GeoBox ToDegrees(const Projection& projection, const MercatorBox& box)
-{
-    const TZObjects::TXPoint northWest = projection.ToDegrees({box.left, box.top});
-    const TZObjects::TXPoint southEast = projection.ToDegrees({box.right, box.bottom});
-    return {northWest.x, southEast.y, southEast.x, northWest.y};
-}
-
 void Include(std::optional<GeoBox>& all, const GeoBox& box)
 {
     all = all ? GeoBox{std::min(all->west, box.west), std::min(all->south, box.south), std::max(all->east, box.east),
