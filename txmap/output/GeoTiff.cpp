@@ -1,7 +1,5 @@
 #include <txmap/output/GeoTiff.h>
 
-#include <memory>
-
 #include <cpl_error.h>
 #include <cpl_string.h>
 #include <gdal_priv.h>
@@ -14,19 +12,7 @@ namespace txmap
 namespace
 {
 
-struct Closer
-{
-    void operator()(GDALDataset* dataset) const { GDALClose(dataset); }
-};
-
-/// Keeps what GDAL has to say for our own message.
-struct QuietGdal
-{
-    QuietGdal() { CPLPushErrorHandler(CPLQuietErrorHandler); }
-    ~QuietGdal() { CPLPopErrorHandler(); }
-};
-
-using Dataset = std::unique_ptr<GDALDataset, Closer>;
+using Dataset = GDALDatasetUniquePtr;
 
 [[noreturn]] void Fail(const std::string& name)
 {
@@ -40,8 +26,6 @@ using Dataset = std::unique_ptr<GDALDataset, Closer>;
 void WriteGeoTiff(const std::string& picture, const std::string& path, const std::string& name,
                   const GeoReference& reference)
 {
-    GDALAllRegister();
-    const QuietGdal quiet;
     CPLErrorReset();
     GDALDriver* const tiff = GetGDALDriverManager()->GetDriverByName("GTiff");
     GDALDriver* const link = GetGDALDriverManager()->GetDriverByName("VRT");

@@ -7,7 +7,7 @@
 namespace txmap
 {
 
-/// Writes a picture again as a GeoTIFF: the same pixels, compressed without loss, in tiles.
+/// Writes a picture again as a GeoTIFF: the same pixels, compressed without loss, in tiles. GDAL must know its drivers.
 /// @param picture a file that GDAL reads. @param path where the GeoTIFF is to be; a file there is replaced.
 /// @param name what it is called in messages.
 /// @throw Failure with `ExitCode::Drawing` when that fails.
