@@ -5,10 +5,10 @@
 
 #include <txgraphics/TXGraphics.h>
 #include <txmap/drawing/Canvas.h>
+#include <txmap/drawing/Decoration.h>
 #include <txmap/drawing/DrawingTools.h>
 #include <txmap/drawing/LabelPainter.h>
 #include <txmap/drawing/PlacePainter.h>
-#include <txmap/labels/LabelScene.h>
 #include <txmap/map/MapView.h>
 #include <txmap/style/Style.h>
 
@@ -25,8 +25,7 @@ namespace
 constexpr double kLineStep = 1.7;
 constexpr double kSymbolWidth = 2.0;
 constexpr double kPadding = 0.8;
-// As parts of the map.
-constexpr double kMargin = 0.015;
+// As a part of the map's height.
 constexpr double kMostOfMap = 0.9;
 
 } // namespace
@@ -34,12 +33,9 @@ constexpr double kMostOfMap = 0.9;
 Legend::Legend(const std::vector<LegendEntry>& entries, const MapView& view, const Style& style, LabelFonts& fonts)
 {
     const TXRect& frame = view.Frame();
-    const LabelLook look{WholePixels(style.labels.size * std::max(1.0, view.Scale()) * 0.85),
-                         0.0,
-                         style.labels.place,
-                         {0.0, style.labels.place}};
+    const LabelLook look = DecorationLook(style, view);
     const double size = look.size;
-    const double margin = kMargin * std::min(frame.Width(), frame.Height());
+    const double margin = DecorationMargin(view);
     double widest = 0.0;
     for (const LegendEntry& entry : entries)
     {
@@ -77,12 +73,7 @@ void Legend::Draw(Canvas& canvas, LabelPainter& texts, const PlacePainter& place
         return;
     RequireDrawn(canvas.Surface().fillRect(box, style.panel));
     canvas.Use({style.frame.color, 1.0});
-    const TXPoint outline[] = {{box.left, box.top},
-                               {box.right, box.top},
-                               {box.right, box.bottom},
-                               {box.left, box.bottom},
-                               {box.left, box.top}};
-    RequireDrawn(canvas.Surface().Polyline(outline, 5));
+    DrawOutline(canvas.Surface(), box);
     std::vector<PlacedLabel> labels;
     for (const Line& line : lines)
     {
@@ -92,12 +83,7 @@ void Legend::Draw(Canvas& canvas, LabelPainter& texts, const PlacePainter& place
         {
             RequireDrawn(canvas.Surface().fillRect(symbol, line.entry.color));
             canvas.Use(style.outline);
-            const TXPoint edge[] = {{symbol.left, symbol.top},
-                                    {symbol.right, symbol.top},
-                                    {symbol.right, symbol.bottom},
-                                    {symbol.left, symbol.bottom},
-                                    {symbol.left, symbol.top}};
-            RequireDrawn(canvas.Surface().Polyline(edge, 5));
+            DrawOutline(canvas.Surface(), symbol);
         }
         else if (line.entry.kind == LegendEntry::Kind::Line)
         {
