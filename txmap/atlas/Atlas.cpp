@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include <fstream>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include <txmap/atlas/AtlasPage.h>
 #include <txmap/atlas/AtlasSources.h>
 #include <txmap/atlas/LegendEntries.h>
+#include <txmap/atlas/SourceColors.h>
 #include <txmap/atlas/StyleDocument.h>
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/output/OutputFile.h>
@@ -44,7 +46,7 @@ std::vector<MapLayer> LayersInPixels(const AtlasOptions& options, const AtlasSou
     const double margin = kAtlasMargin * sources.View().Scale();
     for (const AtlasSource& source : sources.Features())
     {
-        if (source.role != LayerRole::Any && source.role != LayerRole::Countries)
+        if (!source.IsLand())
             continue;
         const bool places = source.role == LayerRole::Any;
         // Areas are drawn by the style, and read here for their names alone.
@@ -96,13 +98,14 @@ void DrawAtlas(const AtlasOptions& options, const std::function<void(const std::
     AtlasSources sources(options, diagnostics);
     if (const std::string empty = sources.EmptyMap(options); !empty.empty())
         warn(empty);
-    const Json document = MakeStyleDocument(options, style, sources);
+    const std::map<std::string, SourceColors> colors = ColorSources(options, style, sources);
+    const Json document = MakeStyleDocument(options, style, sources, colors);
     const MapStyle compiled = Compiled(document);
     std::vector<MapLayer> layers = LayersInPixels(options, sources);
     if (styleOutput)
         WriteStyle(*styleOutput, StandaloneDocument(document, style, sources));
     const std::vector<LegendEntry> legend =
-        options.legend ? LegendEntries(options, style, sources) : std::vector<LegendEntry>();
+        options.legend ? LegendEntries(options, style, sources, colors) : std::vector<LegendEntry>();
     const MapData data(compiled, SourceFolder(""), sources.View(), diagnostics, sources.Take());
 
     const PluginSession plugin(options.plugin, options.labels.path);

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include <txmap/atlas/AreaColors.h>
 #include <txmap/atlas/AtlasSources.h>
+#include <txmap/atlas/SourceColors.h>
 #include <txmap/drawing/layers/MapCanvas.h>
 #include <txmap/style/Style.h>
 
@@ -40,19 +40,18 @@ void AddRamp(const ColorRamp& ramp, const RampRange& range, std::vector<LegendEn
 
 } // namespace
 
-std::vector<LegendEntry> LegendEntries(const AtlasOptions& options, const Style& style, const AtlasSources& sources)
+std::vector<LegendEntry> LegendEntries(const AtlasOptions& options, const Style& style, const AtlasSources& sources,
+                                       const std::map<std::string, SourceColors>& colors)
 {
     std::vector<LegendEntry> entries;
     for (const AtlasSource& source : sources.Features())
     {
-        const bool isLand = source.role == LayerRole::Any || source.role == LayerRole::Countries;
-        if (isLand && source.Has(GeometryType::Polygon))
+        if (const auto found = colors.find(source.id); found != colors.end())
         {
-            const FeatureSet& set = *source.Features().front().features;
             if (options.ramp)
-                AddRamp(*options.ramp, RangeOf(set, *options.ramp), entries);
+                AddRamp(*options.ramp, found->second.range, entries);
             else if (!options.colorBy.empty())
-                for (const auto& [value, category] : ColorAreas(set, options.colorBy, style.Categories()).classes)
+                for (const auto& [value, category] : found->second.areas.classes)
                     if (entries.size() < kMostValues)
                         entries.push_back({Kind::Area, style.Fill(category), value});
         }
