@@ -163,11 +163,11 @@ TEST(Symbol, StandsInTheLegendAsOnTheMap)
                 pixels.push_back(picture.At(x, y));
         return pixels;
     };
-    const std::vector<Pixel> circle = symbolIn({"--legend"});
+    const std::vector<Pixel> circle = symbolIn({"--legend", "--symbol-size", "12"});
     EXPECT_GT(std::count_if(circle.begin(), circle.end(), IsInk), 10);
     for (const char* const other : {"square", "triangle", "star", "cross", "diamond", "font:DejaVu Sans:★"})
     {
-        const std::vector<Pixel> symbol = symbolIn({"--legend", "--symbol", other});
+        const std::vector<Pixel> symbol = symbolIn({"--legend", "--symbol", other, "--symbol-size", "12"});
         EXPECT_NE(symbol, circle) << other;
         EXPECT_GT(std::count_if(symbol.begin(), symbol.end(), IsInk), 10) << other;
     }
