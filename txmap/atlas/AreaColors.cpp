@@ -41,11 +41,12 @@ int Choose(const std::string& text, const std::set<std::size_t>& neighbours, con
     std::vector<int> taken(static_cast<std::size_t>(classes) + 1);
     for (const std::size_t neighbour : neighbours)
         ++taken[static_cast<std::size_t>(given[neighbour])];
+    const std::uint32_t first = Hash(text);
     int best = 0;
     for (int step = 0; step < classes; ++step)
     {
         const int candidate =
-            static_cast<int>((Hash(text) + static_cast<std::uint32_t>(step)) % static_cast<std::uint32_t>(classes)) + 1;
+            static_cast<int>((first + static_cast<std::uint32_t>(step)) % static_cast<std::uint32_t>(classes)) + 1;
         if (best == 0 || taken[static_cast<std::size_t>(candidate)] < taken[static_cast<std::size_t>(best)])
             best = candidate;
     }

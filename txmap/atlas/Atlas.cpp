@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include <fstream>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include <txmap/atlas/AtlasPage.h>
 #include <txmap/atlas/AtlasSources.h>
 #include <txmap/atlas/LegendEntries.h>
+#include <txmap/atlas/SourceColors.h>
 #include <txmap/atlas/StyleDocument.h>
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/output/OutputFile.h>
@@ -36,7 +38,7 @@ MapStyle Compiled(const Json& document)
     return std::move(reading.style);
 }
 
-/// What has names, in pixels. @throw Failure where names are wanted that no layer has.
+/// The places, and what else has names where names are wanted, in pixels. @throw Failure where no layer has any.
 std::vector<MapLayer> LayersInPixels(const AtlasOptions& options, const AtlasSources& sources)
 {
     std::vector<MapLayer> layers;
@@ -44,10 +46,13 @@ std::vector<MapLayer> LayersInPixels(const AtlasOptions& options, const AtlasSou
     const double margin = kAtlasMargin * sources.View().Scale();
     for (const AtlasSource& source : sources.Features())
     {
-        if (source.role != LayerRole::Any && source.role != LayerRole::Countries)
+        if (!source.IsLand())
             continue;
-        layers.push_back(
-            ReadMapLayer(source.Features(), sources.View(), options.labels, source.role == LayerRole::Any, margin));
+        const bool places = source.role == LayerRole::Any;
+        // Areas are drawn by the style, and read here for their names alone.
+        if (!options.labels.wanted && !(places && source.Has(GeometryType::Point)))
+            continue;
+        layers.push_back(ReadMapLayer(source.Features(), sources.View(), options.labels, places, margin));
         // A source of which nothing is seen gets the benefit of the doubt.
         mayHaveNames = mayHaveNames || source.Features().empty() ||
                        !FeatureNames(options.labels, *source.Features().front().features).Field().empty();
@@ -73,7 +78,7 @@ void WriteStyle(OutputFile& file, const Json& document)
     stream << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
     stream.close();
     if (!stream)
-        throw Failure(ExitCode::Drawing, "--write-style: the style cannot be written" + file.WriteProblem());
+        throw Failure(ExitCode::Drawing, file.Name() + ": the style cannot be written" + file.WriteProblem());
     file.Commit();
 }
 
@@ -85,7 +90,7 @@ void DrawAtlas(const AtlasOptions& options, const std::function<void(const std::
     RequirePictureSuffix(options.output);
     std::optional<OutputFile> styleOutput;
     if (!options.styleOutput.empty())
-        styleOutput.emplace(options.styleOutput);
+        styleOutput.emplace(options.styleOutput, "--write-style");
     const Style style = AtlasStyle();
 
     PrepareGdal();
@@ -93,13 +98,14 @@ void DrawAtlas(const AtlasOptions& options, const std::function<void(const std::
     AtlasSources sources(options, diagnostics);
     if (const std::string empty = sources.EmptyMap(options); !empty.empty())
         warn(empty);
-    const Json document = MakeStyleDocument(options, style, sources);
+    const std::map<std::string, SourceColors> colors = ColorSources(options, style, sources);
+    const Json document = MakeStyleDocument(options, style, sources, colors);
     const MapStyle compiled = Compiled(document);
     std::vector<MapLayer> layers = LayersInPixels(options, sources);
     if (styleOutput)
         WriteStyle(*styleOutput, StandaloneDocument(document, style, sources));
     const std::vector<LegendEntry> legend =
-        options.legend ? LegendEntries(options, style, sources) : std::vector<LegendEntry>();
+        options.legend ? LegendEntries(options, style, sources, colors) : std::vector<LegendEntry>();
     const MapData data(compiled, SourceFolder(""), sources.View(), diagnostics, sources.Take());
 
     const PluginSession plugin(options.plugin, options.labels.path);

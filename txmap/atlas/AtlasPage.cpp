@@ -76,7 +76,7 @@ void AtlasPage::Draw(const MapStyle& map, const MapData& data, const std::vector
         return;
     LabelPainter texts(canvas, *decorationFonts);
     if (legend)
-        legend->Draw(canvas, texts, style);
+        legend->Draw(canvas, texts, places, style);
     if (scaleBar)
         scaleBar->Draw(canvas, texts, style);
 }

@@ -108,7 +108,10 @@ AtlasSources::AtlasSources(const AtlasOptions& options, SourceDiagnostics& diagn
         features.push_back(std::move(source));
     }
     if (options.box)
+    {
         view.emplace(options.projection, options.box, options.size, options.scale);
+        Load(*view, options, diagnostics);
+    }
     else
     {
         // Where the data lies is known only when all of it has been read.
@@ -120,12 +123,9 @@ AtlasSources::AtlasSources(const AtlasOptions& options, SourceDiagnostics& diagn
         else
             box.reset();
         view.emplace(options.projection, box, options.size, options.scale);
-    }
-    if (options.box)
-        Load(*view, options, diagnostics);
-    else
         for (AtlasSource& source : features)
             source.source->ShowIn(*view, kAtlasMargin * view->Scale());
+    }
     if (!options.raster)
         return;
     rasterId = NewId(options.raster->file, taken);
@@ -165,7 +165,7 @@ std::optional<GeoBox> AtlasSources::Extent(const AtlasOptions& options) const
         if (!extent && !source.Features().empty())
             extent = source.Features().front().features->bounds;
         if (extent)
-            Include(all, ToDegrees(options.projection, *extent));
+            Include(all, options.projection.ToDegrees(*extent));
     }
     if (options.raster)
         if (const std::optional<GeoBox> extent = RasterExtent(options.raster->file))
@@ -180,7 +180,7 @@ std::string AtlasSources::EmptyMap(const AtlasOptions& options) const
     {
         const std::optional<MercatorBox> extent = features[i].source->Extent();
         parts.push_back({options.layers[i].source, features[i].source->HasFeatures(),
-                         extent ? std::optional(ToDegrees(options.projection, *extent)) : std::nullopt});
+                         extent ? std::optional(options.projection.ToDegrees(*extent)) : std::nullopt});
     }
     if (raster)
         parts.push_back({"--raster " + options.raster->file, !raster->IsBlank(), raster->Extent()});

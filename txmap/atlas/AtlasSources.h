@@ -28,6 +28,8 @@ struct AtlasSource
     std::unique_ptr<FeatureSource> source;
 
     const std::vector<PlacedFeatures>& Features() const { return source->Features(""); }
+    /// Whether its areas are land.
+    bool IsLand() const { return role == LayerRole::Any || role == LayerRole::Countries; }
     /// Whether there is anything of a type in the view.
     bool Has(GeometryType type) const;
 };
@@ -40,7 +42,6 @@ public:
     AtlasSources(const AtlasOptions& options, SourceDiagnostics& diagnostics);
 
     const AtlasView& View() const { return *view; }
-    std::vector<AtlasSource>& Features() { return features; }
     const std::vector<AtlasSource>& Features() const { return features; }
     /// The name of the raster's source; empty for no raster.
     const std::string& RasterId() const { return rasterId; }

@@ -1,10 +1,9 @@
 #include <txmap/atlas/LegendEntries.h>
 
 #include <cmath>
-#include <set>
 
-#include <txmap/atlas/AreaColors.h>
 #include <txmap/atlas/AtlasSources.h>
+#include <txmap/atlas/SourceColors.h>
 #include <txmap/drawing/layers/MapCanvas.h>
 #include <txmap/style/Style.h>
 
@@ -41,19 +40,18 @@ void AddRamp(const ColorRamp& ramp, const RampRange& range, std::vector<LegendEn
 
 } // namespace
 
-std::vector<LegendEntry> LegendEntries(const AtlasOptions& options, const Style& style, const AtlasSources& sources)
+std::vector<LegendEntry> LegendEntries(const AtlasOptions& options, const Style& style, const AtlasSources& sources,
+                                       const std::map<std::string, SourceColors>& colors)
 {
     std::vector<LegendEntry> entries;
     for (const AtlasSource& source : sources.Features())
     {
-        const bool isLand = source.role == LayerRole::Any || source.role == LayerRole::Countries;
-        if (isLand && source.Has(GeometryType::Polygon))
+        if (const auto found = colors.find(source.id); found != colors.end())
         {
-            const FeatureSet& set = *source.Features().front().features;
             if (options.ramp)
-                AddRamp(*options.ramp, RangeOf(set, *options.ramp), entries);
+                AddRamp(*options.ramp, found->second.range, entries);
             else if (!options.colorBy.empty())
-                for (const auto& [value, category] : ColorAreas(set, options.colorBy, style.Categories()).classes)
+                for (const auto& [value, category] : found->second.areas.classes)
                     if (entries.size() < kMostValues)
                         entries.push_back({Kind::Area, style.Fill(category), value});
         }
@@ -64,7 +62,7 @@ std::vector<LegendEntry> LegendEntries(const AtlasOptions& options, const Style&
         if (source.role == LayerRole::Lines || (source.role == LayerRole::Any && source.Has(GeometryType::LineString)))
             entries.push_back({Kind::Line, style.river.color, source.id});
         if (source.role == LayerRole::Any && source.Has(GeometryType::Point))
-            entries.push_back({Kind::Place, style.placeFill, source.id});
+            entries.push_back({Kind::Place, {}, source.id});
     }
     return entries;
 }

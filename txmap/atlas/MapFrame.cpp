@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <set>
 
+#include <txmap/atlas/AtlasSources.h>
 #include <txmap/sources/FeatureSource.h>
 #include <txmap/sources/MapLayerReader.h>
 #include <txmap/sources/SourceDiagnostics.h>
@@ -21,8 +22,6 @@ namespace
 
 // As a part of the shorter side of the map.
 constexpr double kUsualRadius = 0.06;
-// Around the picture, so that no edge is seen where an area is cut.
-constexpr double kMargin = 32.0;
 
 MapLayer ReadAreas(const std::string& source, const MapView& view)
 {
@@ -35,7 +34,8 @@ MapLayer ReadAreas(const std::string& source, const MapView& view)
         request.joinsAtDateLine = true;
         request.geometry = GeometryType::Polygon;
         areas->Load(view, request, diagnostics);
-        return ReadMapLayer(areas->Features(""), view, {}, false, kMargin);
+        // So far around the picture, no edge is seen where an area is cut.
+        return ReadMapLayer(areas->Features(""), view, {}, false, kAtlasMargin);
     }
     catch (const Failure& failure)
     {

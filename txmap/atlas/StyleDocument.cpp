@@ -5,9 +5,9 @@
 #include <cmath>
 #include <filesystem>
 
-#include <txmap/atlas/AreaColors.h>
 #include <txmap/atlas/AtlasOptions.h>
 #include <txmap/atlas/AtlasSources.h>
+#include <txmap/atlas/SourceColors.h>
 #include <txmap/style/Style.h>
 #include <txmap/support/Failure.h>
 
@@ -34,8 +34,6 @@ std::string ColorText(const TXColor& color)
     return text.ToString();
 }
 
-bool IsLand(const AtlasSource& source) { return source.role == LayerRole::Any || source.role == LayerRole::Countries; }
-
 /// Only geometry of a type.
 Json Only(const char* type) { return {"==", {"geometry-type"}, type}; }
 
@@ -43,8 +41,9 @@ Json Only(const char* type) { return {"==", {"geometry-type"}, type}; }
 class DocumentMaker
 {
 public:
-    DocumentMaker(const AtlasOptions& options, const Style& style, const AtlasSources& sources)
-        : options(options), style(style), sources(sources)
+    DocumentMaker(const AtlasOptions& options, const Style& style, const AtlasSources& sources,
+                  const std::map<std::string, SourceColors>& colors)
+        : options(options), style(style), sources(sources), sourceColors(colors)
     {
     }
 
@@ -58,7 +57,7 @@ public:
         AddSea();
         for (std::size_t band = 0; band < style.shore.size(); ++band)
             for (const AtlasSource& source : sources.Features())
-                if (IsLand(source) && source.Has(GeometryType::Polygon))
+                if (source.IsLand() && source.Has(GeometryType::Polygon))
                     AddLine(source, "shore-" + std::to_string(band + 1), style.shore[band], Only("Polygon"));
         for (const AtlasSource& source : sources.Features())
             AddAreas(source);
@@ -94,7 +93,7 @@ private:
 
     void AddAreas(const AtlasSource& source)
     {
-        const bool drawsAreas = IsLand(source) || source.role == LayerRole::Lakes;
+        const bool drawsAreas = source.IsLand() || source.role == LayerRole::Lakes;
         if (!drawsAreas || !source.Has(GeometryType::Polygon))
             return;
         layers.push_back(
@@ -104,21 +103,20 @@ private:
              {"filter", Only("Polygon")},
              {"paint",
               {{"fill-color", FillOf(source)},
-               {"fill-outline-color", ColorText((IsLand(source) ? style.outline : style.lakeShore).color)}}}});
+               {"fill-outline-color", ColorText((source.IsLand() ? style.outline : style.lakeShore).color)}}}});
     }
 
     Json FillOf(const AtlasSource& source) const
     {
-        if (!IsLand(source))
+        if (!source.IsLand())
             return ColorText(style.lake);
-        const FeatureSet& set = *source.Features().front().features;
         if (options.ramp)
-            return RampOf(source, set);
-        const AreaColors colors = ColorAreas(set, options.colorBy, style.Categories());
+            return RampOf(source);
+        const AreaColors& colors = sourceColors.at(source.id).areas;
         if (colors.field.empty() && !options.colorBy.empty())
             throw Failure(ExitCode::Data, source.json["data"].get<std::string>() + ": has no attribute " +
                                               options.colorBy + ", which --color-by asks for");
-        if (colors.field.empty() && set.features.size() > kMostUnnamed)
+        if (colors.field.empty() && source.Features().front().features->features.size() > kMostUnnamed)
             return ColorText(style.Fill(kLandClass));
         Json match = {"match",
                       {"to-string", colors.field.empty() ? Json::array({"id"}) : Json::array({"get", colors.field})}};
@@ -139,9 +137,9 @@ private:
         return match;
     }
 
-    Json RampOf(const AtlasSource& source, const FeatureSet& set) const
+    Json RampOf(const AtlasSource& source) const
     {
-        const RampRange range = RangeOf(set, *options.ramp);
+        const RampRange& range = sourceColors.at(source.id).range;
         if (range.field.empty())
             throw Failure(ExitCode::Data, source.json["data"].get<std::string>() + ": has no attribute " +
                                               options.ramp->field + ", which --color-ramp asks for");
@@ -175,11 +173,11 @@ private:
                             {"raster-layer-blend", multiplies ? "multiply" : "normal"}}}});
         for (const AtlasSource& source : sources.Features())
         {
-            if ((!IsLand(source) && source.role != LayerRole::Lakes) || !source.Has(GeometryType::Polygon))
+            if ((!source.IsLand() && source.role != LayerRole::Lakes) || !source.Has(GeometryType::Polygon))
                 continue;
-            if (IsLand(source))
+            if (source.IsLand())
                 AddLine(source, "casing", style.overRaster, Only("Polygon"));
-            AddLine(source, "outlines", IsLand(source) ? style.outline : style.lakeShore, Only("Polygon"));
+            AddLine(source, "outlines", source.IsLand() ? style.outline : style.lakeShore, Only("Polygon"));
         }
     }
 
@@ -196,6 +194,7 @@ private:
     const AtlasOptions& options;
     const Style& style;
     const AtlasSources& sources;
+    const std::map<std::string, SourceColors>& sourceColors;
     Json layers = Json::array();
 };
 
@@ -212,9 +211,10 @@ std::string FromAnywhere(const std::string& source)
 
 } // namespace
 
-Json MakeStyleDocument(const AtlasOptions& options, const Style& style, const AtlasSources& sources)
+Json MakeStyleDocument(const AtlasOptions& options, const Style& style, const AtlasSources& sources,
+                       const std::map<std::string, SourceColors>& colors)
 {
-    return DocumentMaker(options, style, sources).Make();
+    return DocumentMaker(options, style, sources, colors).Make();
 }
 
 Json StandaloneDocument(Json document, const Style& style, const AtlasSources& sources)

@@ -2,6 +2,9 @@
 
 #include <gdal.h>
 
+#include <filesystem>
+#include <system_error>
+
 #include <CLI/CLI.hpp>
 
 #include <txmap/cli/OptionValues.h>
@@ -176,6 +179,19 @@ PlaceSymbol InterpretSymbol(const RawOptions& raw)
     return symbol;
 }
 
+/// Whether two paths, of files that need not exist, lead to the same one.
+bool IsSameFile(const std::string& a, const std::string& b)
+{
+    const auto real = [](const std::string& path)
+    {
+        std::error_code status;
+        const std::filesystem::path whole = std::filesystem::absolute(path, status);
+        const std::filesystem::path real = std::filesystem::weakly_canonical(whole, status);
+        return status ? whole.lexically_normal() : real;
+    };
+    return real(a) == real(b);
+}
+
 std::optional<RasterRequest> InterpretRaster(const RawOptions& raw)
 {
     const double opacity = raw.rasterOpacity.empty() ? 1.0 : ParseRasterOpacity(raw.rasterOpacity);
@@ -220,6 +236,8 @@ Options Interpret(const RawOptions& raw)
         options.graticule = ParseGraticule(raw.graticule);
     options.output = raw.output;
     options.styleOutput = raw.styleOutput;
+    if (!raw.styleOutput.empty() && IsSameFile(raw.styleOutput, raw.output))
+        Refuse("--write-style", raw.styleOutput, "is the file of the picture");
     if (!raw.scale.empty())
         options.scale = ParseScale(raw.scale);
     if (!raw.ramp.empty())

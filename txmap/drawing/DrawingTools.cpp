@@ -1,5 +1,8 @@
 #include <txmap/drawing/DrawingTools.h>
 
+#include <txbase/TXPoint.h>
+#include <txbase/TXRect.h>
+#include <txgraphics/TXGraphics.h>
 #include <txgraphics/TXGraphicsEngine.h>
 #include <txmap/support/Failure.h>
 
@@ -16,6 +19,16 @@ void RequireDrawn(bool drawn)
 {
     if (!drawn)
         throw Failure(ExitCode::Drawing, "the plugin refused to draw");
+}
+
+void DrawOutline(TZObjects::TXGraphics& surface, const TZObjects::TXRect& box)
+{
+    const TZObjects::TXPoint corners[] = {{box.left, box.top},
+                                          {box.right, box.top},
+                                          {box.right, box.bottom},
+                                          {box.left, box.bottom},
+                                          {box.left, box.top}};
+    RequireDrawn(surface.Polyline(corners, 5));
 }
 
 TXRefPtr<TXPen> SolidPen(const TXGraphicsEngine& engine, const TXColor& color, double width)

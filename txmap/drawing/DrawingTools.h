@@ -7,7 +7,9 @@
 
 namespace TZObjects
 {
+class TXGraphics;
 class TXGraphicsEngine;
+struct TXRect;
 } // namespace TZObjects
 
 namespace txmap
@@ -15,6 +17,9 @@ namespace txmap
 
 /// @throw Failure with `ExitCode::Drawing` when the backend refused.
 void RequireDrawn(bool drawn);
+
+/// Draws along the edges of a box with the pen that is selected. @throw Failure with `ExitCode::Drawing`.
+void DrawOutline(TZObjects::TXGraphics& surface, const TZObjects::TXRect& box);
 
 /// A pen for solid lines with round ends and corners. @throw Failure with `ExitCode::Drawing`.
 TZObjects::TXRefPtr<TZObjects::TXPen> SolidPen(const TZObjects::TXGraphicsEngine& engine,

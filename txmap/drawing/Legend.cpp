@@ -5,16 +5,16 @@
 
 #include <txgraphics/TXGraphics.h>
 #include <txmap/drawing/Canvas.h>
+#include <txmap/drawing/Decoration.h>
 #include <txmap/drawing/DrawingTools.h>
 #include <txmap/drawing/LabelPainter.h>
-#include <txmap/labels/LabelScene.h>
+#include <txmap/drawing/PlacePainter.h>
 #include <txmap/map/MapView.h>
 #include <txmap/style/Style.h>
 
 namespace txmap
 {
 
-using TZObjects::TXPen;
 using TZObjects::TXPoint;
 using TZObjects::TXRect;
 
@@ -25,8 +25,7 @@ namespace
 constexpr double kLineStep = 1.7;
 constexpr double kSymbolWidth = 2.0;
 constexpr double kPadding = 0.8;
-// As parts of the map.
-constexpr double kMargin = 0.015;
+// As a part of the map's height.
 constexpr double kMostOfMap = 0.9;
 
 } // namespace
@@ -34,12 +33,9 @@ constexpr double kMostOfMap = 0.9;
 Legend::Legend(const std::vector<LegendEntry>& entries, const MapView& view, const Style& style, LabelFonts& fonts)
 {
     const TXRect& frame = view.Frame();
-    const LabelLook look{WholePixels(style.labels.size * std::max(1.0, view.Scale()) * 0.85),
-                         0.0,
-                         style.labels.place,
-                         {0.0, style.labels.place}};
+    const LabelLook look = DecorationLook(style, view);
     const double size = look.size;
-    const double margin = kMargin * std::min(frame.Width(), frame.Height());
+    const double margin = DecorationMargin(view);
     double widest = 0.0;
     for (const LegendEntry& entry : entries)
     {
@@ -71,18 +67,13 @@ Legend::Legend(const std::vector<LegendEntry>& entries, const MapView& view, con
     }
 }
 
-void Legend::Draw(Canvas& canvas, LabelPainter& texts, const Style& style) const
+void Legend::Draw(Canvas& canvas, LabelPainter& texts, const PlacePainter& places, const Style& style) const
 {
     if (lines.empty())
         return;
     RequireDrawn(canvas.Surface().fillRect(box, style.panel));
     canvas.Use({style.frame.color, 1.0});
-    const TXPoint outline[] = {{box.left, box.top},
-                               {box.right, box.top},
-                               {box.right, box.bottom},
-                               {box.left, box.bottom},
-                               {box.left, box.top}};
-    RequireDrawn(canvas.Surface().Polyline(outline, 5));
+    DrawOutline(canvas.Surface(), box);
     std::vector<PlacedLabel> labels;
     for (const Line& line : lines)
     {
@@ -92,12 +83,7 @@ void Legend::Draw(Canvas& canvas, LabelPainter& texts, const Style& style) const
         {
             RequireDrawn(canvas.Surface().fillRect(symbol, line.entry.color));
             canvas.Use(style.outline);
-            const TXPoint edge[] = {{symbol.left, symbol.top},
-                                    {symbol.right, symbol.top},
-                                    {symbol.right, symbol.bottom},
-                                    {symbol.left, symbol.bottom},
-                                    {symbol.left, symbol.top}};
-            RequireDrawn(canvas.Surface().Polyline(edge, 5));
+            DrawOutline(canvas.Surface(), symbol);
         }
         else if (line.entry.kind == LegendEntry::Kind::Line)
         {
@@ -107,15 +93,8 @@ void Legend::Draw(Canvas& canvas, LabelPainter& texts, const Style& style) const
         }
         else
         {
-            canvas.Surface().SelectPen(TXPen::NullPen);
-            canvas.Surface().SelectBrush(SolidBrush(canvas.Engine(), line.entry.color));
-            const double radius = symbol.Height() / 4.0;
-            const double centre = (symbol.left + symbol.right) / 2.0;
-            std::vector<TXPoint> circle;
-            for (int i = 0; i < 24; ++i)
-                circle.emplace_back(centre + radius * std::cos(i * 0.2617993877991494),
-                                    middle + radius * std::sin(i * 0.2617993877991494));
-            RequireDrawn(canvas.Surface().Polygon(circle.data(), static_cast<int>(circle.size())));
+            const TXPoint centre((symbol.left + symbol.right) / 2.0, middle);
+            places.Within(kLineStep * symbol.Height() / 2.0).Draw(canvas, std::vector<TXPoint>{centre});
         }
         labels.push_back(line.label);
     }

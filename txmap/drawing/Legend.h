@@ -14,6 +14,7 @@ namespace txmap
 class Canvas;
 class LabelPainter;
 class MapView;
+class PlacePainter;
 struct Style;
 
 /// A line of a legend.
@@ -27,8 +28,8 @@ struct LegendEntry
     };
 
     Kind kind = Kind::Area;
-    TZObjects::TXColor color;
-    std::string text; ///< In UTF-8.
+    TZObjects::TXColor color; ///< Places have the colour of their symbol.
+    std::string text;         ///< In UTF-8.
 };
 
 /// Says in the bottom left corner of a map what its colours stand for.
@@ -41,8 +42,9 @@ public:
     /// The room that it takes; empty where it has no entry.
     const TZObjects::TXRect& Box() const { return box; }
     bool IsEmpty() const { return lines.empty(); }
+    /// @param places draws the symbol of places, smaller where it has no room.
     /// @throw Failure with `ExitCode::Drawing` when the surface refuses.
-    void Draw(Canvas& canvas, LabelPainter& texts, const Style& style) const;
+    void Draw(Canvas& canvas, LabelPainter& texts, const PlacePainter& places, const Style& style) const;
 
 private:
     struct Line

@@ -13,6 +13,7 @@
 #include <txmap/drawing/HaloCopies.h>
 #include <txmap/labels/FaceChoice.h>
 #include <txmap/labels/FontCatalog.h>
+#include <txmap/map/PixelGeometry.h>
 
 namespace txmap
 {
@@ -34,9 +35,8 @@ std::vector<TXPoint> Apart(const std::vector<TXPoint>& places)
 {
     std::unordered_set<std::uint64_t> spots;
     std::vector<TXPoint> apart;
-    const auto spot = [](double place) { return static_cast<std::uint32_t>(std::lround(place / kSameSpot)); };
     for (const TXPoint& place : places)
-        if (spots.insert(std::uint64_t{spot(place.x)} << 32 | spot(place.y)).second)
+        if (spots.insert(SpotOf(place, kSameSpot)).second)
             apart.push_back(place);
     return apart;
 }
@@ -62,6 +62,14 @@ double PlacePainter::Reach() const
     for (const TXPoint& corner : corners)
         farthest = std::max({farthest, std::abs(corner.x), std::abs(corner.y)});
     return farthest * size + ring.width;
+}
+
+PlacePainter PlacePainter::Within(double reach) const
+{
+    PlacePainter smaller = *this;
+    const double room = std::max(0.0, reach - ring.width);
+    smaller.size *= std::min(1.0, room / (Reach() - ring.width));
+    return smaller;
 }
 
 std::string PlacePainter::CharacterProblem() const

@@ -25,6 +25,8 @@ public:
 
     /// How far a symbol reaches from its place, its pale ring included.
     double Reach() const;
+    /// The same with symbols that reach no farther than so many pixels.
+    PlacePainter Within(double reach) const;
     /// Draws a symbol at each place. @throw Failure with `ExitCode::Drawing` when the surface refuses.
     void Draw(Canvas& canvas, const std::vector<TZObjects::TXPoint>& places) const;
     /// That the symbol's character cannot be drawn as it should; empty when all is well.

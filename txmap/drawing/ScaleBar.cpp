@@ -5,9 +5,9 @@
 
 #include <txgraphics/TXGraphics.h>
 #include <txmap/drawing/Canvas.h>
+#include <txmap/drawing/Decoration.h>
 #include <txmap/drawing/DrawingTools.h>
 #include <txmap/drawing/LabelPainter.h>
-#include <txmap/labels/LabelScene.h>
 #include <txmap/map/MapView.h>
 #include <txmap/style/Style.h>
 #include <txmap/style/Value.h>
@@ -22,10 +22,7 @@ namespace
 {
 
 constexpr double kRadians = 3.141592653589793 / 180.0;
-// The earth's circumference in metres.
-constexpr double kEquator = 40075016.685578488;
 // As parts of the map, and of the text's height.
-constexpr double kMargin = 0.015;
 constexpr double kMostOfMap = 0.22;
 constexpr double kBarHeight = 0.45;
 constexpr double kPadding = 0.6;
@@ -37,7 +34,7 @@ GroundLength RoundLength(const MapView& view, double mostPixels)
     const TXRect& frame = view.Frame();
     const TXPoint middle = view.MapProjection().ToDegrees(
         view.ToPlace({(frame.left + frame.right) / 2.0, (frame.top + frame.bottom) / 2.0}));
-    const double metres = kEquator * std::cos(middle.y * kRadians) / view.WorldSize();
+    const double metres = Projection::WebMercator().Circumference() * std::cos(middle.y * kRadians) / view.WorldSize();
     const double most = metres * mostPixels;
     if (!(most > 0.0))
         return {};
@@ -54,14 +51,11 @@ ScaleBar::ScaleBar(const MapView& view, const Style& style, LabelFonts& fonts)
     : length(RoundLength(view, kMostOfMap * view.Frame().Width()))
 {
     const TXRect& frame = view.Frame();
-    const LabelLook look{WholePixels(style.labels.size * std::max(1.0, view.Scale()) * 0.85),
-                         0.0,
-                         style.labels.place,
-                         {0.0, style.labels.place}};
+    const LabelLook look = DecorationLook(style, view);
     const double size = look.size;
     const LabelText text = MakeLabelText(length.text, fonts.Path());
     const LabelExtent extent = fonts.Measure(text, look);
-    const double margin = kMargin * std::min(frame.Width(), frame.Height());
+    const double margin = DecorationMargin(view);
     const double width = std::max(length.pixels, extent.width) + 2.0 * kPadding * size;
     const double height = extent.height + kBarHeight * size + 2.5 * kPadding * size;
     const double right = std::round(frame.right - margin);
@@ -81,12 +75,7 @@ void ScaleBar::Draw(Canvas& canvas, LabelPainter& texts, const Style& style) con
     RequireDrawn(canvas.Surface().fillRect({bar.left, middle, bar.top, bar.bottom}, style.arrow.dark));
     RequireDrawn(canvas.Surface().fillRect({middle, bar.right, bar.top, bar.bottom}, style.arrow.light));
     canvas.Use({style.arrow.dark, 1.0});
-    const TXPoint outline[] = {{bar.left, bar.top},
-                               {bar.right, bar.top},
-                               {bar.right, bar.bottom},
-                               {bar.left, bar.bottom},
-                               {bar.left, bar.top}};
-    RequireDrawn(canvas.Surface().Polyline(outline, 5));
+    DrawOutline(canvas.Surface(), bar);
     texts.Draw({label});
 }
 

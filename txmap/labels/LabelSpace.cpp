@@ -167,12 +167,7 @@ bool LabelSpace::Write(const LabelText& text, const LabelLook& look, const TXRec
 {
     if (!IsFree(box, markers))
         return false;
-    if (markers == Markers::Cover)
-        for (const std::size_t covered : CoveredBy(box))
-            LeaveOut(places[covered]);
-    all.Block(Grown(box, padding));
-    lasting.Block(Grown(box, padding));
-    labels.push_back({text, look, box});
+    Put(text, look, box, markers == Markers::Cover ? CoveredBy(box) : std::vector<std::size_t>());
     return true;
 }
 
@@ -182,20 +177,25 @@ bool LabelSpace::Write(Place& place, const LabelLook& look, const TXRect& box, M
     const auto mayBeCovered = [&](const Place& other) { return Grade(*place.name) < Grade(*other.name); };
     if (!IsFree(box, markers))
         return false;
-    if (markers == Markers::Cover)
-    {
-        const std::vector<std::size_t> covered = CoveredBy(box);
-        if (!std::all_of(covered.begin(), covered.end(),
-                         [&](std::size_t other) { return mayBeCovered(places[other]); }))
-            return false;
-    }
-    if (!Write(place.text, look, box, markers))
+    const std::vector<std::size_t> covered = markers == Markers::Cover ? CoveredBy(box) : std::vector<std::size_t>();
+    if (!std::all_of(covered.begin(), covered.end(), [&](std::size_t other) { return mayBeCovered(places[other]); }))
         return false;
+    Put(place.text, look, box, covered);
     place.waiting = false;
     named.insert({Box({place.marker.left, place.marker.top}, {place.marker.right, place.marker.bottom}),
                   static_cast<std::size_t>(&place - places.data())});
     lasting.Block(Grown(place.marker, padding));
     return true;
+}
+
+void LabelSpace::Put(const LabelText& text, const LabelLook& look, const TXRect& box,
+                     const std::vector<std::size_t>& covered)
+{
+    for (const std::size_t place : covered)
+        LeaveOut(places[place]);
+    all.Block(Grown(box, padding));
+    lasting.Block(Grown(box, padding));
+    labels.push_back({text, look, box});
 }
 
 double LabelSpace::LossAt(const TXRect& box) const

@@ -65,6 +65,9 @@ private:
     using Index = boost::geometry::index::rtree<Entry, boost::geometry::index::quadratic<16>>;
 
     std::vector<std::size_t> CoveredBy(const TZObjects::TXRect& box) const;
+    /// Writes a label that has room, and leaves out the places that it covers.
+    void Put(const LabelText& text, const LabelLook& look, const TZObjects::TXRect& box,
+             const std::vector<std::size_t>& covered);
     void AddPlaces(const MapLayer& layer, std::size_t number);
     bool IsVisible(const TZObjects::TXRect& marker) const;
 

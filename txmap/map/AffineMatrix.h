@@ -1,6 +1,10 @@
 #pragma once
 
+#include <algorithm>
+#include <initializer_list>
+
 #include <txbase/TXPoint.h>
+#include <txbase/TXRect.h>
 
 namespace txmap
 {
@@ -18,6 +22,19 @@ struct AffineMatrix
     TZObjects::TXPoint Map(const TZObjects::TXPoint& point) const
     {
         return {xx * point.x + xy * point.y + x0, yx * point.x + yy * point.y + y0};
+    }
+    /// The box around a mapped box.
+    TZObjects::TXRect MapBox(const TZObjects::TXRect& box) const
+    {
+        TZObjects::TXRect around{1e300, -1e300, 1e300, -1e300};
+        for (const double x : {box.left, box.right})
+            for (const double y : {box.top, box.bottom})
+            {
+                const TZObjects::TXPoint corner = Map({x, y});
+                around = {std::min(around.left, corner.x), std::max(around.right, corner.x),
+                          std::min(around.top, corner.y), std::max(around.bottom, corner.y)};
+            }
+        return around;
     }
     /// The matrix that undoes this one, which must not flatten the plane.
     AffineMatrix Inverted() const

@@ -12,7 +12,6 @@ using TZObjects::TXRect;
 namespace
 {
 
-constexpr double kTileSize = 512.0;
 // The shorter side of a map from which on lines and places have their full size, and how small they get below it.
 constexpr double kUsualSide = 1024.0;
 constexpr double kSmallestScale = 0.5;
@@ -37,13 +36,12 @@ struct AtlasView::Page
         const double maxLatitude = projection.MaxLatitude();
         GeoBox shown = box.value_or(GeoBox{-180.0, -maxLatitude, 180.0, maxLatitude});
         shown = shown.Shifted(-360.0 * std::ceil(((shown.west + shown.east) / 2.0 - 180.0) / 360.0));
-        const TXPoint northWest = projection.ToWorld(shown.west, shown.north);
-        const TXPoint southEast = projection.ToWorld(shown.east, shown.south);
-        const double width = southEast.x - northWest.x;
-        const double height = southEast.y - northWest.y;
+        const MercatorBox wanted = projection.ToWorld(shown);
+        const double width = wanted.right - wanted.left;
+        const double height = wanted.bottom - wanted.top;
         size = wantedSize.value_or(SizeFor(width, height));
         worldSize = std::min(size.width / width, size.height / height);
-        centre = {(northWest.x + southEast.x) / 2.0, (northWest.y + southEast.y) / 2.0};
+        centre = {(wanted.left + wanted.right) / 2.0, (wanted.top + wanted.bottom) / 2.0};
 
         const MercatorBox world = projection.World();
         const double half = size.height / worldSize / 2.0;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 
 namespace txmap
 {
@@ -14,22 +13,6 @@ namespace
 {
 
 constexpr double kPi = 3.141592653589793;
-// The logical pixels across the world at zoom 0.
-constexpr double kTileSize = 512.0;
-
-/// The box around a box after an affine mapping.
-TXRect Mapped(const AffineMatrix& matrix, const TXRect& box)
-{
-    TXRect around{1e300, -1e300, 1e300, -1e300};
-    for (const double x : {box.left, box.right})
-        for (const double y : {box.top, box.bottom})
-        {
-            const TXPoint corner = matrix.Map({x, y});
-            around = {std::min(around.left, corner.x), std::max(around.right, corner.x), std::min(around.top, corner.y),
-                      std::max(around.bottom, corner.y)};
-        }
-    return around;
-}
 
 MercatorBox ToBox(const TXRect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 TXRect ToRect(const MercatorBox& box) { return {box.left, box.right, box.top, box.bottom}; }
@@ -64,22 +47,16 @@ TXRect MapView::PictureBox(double margin) const
     return {frame.left - margin, frame.right + margin, frame.top - margin, frame.bottom + margin};
 }
 
-MercatorBox MapView::Visible(double margin) const { return ToBox(Mapped(toPlaces, PictureBox(margin))); }
+MercatorBox MapView::Visible(double margin) const { return ToBox(toPlaces.MapBox(PictureBox(margin))); }
 
-GeoBox MapView::VisibleDegrees() const
-{
-    const MercatorBox visible = Visible();
-    const TXPoint northWest = projection.ToDegrees({visible.left, visible.top});
-    const TXPoint southEast = projection.ToDegrees({visible.right, visible.bottom});
-    return {northWest.x, southEast.y, southEast.x, northWest.y};
-}
+GeoBox MapView::VisibleDegrees() const { return projection.ToDegrees(Visible()); }
 
 bool MapView::Shows(const MercatorBox& box, double margin) const
 {
     // Two rectangles are apart exactly when they are along a side of one of them.
     if (!Visible(margin).Intersects(box))
         return false;
-    return toPixels.IsUpright() || ToBox(Mapped(toPixels, ToRect(box))).Intersects(ToBox(PictureBox(margin)));
+    return toPixels.IsUpright() || ToBox(toPixels.MapBox(ToRect(box))).Intersects(ToBox(PictureBox(margin)));
 }
 
 std::vector<int> MapView::WorldsThatShow(const MercatorBox& box, double margin) const
@@ -99,14 +76,14 @@ std::optional<TXRect> MapView::PixelsOf(const MercatorBox& tile, int world) cons
 {
     if (!toPixels.IsUpright())
         return std::nullopt;
-    const TXRect box = Mapped(ToPixels(world), ToRect(tile));
+    const TXRect box = ToPixels(world).MapBox(ToRect(tile));
     return TXRect{std::round(box.left), std::round(box.right), std::round(box.top), std::round(box.bottom)};
 }
 
 MercatorBox MapView::AlignedToPixels(const MercatorBox& tile) const
 {
     const std::optional<TXRect> pixels = PixelsOf(tile);
-    return pixels ? ToBox(Mapped(toPlaces, *pixels)) : tile;
+    return pixels ? ToBox(toPlaces.MapBox(*pixels)) : tile;
 }
 
 } // namespace txmap

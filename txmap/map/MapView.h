@@ -21,8 +21,11 @@ namespace txmap
 class MapView
 {
 public:
+    /// The logical pixels across the world at zoom 0.
+    static constexpr double kTileSize = 512.0;
+
     const Projection& MapProjection() const { return projection; }
-    /// The world is 512 * 2^zoom logical pixels wide.
+    /// The world is `kTileSize` * 2^zoom logical pixels wide.
     double Zoom() const { return zoom; }
     /// Degrees clockwise from north: the direction that is up in the picture.
     double Bearing() const { return bearing; }

@@ -12,8 +12,7 @@ namespace
 {
 
 constexpr double kPi = 3.141592653589793;
-// The logical pixels across the world at zoom 0.
-constexpr double kTileSize = 512.0;
+constexpr double kTileSize = MapView::kTileSize;
 
 double Wrapped(double degrees)
 {

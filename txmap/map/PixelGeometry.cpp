@@ -1,6 +1,7 @@
 #include <txmap/map/PixelGeometry.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace txmap
 {
@@ -25,6 +26,13 @@ TXRect United(const TXRect& a, const TXRect& b)
 TXRect Common(const TXRect& a, const TXRect& b)
 {
     return {std::max(a.left, b.left), std::min(a.right, b.right), std::max(a.top, b.top), std::min(a.bottom, b.bottom)};
+}
+
+std::uint64_t SpotOf(const TXPoint& point, double size)
+{
+    const auto number = [&](double place)
+    { return static_cast<std::uint32_t>(std::lround(std::clamp(place / size, -1e9, 1e9))); };
+    return std::uint64_t{number(point.x)} << 32 | number(point.y);
 }
 
 } // namespace txmap

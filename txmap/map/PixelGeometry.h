@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include <txbase/TXPoint.h>
@@ -16,6 +17,9 @@ TZObjects::TXRect United(const TZObjects::TXRect& a, const TZObjects::TXRect& b)
 
 /// What two rectangles share; its right lies left of its left, or its bottom above its top, when they share nothing.
 TZObjects::TXRect Common(const TZObjects::TXRect& a, const TZObjects::TXRect& b);
+
+/// The number of the square in which a point lies, where squares of a size lie side by side. Points far away share one.
+std::uint64_t SpotOf(const TZObjects::TXPoint& point, double size);
 
 /// Whether a ray from the point to the right crosses the edge.
 inline bool Crosses(const TZObjects::TXPoint& point, const TZObjects::TXPoint& from, const TZObjects::TXPoint& to)

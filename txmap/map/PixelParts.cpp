@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <txmap/map/LineSimplifier.h>
+#include <txmap/map/PixelGeometry.h>
 
 namespace txmap
 {
@@ -102,9 +103,7 @@ void PixelParts::AddLinePiece(const TXPoint* points, std::size_t count, std::vec
     // A line that is shorter than anyone could see may still be a dot, by its width and its caps.
     if (pixels.size() == 1 && count > 1)
     {
-        const auto spot = [&](double place)
-        { return static_cast<std::uint32_t>(std::lround(std::clamp(place / tolerance, -1e9, 1e9))); };
-        if (joinsSpots && !spots.insert(std::uint64_t{spot(pixels[0].x)} << 32 | spot(pixels[0].y)).second)
+        if (joinsSpots && !spots.insert(SpotOf(pixels[0], tolerance)).second)
             return;
         pixels.push_back(toPixels.Map(points[count - 1]));
     }

@@ -15,14 +15,14 @@
 namespace txmap
 {
 
-/// Makes pixels of geometry in Mercator coordinates: cuts it, brings it to the picture, and drops the points that
+/// Makes pixels of geometry in world coordinates: cuts it, brings it to the picture, and drops the points that
 /// nobody could see. The time this takes grows with the number of points alone.
 ///
 /// Results are appended to `Result()`, ready to be drawn at once or feature by feature.
 class PixelParts
 {
 public:
-    /// @param toPixels Mercator coordinates to pixels, for one world.
+    /// @param toPixels world coordinates to pixels, for one world.
     /// @param picture the part of the picture, in pixels, that geometry is cut to: larger than the picture by more than
     /// half the widest line, because cut fills have edges along it.
     /// @param tile what geometry is cut to before; nothing for no cut. See `MapView::AlignedToPixels`.
@@ -57,7 +57,7 @@ private:
     bool joinsSpots = false;
     RectangleClipper pictureClipper;
     std::optional<RectangleClipper> tileClipper;
-    Parts cut;                              ///< What the tile leaves, in Mercator coordinates.
+    Parts cut;                              ///< What the tile leaves, in world coordinates.
     std::vector<TZObjects::TXPoint> pixels; ///< One part, without the points that nobody could see.
     Parts result;
 };

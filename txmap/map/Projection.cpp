@@ -34,4 +34,18 @@ TXPoint Projection::ToDegrees(const TXPoint& place) const
     return {(place.x - 0.5) * 360.0, (0.5 - place.y) * 360.0};
 }
 
+MercatorBox Projection::ToWorld(const GeoBox& box) const
+{
+    const TXPoint northWest = ToWorld(box.west, box.north);
+    const TXPoint southEast = ToWorld(box.east, box.south);
+    return {northWest.x, northWest.y, southEast.x, southEast.y};
+}
+
+GeoBox Projection::ToDegrees(const MercatorBox& box) const
+{
+    const TXPoint northWest = ToDegrees(TXPoint(box.left, box.top));
+    const TXPoint southEast = ToDegrees(TXPoint(box.right, box.bottom));
+    return {northWest.x, southEast.y, southEast.x, northWest.y};
+}
+
 } // namespace txmap

@@ -4,6 +4,7 @@
 #include <string>
 
 #include <txbase/TXPoint.h>
+#include <txmap/map/GeoBox.h>
 #include <txmap/map/Mercator.h>
 
 namespace txmap
@@ -29,8 +30,10 @@ public:
     const char* Name() const { return mercator ? "EPSG:3857" : "EPSG:4326"; }
     /// The world coordinates of a place in degrees. What lies beyond the outermost latitudes goes to the edge.
     TZObjects::TXPoint ToWorld(double longitude, double latitude) const;
+    MercatorBox ToWorld(const GeoBox& box) const;
     /// Degrees, as (longitude, latitude), of world coordinates.
     TZObjects::TXPoint ToDegrees(const TZObjects::TXPoint& place) const;
+    GeoBox ToDegrees(const MercatorBox& box) const;
     /// The northernmost latitude of a map; the southernmost is its negative. The poles, or for the Mercator projection
     /// the latitude that makes the world a square.
     double MaxLatitude() const { return mercator ? kMercatorMaxLatitude : 90.0; }
@@ -38,8 +41,6 @@ public:
     MercatorBox World() const { return mercator ? MercatorBox{0.0, 0.0, 1.0, 1.0} : MercatorBox{0.0, 0.25, 1.0, 0.75}; }
     /// How many units of its coordinate system, degrees or metres, the world is wide.
     double Circumference() const { return mercator ? 40075016.685578488 : 360.0; }
-
-    friend bool operator==(const Projection& a, const Projection& b) { return a.mercator == b.mercator; }
 
 private:
     explicit Projection(bool mercator) : mercator(mercator) {}

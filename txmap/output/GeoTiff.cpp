@@ -1,7 +1,5 @@
 #include <txmap/output/GeoTiff.h>
 
-#include <memory>
-
 #include <cpl_error.h>
 #include <cpl_string.h>
 #include <gdal_priv.h>
@@ -14,45 +12,33 @@ namespace txmap
 namespace
 {
 
-struct Closer
-{
-    void operator()(GDALDataset* dataset) const { GDALClose(dataset); }
-};
+using Dataset = GDALDatasetUniquePtr;
 
-/// Keeps what GDAL has to say for our own message.
-struct QuietGdal
-{
-    QuietGdal() { CPLPushErrorHandler(CPLQuietErrorHandler); }
-    ~QuietGdal() { CPLPopErrorHandler(); }
-};
-
-using Dataset = std::unique_ptr<GDALDataset, Closer>;
-
-[[noreturn]] void Fail(const std::string& path)
+[[noreturn]] void Fail(const std::string& name)
 {
     const std::string reason = CPLGetLastErrorMsg();
-    throw Failure(ExitCode::Drawing, path + " cannot be written" + (reason.empty() ? "" : ": " + reason));
+    throw Failure(ExitCode::Drawing,
+                  name + ": the picture cannot be written" + (reason.empty() ? "" : " (" + reason + ")"));
 }
 
 } // namespace
 
-void WriteGeoTiff(const std::string& picture, const std::string& path, const GeoReference& reference)
+void WriteGeoTiff(const std::string& picture, const std::string& path, const std::string& name,
+                  const GeoReference& reference)
 {
-    GDALAllRegister();
-    const QuietGdal quiet;
     CPLErrorReset();
     GDALDriver* const tiff = GetGDALDriverManager()->GetDriverByName("GTiff");
     GDALDriver* const link = GetGDALDriverManager()->GetDriverByName("VRT");
     OGRSpatialReference system;
     if (!tiff || !link || system.SetFromUserInput(reference.system.c_str()) != OGRERR_NONE)
-        Fail(path);
+        Fail(name);
     const Dataset pixels(GDALDataset::Open(picture.c_str(), GDAL_OF_RASTER));
     // What the copy is to say of itself that its pixels do not.
     const Dataset placed(pixels ? link->CreateCopy("", pixels.get(), FALSE, nullptr, nullptr, nullptr) : nullptr);
     double transform[] = {reference.x0, reference.xAcross, reference.xDown,
                           reference.y0, reference.yAcross, reference.yDown};
     if (!placed || placed->SetGeoTransform(transform) != CE_None || placed->SetSpatialRef(&system) != CE_None)
-        Fail(path);
+        Fail(name);
     CPLStringList options;
     for (const char* const option : {"COMPRESS=DEFLATE", "PREDICTOR=2", "TILED=YES", "BIGTIFF=IF_SAFER"})
         options.AddString(option);
@@ -63,7 +49,7 @@ void WriteGeoTiff(const std::string& picture, const std::string& path, const Geo
     const bool isWritten = copy != nullptr && CPLGetLastErrorType() < CE_Failure;
     copy.reset();
     if (!isWritten || CPLGetLastErrorType() >= CE_Failure)
-        Fail(path);
+        Fail(name);
 }
 
 } // namespace txmap

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -54,8 +55,10 @@ void RemoveOnSignal(const std::string& path)
         return;
     const auto place = static_cast<std::size_t>(free - std::begin(isDoomed));
     std::copy(path.c_str(), path.c_str() + path.size() + 1, doomedPaths[place]);
+    // The handler must not see the mark before the path.
+    std::atomic_signal_fence(std::memory_order_release);
     isDoomed[place] = 1;
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP, SIGQUIT, SIGPIPE, SIGXCPU, SIGXFSZ})
     {
         // What is ignored, as by nohup, stays so.
         struct sigaction present = {};
@@ -73,7 +76,7 @@ void KeepOnSignal(const std::string& path)
 
 } // namespace
 
-OutputFile::OutputFile(const std::string& path) : name(path), target(path)
+OutputFile::OutputFile(const std::string& path, const std::string& option) : name(option + " " + path), target(path)
 {
     std::error_code status;
     if (const fs::path real = fs::canonical(path, status); !status)
@@ -85,7 +88,7 @@ OutputFile::OutputFile(const std::string& path) : name(path), target(path)
     if (fs::exists(present) && !fs::is_regular_file(present))
         Fail("is no ordinary file");
     if (!fs::path(target).has_extension())
-        Fail("has no suffix that names the format, such as .png");
+        Fail("has no suffix that names the format");
     const fs::path folder = fs::path(target).parent_path();
     const fs::path writable = folder.empty() ? fs::path(".") : folder;
     if (!fs::exists(writable, status))
@@ -104,17 +107,14 @@ OutputFile::~OutputFile()
     KeepOnSignal(temporary);
 }
 
-void OutputFile::Fail(const std::string& reason) const
-{
-    throw Failure(ExitCode::Drawing, "--output " + name + ": " + reason);
-}
+void OutputFile::Fail(const std::string& reason) const { throw Failure(ExitCode::Drawing, name + ": " + reason); }
 
-const std::string& OutputFile::Begin()
+const std::string& OutputFile::Begin(const std::string& suffix)
 {
     const fs::path path(target);
-    const std::string suffix = path.extension().string();
-    std::string pattern = (path.parent_path() / (".txmap-XXXXXX" + suffix)).string();
-    const int descriptor = mkstemps(pattern.data(), static_cast<int>(suffix.size()));
+    const std::string ending = suffix.empty() ? path.extension().string() : suffix;
+    std::string pattern = (path.parent_path() / (".txmap-XXXXXX" + ending)).string();
+    const int descriptor = mkstemps(pattern.data(), static_cast<int>(ending.size()));
     if (descriptor < 0)
         Fail("cannot be written: " + SystemReason());
     close(descriptor);

@@ -12,16 +12,20 @@ class OutputFile
 {
 public:
     /// @param path where the file is to be, below a folder that exists. A symbolic link is followed.
+    /// @param option what asks for the file, for messages.
     /// @throw Failure with `ExitCode::Drawing` when no file can be there.
-    explicit OutputFile(const std::string& path);
+    explicit OutputFile(const std::string& path, const std::string& option = "--output");
     /// Removes what was not committed.
     ~OutputFile();
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    /// Makes the empty temporary file and returns its path, which has the suffix of the final one.
+    /// What messages call the file: the option, and the path as it was given.
+    const std::string& Name() const { return name; }
+    /// Makes the empty temporary file and returns its path.
+    /// @param suffix what the path ends with, such as ".png"; empty for the suffix of the final one.
     /// @throw Failure with `ExitCode::Drawing` when that fails.
-    const std::string& Begin();
+    const std::string& Begin(const std::string& suffix = {});
     /// The path of the temporary file, as long as there is one.
     const std::string& Path() const { return temporary; }
     /// Why nothing more can be written to the temporary file, in brackets, to be put behind a message: that the disk is
@@ -33,7 +37,7 @@ public:
 private:
     [[noreturn]] void Fail(const std::string& reason) const;
 
-    std::string name;      ///< The path as it was given.
+    std::string name;      ///< What messages call it.
     std::string target;    ///< The path with links followed.
     std::string temporary; ///< The temporary file, as long as there is one.
 };

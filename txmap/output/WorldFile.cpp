@@ -5,8 +5,6 @@
 #include <iomanip>
 #include <limits>
 
-#include <txmap/support/Failure.h>
-
 namespace txmap
 {
 
@@ -17,7 +15,7 @@ std::string WorldFileName(const std::string& picture)
     return path.replace_extension(std::string({'.', suffix[1], suffix.back(), 'w'})).string();
 }
 
-void WriteWorldFile(const std::string& path, const GeoReference& reference)
+bool WriteWorldFile(const std::string& path, const GeoReference& reference)
 {
     std::ofstream file(path);
     file.imbue(std::locale::classic());
@@ -27,8 +25,7 @@ void WriteWorldFile(const std::string& path, const GeoReference& reference)
                                 reference.y0 + (reference.yAcross + reference.yDown) / 2.0})
         file << number << '\n';
     file.close();
-    if (!file)
-        throw Failure(ExitCode::Drawing, "--world-file: " + path + " cannot be written");
+    return static_cast<bool>(file);
 }
 
 } // namespace txmap

@@ -11,7 +11,7 @@ namespace txmap
 std::string WorldFileName(const std::string& picture);
 
 /// Writes a world file: six numbers, a line each, for the middle of the top left pixel and the steps from pixel to
-/// pixel. @throw Failure with `ExitCode::Drawing` when that fails.
-void WriteWorldFile(const std::string& path, const GeoReference& reference);
+/// pixel. @return whether that was possible.
+bool WriteWorldFile(const std::string& path, const GeoReference& reference);
 
 } // namespace txmap

@@ -42,24 +42,25 @@ void SavePicture(TZObjects::TXGraphics& picture, const MapView& view, OutputFile
     std::optional<OutputFile> world;
     if (worldFile)
     {
-        world.emplace(WorldFileName(name));
-        WriteWorldFile(world->Begin(), reference);
+        world.emplace(WorldFileName(name), "--world-file");
+        if (!WriteWorldFile(world->Begin(), reference))
+            throw Failure(ExitCode::Drawing, world->Name() + ": cannot be written" + world->WriteProblem());
     }
-    const auto save = [&](OutputFile& file)
+    const auto save = [&](OutputFile& file, const std::string& suffix)
     {
-        if (!picture.Save(file.Begin().c_str()))
-            throw Failure(ExitCode::Drawing,
-                          "--output " + name + ": the picture cannot be written" + file.WriteProblem());
+        if (!picture.Save(file.Begin(suffix).c_str()))
+            throw Failure(ExitCode::Drawing, file.Name() + ": the picture cannot be written" + file.WriteProblem());
     };
     const std::string suffix = FileSuffix(name);
     if (suffix == ".tif" || suffix == ".tiff")
     {
-        OutputFile pixels(name + ".png");
-        save(pixels);
-        WriteGeoTiff(pixels.Path(), output.Begin(), reference);
+        // Never gets a name of its own.
+        OutputFile pixels(name);
+        save(pixels, ".png");
+        WriteGeoTiff(pixels.Path(), output.Begin(), output.Name(), reference);
     }
     else
-        save(output);
+        save(output, {});
     // All writing is done: what is left are two renames.
     if (world)
         world->Commit();

@@ -22,13 +22,6 @@ std::string BoxText(const GeoBox& box)
 
 } // namespace
 
-GeoBox ToDegrees(const Projection& projection, const MercatorBox& box)
-{
-    const TZObjects::TXPoint northWest = projection.ToDegrees({box.left, box.top});
-    const TZObjects::TXPoint southEast = projection.ToDegrees({box.right, box.bottom});
-    return {northWest.x, southEast.y, southEast.x, northWest.y};
-}
-
 void Include(std::optional<GeoBox>& all, const GeoBox& box)
 {
     all = all ? GeoBox{std::min(all->west, box.west), std::min(all->south, box.south), std::max(all->east, box.east),
@@ -41,8 +34,11 @@ GeoBox WithRoom(const GeoBox& box, double maxLatitude)
     const auto room = [](double size) { return std::max(size * kRoomAround, (kSmallestView - size) / 2.0); };
     const double across = room(box.east - box.west);
     const double along = room(box.north - box.south);
-    return {box.west - across, std::max(box.south - along, -maxLatitude), box.east + across,
-            std::min(box.north + along, maxLatitude)};
+    // Of data beyond the map, the edge of the map is shown.
+    const double south = std::clamp(box.south, -maxLatitude, maxLatitude);
+    const double north = std::clamp(box.north, -maxLatitude, maxLatitude);
+    return {box.west - across, std::max(south - along, -maxLatitude), box.east + across,
+            std::min(north + along, maxLatitude)};
 }
 
 std::string EmptyMapText(const GeoBox& shown, const std::vector<DataPart>& parts)

@@ -5,13 +5,10 @@
 #include <vector>
 
 #include <txmap/map/GeoBox.h>
-#include <txmap/map/Projection.h>
 
 namespace txmap
 {
 
-/// A box of world coordinates in degrees.
-GeoBox ToDegrees(const Projection& projection, const MercatorBox& box);
 /// Enlarges a box so that it contains another one.
 void Include(std::optional<GeoBox>& all, const GeoBox& box);
 /// A box with a little room around, and not too small for a map. It stays within the latitudes of the map.

@@ -36,15 +36,8 @@ std::string Cased(std::string text, int (*convert)(int))
 
 std::string TextOf(const Value* value)
 {
-    if (!value)
-        return {};
-    if (value->Is(Kind::String))
-        return value->String();
-    if (value->Is(Kind::Number))
-        return NumberText(value->Number());
-    if (value->Is(Kind::Boolean))
-        return value->Boolean() ? "true" : "false";
-    return {};
+    const bool isText = value && (value->Is(Kind::String) || value->Is(Kind::Number) || value->Is(Kind::Boolean));
+    return isText ? value->ToString() : "";
 }
 
 double RankOfPopulation(double population)

@@ -11,9 +11,6 @@ using TZObjects::TXPoint;
 namespace
 {
 
-// A world further on each side, for data that crosses the date line or counts from 0 to 360.
-constexpr double kFarthestLongitude = 540.0;
-
 constexpr MercatorBox kNothing{1e300, 1e300, -1e300, -1e300};
 
 void Include(MercatorBox& all, const MercatorBox& box)

@@ -11,6 +11,9 @@
 namespace txmap
 {
 
+/// A world further on each side, for data that crosses the date line or counts from 0 to 360.
+constexpr double kFarthestLongitude = 540.0;
+
 /// The part of the repeating worlds that a picture shows. What lies outside is not kept.
 class VisibleWorlds
 {

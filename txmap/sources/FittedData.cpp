@@ -48,9 +48,9 @@ std::optional<GeoBox> FittedData::ExtentOf(const StyleSource& source, const MapS
         features->Load(MercatorView(Camera(), kWorldSize), RequestFor(source, style, std::nullopt, 1.0), diagnostics);
     const std::optional<MercatorBox> extent = features->Extent();
     // Tiles and groups of points depend on the zoom.
-    if (source.type == "geojson" && !source.json.contains("cluster"))
+    if (source.type == "geojson" && source.json.value("cluster", Json()) != true)
         loaded.features.emplace(source.name, std::move(features));
-    return extent ? std::optional(ToDegrees(Projection::WebMercator(), *extent)) : std::nullopt;
+    return extent ? std::optional(Projection::WebMercator().ToDegrees(*extent)) : std::nullopt;
 }
 
 LoadedSources FittedData::Take(const MapStyle& style, const MapView& view)

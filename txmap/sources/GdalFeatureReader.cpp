@@ -1,7 +1,6 @@
 #include <txmap/sources/GdalFeatureReader.h>
 
 #include <cpl_error.h>
-#include <ogr_spatialref.h>
 #include <ogrsf_frmts.h>
 
 #include <nlohmann/json.hpp>
@@ -14,6 +13,7 @@
 
 #include <txmap/sources/FeatureSetBuilder.h>
 #include <txmap/sources/Gdal.h>
+#include <txmap/sources/GdalDegrees.h>
 #include <txmap/sources/GeoJsonGeometry.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/sources/VectorSource.h>
@@ -23,25 +23,6 @@ namespace txmap
 {
 namespace
 {
-
-using TZObjects::TXPoint;
-
-struct TransformationDeleter
-{
-    void operator()(OGRCoordinateTransformation* transformation) const
-    {
-        OCTDestroyCoordinateTransformation(transformation);
-    }
-};
-using Transformation = std::unique_ptr<OGRCoordinateTransformation, TransformationDeleter>;
-
-OGRSpatialReference Degrees()
-{
-    OGRSpatialReference system;
-    system.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-    system.SetWellKnownGeogCS("WGS84");
-    return system;
-}
 
 /// An attribute, as JSON would have it. Lists of numbers come as texts.
 Value ValueOf(const OGRFeature& feature, int field, const OGRFieldDefn& definition)
@@ -127,18 +108,16 @@ public:
 
     bool HasFarPositions() const { return hasFarPositions; }
 
-    /// The box around all features, in degrees as Mercator coordinates.
+    /// The box around all features, in world coordinates.
     std::optional<MercatorBox> Extent()
     {
         OGREnvelope box;
         if (layer.GetExtent(&box, FALSE) != OGRERR_NONE)
             return std::nullopt;
         if (toDegrees && !toDegrees->TransformBounds(box.MinX, box.MinY, box.MaxX, box.MaxY, &box.MinX, &box.MinY,
-                                                     &box.MaxX, &box.MaxY, 21))
+                                                     &box.MaxX, &box.MaxY, kBoundsSamples))
             return std::nullopt;
-        const TXPoint northWest = set.projection.ToWorld(box.MinX, box.MaxY);
-        const TXPoint southEast = set.projection.ToWorld(box.MaxX, box.MinY);
-        return MercatorBox{northWest.x, northWest.y, southEast.x, southEast.y};
+        return set.projection.ToWorld(GeoBox{box.MinX, box.MinY, box.MaxX, box.MaxY});
     }
 
 private:
@@ -168,15 +147,14 @@ private:
     {
         if (visible.right - visible.left >= 1.0 || visible.left < 0.0 || visible.right > 1.0)
             return;
-        const TXPoint northWest = set.projection.ToDegrees({visible.left, visible.top});
-        const TXPoint southEast = set.projection.ToDegrees({visible.right, visible.bottom});
-        double box[4] = {northWest.x, southEast.y, southEast.x, northWest.y};
+        const GeoBox degrees = set.projection.ToDegrees(visible);
+        double box[4] = {degrees.west, degrees.south, degrees.east, degrees.north};
         if (box[1] < -85.0)
             box[1] = -90.0;
         if (box[3] > 85.0)
             box[3] = 90.0;
         if (toDegrees && (!toSystem || !toSystem->TransformBounds(box[0], box[1], box[2], box[3], &box[0], &box[1],
-                                                                  &box[2], &box[3], 21)))
+                                                                  &box[2], &box[3], kBoundsSamples)))
             return;
         // Data that counts from 0 to 360 has the western half of the world elsewhere.
         OGREnvelope all;

@@ -13,9 +13,6 @@ using TZObjects::TXPoint;
 namespace
 {
 
-// A world further on each side, for data that crosses the date line or counts from 0 to 360.
-constexpr double kFarthestLongitude = 540.0;
-
 struct TypeOfGeometry
 {
     const char* name;

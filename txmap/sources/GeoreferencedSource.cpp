@@ -44,10 +44,7 @@ void GeoreferencedSource::Load(const MapView& view, SourceDiagnostics& /*diagnos
     images.clear();
     const WarpWindow window = WindowFor(view);
     const Projection& projection = view.MapProjection();
-    const TZObjects::TXPoint northWest = projection.ToDegrees({window.box.left, window.box.top});
-    const TZObjects::TXPoint southEast = projection.ToDegrees({window.box.right, window.box.bottom});
-    const AtlasView flat(projection, GeoBox{northWest.x, southEast.y, southEast.x, northWest.y},
-                         PixelSize{window.width, window.height});
+    const AtlasView flat(projection, projection.ToDegrees(window.box), PixelSize{window.width, window.height});
     auto raster = std::make_shared<Raster>(ReadRaster(file, flat, name));
     // The view shows the box, and a little more where the proportions differ by a part of a pixel.
     const TZObjects::TXPoint start = flat.ToPlace({0.0, 0.0});

@@ -60,7 +60,7 @@ DataPart MapData::PartOf(const std::string& name, const Projection& projection) 
     {
         part.isSeen = found->second->HasFeatures();
         if (const std::optional<MercatorBox> extent = found->second->Extent())
-            part.extent = ToDegrees(projection, *extent);
+            part.extent = projection.ToDegrees(*extent);
     }
     else if (const auto pictures = images.find(name); pictures != images.end())
     {

@@ -7,8 +7,6 @@
 #include <stdexcept>
 
 #include <txmap/map/MapView.h>
-#include <txmap/sources/DataExtent.h>
-#include <txmap/sources/GeoJsonGeometry.h>
 #include <txmap/sources/ImageDecoder.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/sources/SourcePath.h>
@@ -52,7 +50,7 @@ MercatorBox QuadImageSource::Bounds() const
     return box;
 }
 
-std::optional<GeoBox> QuadImageSource::Extent() const { return ToDegrees(Projection::WebMercator(), Bounds()); }
+std::optional<GeoBox> QuadImageSource::Extent() const { return Projection::WebMercator().ToDegrees(Bounds()); }
 
 void QuadImageSource::Load(const MapView& view, SourceDiagnostics& diagnostics)
 {

@@ -1,28 +1,20 @@
 #include <txmap/sources/RasterExtent.h>
 
 #include <gdal_priv.h>
-#include <ogr_spatialref.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <memory>
+
+#include <txmap/sources/GdalDegrees.h>
 
 namespace txmap
 {
 namespace
 {
 
-// Points along each side of a raster that is brought into degrees.
-constexpr int kSamples = 21;
-
-struct TransformationDeleter
-{
-    void operator()(OGRCoordinateTransformation* transformation) const
-    {
-        OCTDestroyCoordinateTransformation(transformation);
-    }
-};
+// A pixel of a raster may reach a little over a pole.
+constexpr double kFarthestLatitude = 91.0;
 
 } // namespace
 
@@ -42,17 +34,15 @@ std::optional<GeoBox> RasterExtent(const std::string& file)
         }
     if (const OGRSpatialReference* const system = dataset->GetSpatialRef())
     {
-        OGRSpatialReference degrees;
-        degrees.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-        degrees.SetWellKnownGeogCS("WGS84");
-        const std::unique_ptr<OGRCoordinateTransformation, TransformationDeleter> toDegrees(
-            OGRCreateCoordinateTransformation(system, &degrees));
+        const OGRSpatialReference degrees = Degrees();
+        const Transformation toDegrees(OGRCreateCoordinateTransformation(system, &degrees));
         if (!toDegrees || !toDegrees->TransformBounds(box.west, box.south, box.east, box.north, &box.west, &box.south,
-                                                      &box.east, &box.north, kSamples))
+                                                      &box.east, &box.north, kBoundsSamples))
             return std::nullopt;
     }
-    const bool isKnown = std::isfinite(box.west) && std::isfinite(box.south) && std::isfinite(box.east) &&
-                         std::isfinite(box.north) && box.west < box.east && box.south < box.north;
+    // Without a coordinate system, these may be anything.
+    const bool isKnown = std::isfinite(box.west) && std::isfinite(box.east) && box.west < box.east &&
+                         box.south < box.north && box.south >= -kFarthestLatitude && box.north <= kFarthestLatitude;
     return isKnown ? std::optional(box) : std::nullopt;
 }
 

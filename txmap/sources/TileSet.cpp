@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
-#include <txmap/sources/DataExtent.h>
+#include <txmap/map/Projection.h>
 #include <txmap/sources/Gzip.h>
 #include <txmap/sources/MbTiles.h>
 #include <txmap/sources/SourceDiagnostics.h>
@@ -141,7 +141,7 @@ void TileSet::ReadMembers(bool pictures)
     }
 }
 
-GeoBox TileSet::Extent() const { return ToDegrees(Projection::WebMercator(), pyramid.bounds); }
+GeoBox TileSet::Extent() const { return Projection::WebMercator().ToDegrees(pyramid.bounds); }
 
 std::string TileSet::Text(const char* member) const
 {

@@ -68,7 +68,7 @@ struct Style
     ArrowStyle arrow;
     TZObjects::TXColor panel; ///< Below legends.
 
-    /// The colour of a category from `CategoryOf`.
+    /// The colour of a category, from 1; of none for every other number.
     const TZObjects::TXColor& Fill(int category) const
     {
         return category < 1 || category > Categories() ? noCategory

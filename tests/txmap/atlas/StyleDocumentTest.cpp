@@ -8,6 +8,7 @@
 #include <tests/txmap/support/RefusalOf.h>
 #include <tests/txmap/support/TemporaryFolder.h>
 #include <txmap/atlas/AtlasSources.h>
+#include <txmap/atlas/SourceColors.h>
 #include <txmap/atlas/StyleDocument.h>
 #include <txmap/sources/Gdal.h>
 #include <txmap/sources/SourceDiagnostics.h>
@@ -34,7 +35,8 @@ protected:
     {
         SourceDiagnostics diagnostics(true);
         const AtlasSources sources(options, diagnostics);
-        const Json document = MakeStyleDocument(options, AtlasStyle(), sources);
+        const Json document =
+            MakeStyleDocument(options, AtlasStyle(), sources, ColorSources(options, AtlasStyle(), sources));
         return standalone ? StandaloneDocument(document, AtlasStyle(), sources) : document;
     }
     std::string Add(const std::string& name, const std::string& content, LayerRole role = LayerRole::Any)

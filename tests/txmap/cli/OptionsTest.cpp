@@ -1,9 +1,11 @@
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <tests/txmap/support/RefusalOf.h>
+#include <tests/txmap/support/TemporaryFolder.h>
 #include <txmap/cli/Options.h>
 #include <txmap/support/Failure.h>
 
@@ -136,6 +138,19 @@ TEST(Options, ReadWhatAnAtlasMayHave)
         EXPECT_THAT(Refusal({"in", "--scale", scale}), HasSubstr("--scale")) << scale;
     EXPECT_THAT(Refusal({"in", "--raster-blend", "multiply"}), HasSubstr("--raster-blend"));
     EXPECT_THAT(Refusal({"--raster", "r.tif", "--raster-blend", "screen"}), HasSubstr("--raster-blend"));
+}
+
+TEST(Options, KeepStyleAndPictureApart)
+{
+    EXPECT_THAT(Refusal({"in", "-o", "same.png", "--write-style", "same.png"}), HasSubstr("--write-style same.png"));
+    EXPECT_THAT(Refusal({"in", "-o", "same.png", "--write-style", "./none/../same.png"}), HasSubstr("--write-style"));
+    EXPECT_THAT(Refusal({"in", "--write-style", "map.png"}), HasSubstr("--write-style map.png"));
+    const TemporaryFolder folder;
+    const std::string picture = folder.Write("a.png", "older");
+    const std::string link = folder / "b.png";
+    std::filesystem::create_symlink(picture, link);
+    EXPECT_THAT(Refusal({"in", "-o", picture.c_str(), "--write-style", link.c_str()}), HasSubstr("--write-style"));
+    EXPECT_EQ(Parse({"in", "-o", picture.c_str(), "--write-style", "s.json"}).styleOutput, "s.json");
 }
 
 TEST(Options, ReadARampOfColours)

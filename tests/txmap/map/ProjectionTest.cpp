@@ -6,8 +6,8 @@ using TZObjects::TXPoint;
 
 TEST(Projection, IsFoundByItsNameInAnyCase)
 {
-    EXPECT_TRUE(Projection::FromName("EPSG:4326") == Projection::PlateCarree());
-    EXPECT_TRUE(Projection::FromName("epsg:3857") == Projection::WebMercator());
+    EXPECT_STREQ(Projection::FromName("EPSG:4326")->Name(), Projection::PlateCarree().Name());
+    EXPECT_STREQ(Projection::FromName("epsg:3857")->Name(), Projection::WebMercator().Name());
     EXPECT_FALSE(Projection::FromName("EPSG:32632"));
     EXPECT_FALSE(Projection::FromName("4326"));
     EXPECT_FALSE(Projection::FromName(""));
@@ -71,4 +71,22 @@ TEST(Projection, GoesBackToWhereItCameFrom)
             EXPECT_NEAR(back.x, place.x, 1e-9);
             EXPECT_NEAR(back.y, place.y, 1e-9);
         }
+}
+
+TEST(Projection, TakesBoxesByTheirCorners)
+{
+    for (const Projection& projection : {Projection::PlateCarree(), Projection::WebMercator()})
+    {
+        const GeoBox degrees{170.0, -20.0, 200.0, 60.0};
+        const MercatorBox box = projection.ToWorld(degrees);
+        EXPECT_EQ(box.left, projection.ToWorld(170.0, 60.0).x);
+        EXPECT_EQ(box.top, projection.ToWorld(170.0, 60.0).y);
+        EXPECT_EQ(box.right, projection.ToWorld(200.0, -20.0).x);
+        EXPECT_EQ(box.bottom, projection.ToWorld(200.0, -20.0).y);
+        const GeoBox back = projection.ToDegrees(box);
+        EXPECT_NEAR(back.west, degrees.west, 1e-9);
+        EXPECT_NEAR(back.south, degrees.south, 1e-9);
+        EXPECT_NEAR(back.east, degrees.east, 1e-9);
+        EXPECT_NEAR(back.north, degrees.north, 1e-9);
+    }
 }

@@ -9,6 +9,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <tests/txmap/support/RefusalOf.h>
 #include <tests/txmap/support/TemporaryFolder.h>
 #include <txmap/output/OutputFile.h>
 #include <txmap/support/Failure.h>
@@ -124,6 +125,25 @@ TEST(OutputFile, RefusesWhatCannotBeAFile)
         EXPECT_THROW(OutputFile output(path), Failure) << path;
 }
 
+TEST(OutputFile, NamesTheOptionThatAsksForIt)
+{
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "folder.json");
+    const std::string path = folder / "folder.json";
+    EXPECT_EQ(RefusalOf(ExitCode::Drawing, [&] { OutputFile(path, "--write-style"); }),
+              "--write-style " + path + ": is a directory");
+    EXPECT_EQ(RefusalOf(ExitCode::Drawing, [&] { OutputFile output(path); }), "--output " + path + ": is a directory");
+    EXPECT_EQ(OutputFile("map.pgw", "--world-file").Name(), "--world-file map.pgw");
+}
+
+TEST(OutputFile, MayBeginWithAnotherSuffix)
+{
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "map.tif.png");
+    OutputFile output(folder / "map.tif");
+    EXPECT_THAT(output.Begin(".png"), EndsWith(".png"));
+}
+
 TEST(OutputFile, RefusesADevice)
 {
     const TemporaryFolder folder;
@@ -150,7 +170,7 @@ TEST(OutputFile, SaysWhyNothingMoreCanBeWritten)
 
 TEST(OutputFile, IsRemovedWhenASignalEndsTheProcess)
 {
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP, SIGQUIT, SIGPIPE, SIGXCPU, SIGXFSZ})
     {
         const TemporaryFolder folder;
         const pid_t child = fork();

@@ -130,11 +130,19 @@ TEST_F(GeoPicture, WorldFileSaysWhatTheGeoTiffSays)
     EXPECT_THAT(folder.Names(), ::testing::Contains("map.tfw"));
 }
 
+TEST_F(GeoPicture, GeoTiffNeedsNoOtherName)
+{
+    std::filesystem::create_directory(folder.Path() / "map.tif.png");
+    const ProgramRun run = Draw("map.tif", {"--size", "20x20"});
+    EXPECT_EQ(run.exitCode, 0) << run.errors;
+    EXPECT_EQ(folder.Names(), (std::set<std::string>{"map.tif", "map.tif.png", "style.json"}));
+}
+
 TEST_F(GeoPicture, NeitherFileIsThereWhenOneCannotBeWritten)
 {
     std::filesystem::create_directory(folder.Path() / "map.pgw");
     const ProgramRun run = Draw("map.png", {"--size", "20x20", "--world-file"});
     EXPECT_EQ(run.exitCode, 1);
-    EXPECT_THAT(run.errors, HasSubstr("map.pgw"));
+    EXPECT_EQ(run.errors, "txmap: --world-file " + folder / "map.pgw" + ": is a directory\n");
     EXPECT_EQ(folder.Names(), (std::set<std::string>{"map.pgw", "style.json"}));
 }

@@ -165,6 +165,32 @@ TEST(Validate, PrintsEveryProblem)
     EXPECT_THAT(run.errors, HasSubstr("2 problems"));
 }
 
+TEST(Validate, ChecksWhatStandsInTheMetadata)
+{
+    const TemporaryFolder folder;
+    const auto validate = [&](const std::string& type, const std::string& metadata)
+    {
+        const std::string source = type == "background" ? "" : R"(, "source": "s")";
+        return RunTxmap({"validate",
+                         folder.Write("style.json", WithLayers(R"({"id": "a", "type": ")" + type + "\"" + source +
+                                                               R"(, "metadata": {"txmap:)" + metadata + "}}"))})
+            .output;
+    };
+    EXPECT_EQ(validate("background", R"(polar-color": "#123")"), "");
+    EXPECT_EQ(validate("background", R"(polar-color": "reddish")"),
+              "/layers/0/metadata/txmap:polar-color: \"reddish\" is no color\n");
+    EXPECT_THAT(validate("fill", R"(polar-color": "#123")"), HasSubstr("txmap:polar-color: only layers of type"));
+    EXPECT_EQ(validate("line", R"(tolerance": 0.5)"), "");
+    EXPECT_EQ(validate("line", R"(tolerance": "1")"),
+              "/layers/0/metadata/txmap:tolerance: number expected, but string found\n");
+    EXPECT_EQ(validate("line", R"(tolerance": -1)"),
+              "/layers/0/metadata/txmap:tolerance: -1 is less than the minimum 0\n");
+    EXPECT_THAT(validate("fill", R"(tolerance": 1)"), HasSubstr("txmap:tolerance: only layers of type"));
+    EXPECT_EQ(validate("fill", R"(hatch": "cross")"), "");
+    EXPECT_THAT(validate("fill", R"(hatch": "dots")"), HasSubstr("txmap:hatch: expected one of horizontal"));
+    EXPECT_THAT(validate("line", R"(hatch": "cross")"), HasSubstr("txmap:hatch: only layers of type fill"));
+}
+
 TEST(Validate, IsSilentAboutGoodStyles)
 {
     const TemporaryFolder folder;

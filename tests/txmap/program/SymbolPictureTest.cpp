@@ -151,6 +151,41 @@ TEST(Symbol, IsACircleUnlessAnotherOneIsAskedFor)
         EXPECT_NE(DrawSymbols({"--symbol", other}).Pixels(), DrawSymbols({}).Pixels()) << other;
 }
 
+TEST(Symbol, StandsInTheLegendAsOnTheMap)
+{
+    const auto symbolIn = [](const std::vector<std::string>& options)
+    {
+        const Picture picture = DrawSymbols(options);
+        // The legend begins in the bottom left corner, with the symbol before the text.
+        std::vector<Pixel> pixels;
+        for (int y = 470; y < 500; ++y)
+            for (int x = 0; x < 40; ++x)
+                pixels.push_back(picture.At(x, y));
+        return pixels;
+    };
+    const std::vector<Pixel> circle = symbolIn({"--legend", "--symbol-size", "12"});
+    EXPECT_GT(std::count_if(circle.begin(), circle.end(), IsInk), 10);
+    for (const char* const other : {"square", "triangle", "star", "cross", "diamond", "font:DejaVu Sans:★"})
+    {
+        const std::vector<Pixel> symbol = symbolIn({"--legend", "--symbol", other, "--symbol-size", "12"});
+        EXPECT_NE(symbol, circle) << other;
+        EXPECT_GT(std::count_if(symbol.begin(), symbol.end(), IsInk), 10) << other;
+    }
+}
+
+TEST(Symbol, KeepsToItsLineOfTheLegend)
+{
+    // As if a place lay there, it would cover the corner.
+    for (const char* const symbol : {"square", "font:DejaVu Sans:★"})
+    {
+        const Picture picture = DrawSymbols({"--legend", "--symbol", symbol, "--symbol-size", "90"});
+        const Picture bare = DrawSymbols({"--symbol", symbol, "--symbol-size", "90"});
+        const Difference legend = Compare(picture, bare);
+        EXPECT_LT(legend.height, 40) << symbol;
+        EXPECT_GT(legend.top, 450) << symbol;
+    }
+}
+
 TEST(FontSymbol, HasItsInkAtItsPlaceInBothTextPaths)
 {
     for (const char* const path : {"qt", "cairo"})

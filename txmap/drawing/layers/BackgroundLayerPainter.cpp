@@ -1,9 +1,5 @@
 #include <txmap/drawing/layers/BackgroundLayerPainter.h>
 
-#include <nlohmann/json.hpp>
-
-#include <optional>
-
 #include <txgraphics/TXGraphics.h>
 #include <txgraphics/TXGraphicsEngine.h>
 #include <txgraphics/TXLinearGradient.h>
@@ -58,13 +54,12 @@ void DrawBackgroundLayer(const LayerScene& scene)
     }
     Color color = LayerProperty<Color>(layer, "background-color", scene.Zoom(), context).Constant();
     color.alpha *= opacity;
-    const auto polar = layer.metadata.find("txmap:polar-color");
-    if (polar != layer.metadata.end() && polar->is_string())
-        if (std::optional<Color> atPoles = Color::Parse(polar->get<std::string>()))
-        {
-            atPoles->alpha *= opacity;
-            return FillBetweenPoles(scene.canvas, color, *atPoles);
-        }
+    if (layer.polarColor)
+    {
+        Color atPoles = *layer.polarColor;
+        atPoles.alpha *= opacity;
+        return FillBetweenPoles(scene.canvas, color, atPoles);
+    }
     RequireDrawn(surface.fillRect(scene.canvas.View().PictureBox(), ToTXColor(color)));
 }
 

@@ -28,16 +28,18 @@ struct FillLook
     std::string pattern;
 };
 
-/// The hatch of a name; nothing for none.
-std::optional<TXBrush::BrushStyle> HatchOf(const std::string& name)
+TXBrush::BrushStyle BrushOf(Hatch hatch)
 {
-    if (name == "horizontal")
+    switch (hatch)
+    {
+    case Hatch::Horizontal:
         return TXBrush::HorizontalHatch;
-    if (name == "vertical")
+    case Hatch::Vertical:
         return TXBrush::VerticalHatch;
-    if (name == "cross")
-        return TXBrush::CrossHatch;
-    return std::nullopt;
+    case Hatch::Cross:
+        break;
+    }
+    return TXBrush::CrossHatch;
 }
 
 class FillLayerPainter
@@ -124,13 +126,13 @@ private:
             filled.alpha *= look.opacity;
             if (filled.alpha <= 0.0)
                 return;
-            if (const auto hatch = HatchOf(scene.layer.hatch))
-                canvas.UseHatch(filled, *hatch);
+            if (scene.layer.hatch)
+                canvas.UseHatch(filled, BrushOf(*scene.layer.hatch));
             else
                 canvas.UseBrush(filled);
             // The outline has the colour of the fill unless the style says otherwise, and closes the gaps that would
             // be seen between neighbours. Where it is translucent it would be seen twice.
-            if (antialias.Constant() && scene.layer.hatch.empty() && !look.outline && filled.alpha >= 1.0)
+            if (antialias.Constant() && !scene.layer.hatch && !look.outline && filled.alpha >= 1.0)
                 canvas.UsePen({filled, 1.0, TZObjects::TXPen::FlatCap, TZObjects::TXPen::BevelJoin, {}});
         }
         RequireDrawn(canvas.Surface().PolyPolygon(parts.points.data(), parts.counts.data(),

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 
 #include <txbase/TXPoint.h>
@@ -20,15 +19,7 @@ void DrawHeightPixels(const LayerScene& scene, const ElevationGrid& grid, double
     for (const int world : grid.worlds)
     {
         const AffineMatrix matrix = scene.canvas.View().ToPixels(world);
-        TZObjects::TXRect around(1e300, -1e300, 1e300, -1e300);
-        for (const double x : {box.left, box.right})
-            for (const double y : {box.top, box.bottom})
-            {
-                const TZObjects::TXPoint corner = matrix.Map({x, y});
-                around = {std::min(around.left, corner.x), std::max(around.right, corner.x),
-                          std::min(around.top, corner.y), std::max(around.bottom, corner.y)};
-            }
-        PixelWindow window(scene.canvas, around);
+        PixelWindow window(scene.canvas, matrix.MapBox({box.left, box.right, box.top, box.bottom}));
         const AffineMatrix toPlace = matrix.Inverted();
         window.Fill(
             [&](double x, double y) -> std::uint32_t

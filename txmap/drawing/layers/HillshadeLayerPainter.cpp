@@ -16,8 +16,6 @@ namespace
 {
 
 constexpr double kPi = 3.14159265358979323846;
-// The earth's circumference in metres.
-constexpr double kEquator = 40075016.68557849;
 
 HillshadeLook LookOf(const LayerScene& scene)
 {
@@ -58,7 +56,7 @@ class Slopes
 public:
     explicit Slopes(const ElevationGrid& grid) : grid(grid)
     {
-        const double cell = (grid.box.right - grid.box.left) / grid.width * kEquator;
+        const double cell = (grid.box.right - grid.box.left) / grid.width * Projection::WebMercator().Circumference();
         // On maps of large areas, relief would be too flat to be seen.
         const double factor = grid.zoom < 2.0 ? 0.4 : grid.zoom < 4.5 ? 0.35 : 0.3;
         scale = std::exp2(grid.zoom < 15.0 ? (15.0 - grid.zoom) * factor : 0.0) / (8.0 * cell);

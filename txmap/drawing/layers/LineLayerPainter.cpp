@@ -1,7 +1,5 @@
 #include <txmap/drawing/layers/LineLayerPainter.h>
 
-#include <nlohmann/json.hpp>
-
 #include <cmath>
 #include <optional>
 
@@ -78,9 +76,8 @@ private:
         const std::optional<LineLook> common =
             properties.AreConstant() ? std::optional(properties.At(context)) : std::nullopt;
         PixelParts parts(TranslatedPixels(scene, "line", world), scene.canvas.View().PictureBox(reach));
-        if (const auto tolerance = scene.layer.metadata.find("txmap:tolerance");
-            tolerance != scene.layer.metadata.end() && tolerance->is_number())
-            parts.SetTolerance(tolerance->get<double>() * scene.Scale());
+        if (scene.layer.tolerance > 0.0)
+            parts.SetTolerance(scene.layer.tolerance * scene.Scale());
         FeatureAttributes attributes(*placed.features);
         context.feature = &attributes;
         context.tileZoom = placed.tileZoom;

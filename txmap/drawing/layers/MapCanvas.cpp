@@ -62,19 +62,23 @@ void MapCanvas::UseNoPen()
 
 void MapCanvas::UseBrush(const Color& color)
 {
-    if (brush && *brush == color)
+    if (brush && *brush == color && !hatch)
         return;
     surface->SelectBrush(SolidBrush(engine, ToTXColor(color)));
     brush = color;
+    hatch.reset();
     texture = nullptr;
 }
 
 void MapCanvas::UseHatch(const Color& color, TXBrush::BrushStyle style)
 {
+    if (brush && *brush == color && hatch == style)
+        return;
     const TXRefPtr<TXBrush> made(engine.NewBrush());
     RequireDrawn(made && made->Create(ToTXColor(color), style));
     surface->SelectBrush(made);
-    brush.reset();
+    brush = color;
+    hatch = style;
     texture = nullptr;
 }
 

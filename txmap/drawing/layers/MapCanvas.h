@@ -62,6 +62,7 @@ private:
     TZObjects::TXRefPtr<TZObjects::TXGraphics> surface;
     std::optional<PenLook> pen;
     std::optional<Color> brush;
+    std::optional<TZObjects::TXBrush::BrushStyle> hatch; ///< Of that brush; nothing for a solid one.
     const TZObjects::TXImage* texture = nullptr;
 };
 

@@ -30,7 +30,26 @@ constexpr MemberRule kTransition[] = {
     {"delay", "number", "", "", Varies::Never, 0, kNone},
 };
 
-constexpr const char* kHatches = "horizontal vertical cross";
+/// What the style format has no word for stands in the metadata of layers of a type.
+struct OwnMember
+{
+    MemberRule rule;
+    LayerType type;
+    const char* otherwise; ///< What is wrong with it in layers of other types.
+};
+
+constexpr OwnMember kHatch = {
+    {"txmap:hatch", "enum", "horizontal vertical cross"}, LayerType::Fill, "only layers of type fill are hatched"};
+constexpr OwnMember kPolarColor = {
+    {"txmap:polar-color", "color"}, LayerType::Background, "only layers of type background have a colour at the poles"};
+constexpr OwnMember kTolerance = {{"txmap:tolerance", "number", "", "", Varies::Never, 0, kNone},
+                                  LayerType::Line,
+                                  "only layers of type line have a tolerance"};
+
+Hatch HatchOf(const std::string& name)
+{
+    return name == "horizontal" ? Hatch::Horizontal : name == "vertical" ? Hatch::Vertical : Hatch::Cross;
+}
 
 bool EndsWith(const std::string& text, const std::string& end)
 {
@@ -130,7 +149,7 @@ private:
         if (const auto metadata = json->find("metadata"); metadata != json->end() && metadata->is_object())
         {
             layer.metadata = *metadata;
-            ReadHatch(PointerTo(pointer, "metadata"), layer);
+            ReadOwnMembers(PointerTo(pointer, "metadata"), layer);
         }
         if (const auto filter = json->find("filter"); filter != json->end())
             layer.filter = WithoutState(ReadFilter(*filter, PointerTo(pointer, "filter"), problems),
@@ -149,19 +168,28 @@ private:
             style.layers.push_back(std::move(layer));
     }
 
-    /// What the style format has no word for stands in the metadata.
-    void ReadHatch(const std::string& pointer, StyleLayer& layer)
+    void ReadOwnMembers(const std::string& pointer, StyleLayer& layer)
     {
-        const auto hatch = layer.metadata.find("txmap:hatch");
-        if (hatch == layer.metadata.end())
-            return;
-        const std::string place = PointerTo(pointer, "txmap:hatch");
+        if (const Json* const hatch = FindOwn(kHatch, pointer, layer))
+            layer.hatch = HatchOf(hatch->get<std::string>());
+        if (const Json* const color = FindOwn(kPolarColor, pointer, layer))
+            layer.polarColor = Color::Parse(color->get<std::string>());
+        if (const Json* const tolerance = FindOwn(kTolerance, pointer, layer))
+            layer.tolerance = tolerance->get<double>();
+    }
+
+    /// A member of a layer's metadata; null if it is missing or wrong.
+    const Json* FindOwn(const OwnMember& member, const std::string& pointer, const StyleLayer& layer)
+    {
+        const auto found = layer.metadata.find(member.rule.name);
+        if (found == layer.metadata.end())
+            return nullptr;
+        const std::string place = PointerTo(pointer, member.rule.name);
         const std::size_t before = problems.Count();
-        CheckConstant(*hatch, {"", "enum", kHatches}, place, problems);
-        if (layer.type != LayerType::Fill)
-            problems.Add(place, "only layers of type fill are hatched");
-        if (problems.Count() == before)
-            layer.hatch = hatch->get<std::string>();
+        CheckConstant(*found, member.rule, place, problems);
+        if (layer.type != member.type)
+            problems.Add(place, member.otherwise);
+        return problems.Count() == before ? &*found : nullptr;
     }
 
     void ReportType(const Json& type, const std::string& pointer)

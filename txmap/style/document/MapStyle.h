@@ -6,12 +6,21 @@
 #include <string>
 #include <vector>
 
+#include <txmap/style/Color.h>
 #include <txmap/style/Expression.h>
 #include <txmap/style/document/LayerTables.h>
 #include <txmap/style/document/StyleProblem.h>
 
 namespace txmap
 {
+
+/// Thin lines that fill areas.
+enum class Hatch
+{
+    Horizontal,
+    Vertical,
+    Cross
+};
 
 /// A layer of a style, compiled.
 struct StyleLayer
@@ -27,7 +36,10 @@ struct StyleLayer
     std::optional<Expression> filter;             ///< Nothing lets every feature pass.
     std::map<std::string, Expression> properties; ///< Those that are set or have a default.
     Json metadata = Json::object();
-    std::string hatch; ///< What the metadata say that areas are hatched with; empty for nothing.
+    // What the style format has no word for stands in the metadata.
+    std::optional<Hatch> hatch;      ///< What areas are hatched with.
+    std::optional<Color> polarColor; ///< What the colour of a background passes into at the poles.
+    double tolerance = 0.0;          ///< Corners of lines that are closer count as one, in logical pixels; 0 for none.
 
     /// A property, or null if it is not set and has no default.
     const Expression* Find(const std::string& name) const
