@@ -30,7 +30,7 @@ const PARTS = [
     ['sources', 'yes', 'all types but `video`; see [style-sources.md](style-sources.md)'],
     ['sprite', 'yes', 'for patterns'],
     ['state', 'yes', 'the defaults'],
-    ['metadata', 'yes', '`txmap:hatch`, `txmap:polar-color` and `txmap:tolerance` of layers; see [styles.md](styles.md)'],
+    ['metadata', 'yes', '`txmap:clip`, `txmap:gradient`, `txmap:hatch`, `txmap:marker`, `txmap:polar-color` and `txmap:tolerance` of layers; see [styles.md](styles.md)'],
     ['glyphs, font-faces', 'no', 'checked; texts come with symbols'],
     ['light', 'no', 'checked; it shines on extruded areas only'],
     ['sky', 'no', 'checked; it is above the horizon, which a map from above does not show'],

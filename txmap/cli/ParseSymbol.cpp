@@ -1,7 +1,6 @@
 #include <txmap/cli/ParseSymbol.h>
 
-#include <array>
-#include <string_view>
+#include <charconv>
 
 #include <txbase/TXString.h>
 #include <txmap/cli/OptionValues.h>
@@ -18,19 +17,6 @@ namespace
 constexpr char kFont[] = "font:";
 constexpr double kSmallestSize = 1.0;
 constexpr double kLargestSize = 256.0;
-
-struct NamedShape
-{
-    std::string_view name;
-    PlaceSymbol::Shape shape;
-};
-
-constexpr std::array<NamedShape, 6> kShapes = {{{"circle", PlaceSymbol::Shape::Circle},
-                                                {"square", PlaceSymbol::Shape::Square},
-                                                {"triangle", PlaceSymbol::Shape::Triangle},
-                                                {"star", PlaceSymbol::Shape::Star},
-                                                {"cross", PlaceSymbol::Shape::Cross},
-                                                {"diamond", PlaceSymbol::Shape::Diamond}}};
 
 std::optional<double> SizeIn(const std::string& text)
 {
@@ -100,14 +86,14 @@ PlaceSymbol ParseSymbol(const std::string& text)
         return ParseCharacter(text);
     PlaceSymbol symbol;
     symbol.text = text;
-    std::string known;
-    for (const NamedShape& shape : kShapes)
+    if (const std::optional<PlaceSymbol::Shape> shape = ShapeOf(text))
     {
-        symbol.shape = shape.shape;
-        if (shape.name == text)
-            return symbol;
-        known += std::string(shape.name) + ", ";
+        symbol.shape = *shape;
+        return symbol;
     }
+    std::string known;
+    for (const auto& named : kPlaceShapes)
+        known += std::string(named.first) + ", ";
     Refuse("--symbol", text, "unknown symbol; known are " + known + "and font:FACE:CHARACTER");
 }
 

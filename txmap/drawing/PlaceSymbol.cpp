@@ -28,6 +28,14 @@ std::vector<TXPoint> Corners(int count, double radius, double everySecond)
 
 } // namespace
 
+std::optional<PlaceSymbol::Shape> ShapeOf(std::string_view name)
+{
+    for (const auto& [known, shape] : kPlaceShapes)
+        if (name == known)
+            return shape;
+    return std::nullopt;
+}
+
 std::vector<TXPoint> CornersOf(PlaceSymbol::Shape shape)
 {
     constexpr double kHalf = 0.5;

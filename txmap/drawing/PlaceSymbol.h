@@ -2,6 +2,8 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include <txbase/TXPoint.h>
@@ -29,6 +31,15 @@ struct PlaceSymbol
     char16_t character = 0;      ///< Of the font.
     std::string text = "circle"; ///< As the command line has it.
 };
+
+/// What shapes are called.
+constexpr std::pair<std::string_view, PlaceSymbol::Shape> kPlaceShapes[] = {
+    {"circle", PlaceSymbol::Shape::Circle},     {"square", PlaceSymbol::Shape::Square},
+    {"triangle", PlaceSymbol::Shape::Triangle}, {"star", PlaceSymbol::Shape::Star},
+    {"cross", PlaceSymbol::Shape::Cross},       {"diamond", PlaceSymbol::Shape::Diamond}};
+
+/// The shape of one of these names; nothing for any other.
+std::optional<PlaceSymbol::Shape> ShapeOf(std::string_view name);
 
 /// The corners of a shape with its centre of gravity at the origin; its longer side is 1. None for a character.
 std::vector<TZObjects::TXPoint> CornersOf(PlaceSymbol::Shape shape);

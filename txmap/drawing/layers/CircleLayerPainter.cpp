@@ -4,10 +4,13 @@
 #include <cmath>
 
 #include <txgraphics/TXGraphics.h>
+#include <txmap/drawing/DrawingTools.h>
+#include <txmap/drawing/PlaceSymbol.h>
 #include <txmap/drawing/layers/LayerProperty.h>
 #include <txmap/drawing/layers/LayerScene.h>
 #include <txmap/drawing/layers/PixelSampler.h>
 #include <txmap/drawing/layers/PixelWindow.h>
+#include <txmap/map/LineShape.h>
 #include <txmap/map/PixelParts.h>
 
 namespace txmap
@@ -54,6 +57,25 @@ void AddCircle(TXGraphics& surface, const TXPoint& centre, double radius)
     surface.ClosePath();
 }
 
+std::vector<TXPoint> MarkerCorners(const LayerMarker& marker)
+{
+    if (const std::optional<PlaceSymbol::Shape> shape = ShapeOf(marker.shape))
+        return CornersOf(*shape);
+    std::vector<TXPoint> corners = marker.corners;
+    for (TXPoint& corner : corners)
+        corner = {corner.x / 2.0, corner.y / 2.0};
+    return corners;
+}
+
+/// How far a marker reaches, in radii.
+double ReachOf(const std::vector<TXPoint>& corners)
+{
+    double farthest = 1.0;
+    for (const TXPoint& corner : corners)
+        farthest = std::max(farthest, 2.0 * std::hypot(corner.x, corner.y));
+    return farthest;
+}
+
 class CircleLayerPainter
 {
 public:
@@ -64,7 +86,8 @@ public:
           opacity(scene.layer, "circle-opacity", scene.Zoom(), context, 1.0),
           strokeWidth(scene.layer, "circle-stroke-width", scene.Zoom(), context),
           strokeColor(scene.layer, "circle-stroke-color", scene.Zoom(), context),
-          strokeOpacity(scene.layer, "circle-stroke-opacity", scene.Zoom(), context, 1.0)
+          strokeOpacity(scene.layer, "circle-stroke-opacity", scene.Zoom(), context, 1.0),
+          marker(scene.layer.marker ? MarkerCorners(*scene.layer.marker) : std::vector<TXPoint>())
     {
     }
 
@@ -82,7 +105,8 @@ private:
     void DrawWorld(const PlacedFeatures& placed, const std::vector<PassedFeature>& passing, int world)
     {
         const bool isKnown = radius.IsConstant() && strokeWidth.IsConstant();
-        const double reach = isKnown ? radius.Constant() + strokeWidth.Constant() + 2.0 : kUnknownReach;
+        const double reach =
+            isKnown ? radius.Constant() * ReachOf(marker) + strokeWidth.Constant() + 2.0 : kUnknownReach;
         PixelParts parts(TranslatedPixels(scene, "circle", world),
                          scene.canvas.View().PictureBox(reach * scene.Scale()), placed.tile);
         FeatureAttributes attributes(*placed.features);
@@ -139,8 +163,38 @@ private:
         surface.DrawPath();
     }
 
+    /// A shape as wide as a circle would be, with a ring around.
+    void DrawMarker(const TXPoint& centre, const CircleLook& look)
+    {
+        TXGraphics& surface = scene.canvas.Surface();
+        const double size = 2.0 * look.radius;
+        const auto count = static_cast<int>(marker.size());
+        if (look.strokeWidth > 0.0 && look.strokeColor.alpha > 0.0)
+        {
+            PixelLine ring;
+            for (std::size_t i = 0; i <= marker.size(); ++i)
+            {
+                const TXPoint& corner = marker[i % marker.size()];
+                ring.emplace_back(centre.x + size * corner.x, centre.y + size * corner.y);
+            }
+            scene.canvas.UsePen({look.strokeColor,
+                                 2.0 * look.strokeWidth,
+                                 TZObjects::TXPen::RoundCap,
+                                 TZObjects::TXPen::RoundJoin,
+                                 {}});
+            RequireDrawn(surface.Polyline(ring.data(), static_cast<int>(ring.size())));
+            scene.canvas.UseNoPen();
+        }
+        if (look.color.alpha <= 0.0)
+            return;
+        scene.canvas.UseBrush(look.color);
+        RequireDrawn(surface.VectorMarker(centre.x, centre.y, size, size, 0.0, marker.data(), count, true));
+    }
+
     void DrawCircle(const TXPoint& centre, const CircleLook& look)
     {
+        if (!marker.empty())
+            return DrawMarker(centre, look);
         const double outer = look.radius + look.strokeWidth;
         if (look.blur * outer >= 1.0)
             return DrawBlurred(centre, look);
@@ -191,6 +245,7 @@ private:
     LayerProperty<double> strokeWidth;
     LayerProperty<Color> strokeColor;
     LayerProperty<double> strokeOpacity;
+    std::vector<TXPoint> marker; ///< The corners of what is drawn in place of circles, in diameters; empty for those.
 };
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <txmap/drawing/layers/LayerProperty.h>
 #include <txmap/drawing/layers/LayerScene.h>
 #include <txmap/drawing/layers/PatternImages.h>
+#include <txmap/map/PixelGeometry.h>
 #include <txmap/map/PixelParts.h>
 
 namespace txmap
@@ -40,6 +41,16 @@ TXBrush::BrushStyle BrushOf(Hatch hatch)
         break;
     }
     return TXBrush::CrossHatch;
+}
+
+TZObjects::TXGraphics::stGradientParams GradientOf(const AreaGradient& gradient)
+{
+    TZObjects::TXGraphics::stGradientParams params;
+    params.type = static_cast<std::int32_t>(gradient.kind);
+    params.startColor = ToTXColor(gradient.from);
+    params.endColor = ToTXColor(gradient.to);
+    params.angle = gradient.angle;
+    return params;
 }
 
 class FillLayerPainter
@@ -118,6 +129,11 @@ private:
             if (!image)
                 return;
             canvas.UseTexture(image);
+            canvas.Surface().SetOpacity(look.opacity);
+        }
+        else if (scene.layer.gradient)
+        {
+            canvas.UseGradient(GradientOf(*scene.layer.gradient), BoundsOf(parts.points));
             canvas.Surface().SetOpacity(look.opacity);
         }
         else

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <string>
 
 #include <txgraphics/TXGraphicsEngine.h>
@@ -14,8 +15,10 @@ namespace txmap
 
 using TZObjects::TXBrush;
 using TZObjects::TXColor;
+using TZObjects::TXGraphics;
 using TZObjects::TXImage;
 using TZObjects::TXPen;
+using TZObjects::TXPoint;
 using TZObjects::TXRefPtr;
 
 namespace
@@ -79,6 +82,20 @@ void MapCanvas::UseHatch(const Color& color, TXBrush::BrushStyle style)
     surface->SelectBrush(made);
     brush = color;
     hatch = style;
+    texture = nullptr;
+}
+
+void MapCanvas::UseGradient(const TXGraphics::stGradientParams& gradient, const TZObjects::TXRect& box)
+{
+    // Only shapes of one ring are filled with such a gradient, but the gradient stays for the next shape.
+    const TXPoint corners[] = {
+        {box.left, box.top}, {box.right, box.top}, {box.right, box.bottom}, {box.left, box.bottom}};
+    surface->SetOpacity(0.0);
+    RequireDrawn(surface->Polygon(corners, static_cast<int>(std::size(corners)), gradient));
+    surface->SetOpacity(1.0);
+    pen.reset();
+    brush.reset();
+    hatch.reset();
     texture = nullptr;
 }
 

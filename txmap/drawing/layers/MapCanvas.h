@@ -52,6 +52,8 @@ public:
     void UseBrush(const Color& color);
     /// Fills with thin lines of a colour, a few pixels apart; the picture is seen between them.
     void UseHatch(const Color& color, TZObjects::TXBrush::BrushStyle style);
+    /// Fills with a gradient over a box. No pen is selected afterwards.
+    void UseGradient(const TZObjects::TXGraphics::stGradientParams& gradient, const TZObjects::TXRect& box);
     void UseNoBrush() { UseBrush({0.0, 0.0, 0.0, 0.0}); }
     /// Fills with an image, laid from the top left of the picture.
     void UseTexture(const TZObjects::TXRefPtr<TZObjects::TXImage>& image);

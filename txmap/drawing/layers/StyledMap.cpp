@@ -1,5 +1,7 @@
 #include <txmap/drawing/layers/StyledMap.h>
 
+#include <algorithm>
+#include <cmath>
 #include <string>
 
 #include <txgraphics/TXGraphics.h>
@@ -13,14 +15,20 @@
 #include <txmap/drawing/layers/LineLayerPainter.h>
 #include <txmap/drawing/layers/PatternImages.h>
 #include <txmap/drawing/layers/RasterLayerPainter.h>
+#include <txmap/map/FrameShape.h>
+#include <txmap/map/PixelParts.h>
 
 namespace txmap
 {
 
 using TZObjects::TXGraphics;
+using TZObjects::TXPoint;
 
 namespace
 {
+
+// Cut shapes have edges along the box that they are cut to, which nobody is to see.
+constexpr double kClipMargin = 16.0;
 
 void DrawLayer(const LayerScene& scene)
 {
@@ -60,6 +68,43 @@ TXGraphics::TXCompositionMode BlendMode(const std::string& name)
     return TXGraphics::CompositionMode_SourceOver;
 }
 
+void ClipTo(const LayerClip& clip, MapCanvas& canvas)
+{
+    const MapView& view = canvas.View();
+    Parts region;
+    if (clip.rings.empty())
+    {
+        const double margin = clip.margin * view.Scale();
+        const PixelSize size = view.Size();
+        const FrameShape frame = FrameShape::RoundedRectangle(
+            {margin, std::max(margin, size.width - margin), margin, std::max(margin, size.height - margin)},
+            clip.radius * view.Scale());
+        region.points = frame.Points();
+        region.counts = frame.Counts();
+    }
+    const MercatorBox visible = view.Visible();
+    for (int world = static_cast<int>(std::floor(visible.left)) - 1; !clip.rings.empty() && world <= visible.right;
+         ++world)
+    {
+        PixelParts parts(view.ToPixels(world), view.PictureBox(kClipMargin));
+        for (const std::vector<TXPoint>& ring : clip.rings)
+        {
+            std::vector<TXPoint> places;
+            for (const TXPoint& corner : ring)
+                places.push_back(view.MapProjection().ToWorld(corner.x, corner.y));
+            parts.AddRing(places.data(), places.size());
+        }
+        const Parts& seen = parts.Result();
+        region.points.insert(region.points.end(), seen.points.begin(), seen.points.end());
+        region.counts.insert(region.counts.end(), seen.counts.begin(), seen.counts.end());
+    }
+    // A region of no ring would be refused and so cut nothing: this one has no area.
+    if (region.IsEmpty())
+        region = {{{0.0, 0.0}, {0.0, 0.0}, {0.0, 0.0}}, {3}};
+    canvas.Surface().SetClipRegion(region.points.data(), region.counts.data(), static_cast<int>(region.counts.size()),
+                                   false, {});
+}
+
 } // namespace
 
 void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, Stopwatch& evaluating)
@@ -76,18 +121,22 @@ void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, S
             LayerProperty<double>(layer, (prefix + "-layer-opacity").c_str(), scene.Zoom(), context, 1.0).Constant();
         const TXGraphics::TXCompositionMode mode = BlendMode(
             LayerProperty<std::string>(layer, (prefix + "-layer-blend").c_str(), scene.Zoom(), context).Constant());
-        if (opacity >= 1.0 && mode == TXGraphics::CompositionMode_SourceOver)
+        if (opacity >= 1.0 && mode == TXGraphics::CompositionMode_SourceOver && !layer.clip)
         {
             DrawLayer(scene);
             continue;
         }
-        // The layer as a whole is translucent or blended, not each of its features.
+        // The layer as a whole is translucent, blended or cut, not each of its features.
         MapCanvas sheet(canvas.Engine(), canvas.View());
         const LayerScene apart{sheet, style, layer, data, patterns, evaluating};
         DrawLayer(apart);
+        if (layer.clip)
+            ClipTo(*layer.clip, canvas);
         canvas.Surface().SetCompositionMode(mode);
         RequireDrawn(canvas.Surface().DrawImage(sheet.Surface().GetImage().get(), opacity));
         canvas.Surface().SetCompositionMode(TXGraphics::CompositionMode_SourceOver);
+        if (layer.clip)
+            canvas.Surface().RestoreClipRegion();
     }
 }
 

@@ -1,6 +1,7 @@
 #include <map>
 #include <set>
 
+#include <txmap/style/document/OwnMembers.h>
 #include <txmap/style/document/PropertyReader.h>
 #include <txmap/style/document/StyleReader.h>
 #include <txmap/style/document/ValueCheck.h>
@@ -29,27 +30,6 @@ constexpr MemberRule kTransition[] = {
     {"duration", "number", "", "", Varies::Never, 0, kNone},
     {"delay", "number", "", "", Varies::Never, 0, kNone},
 };
-
-/// What the style format has no word for stands in the metadata of layers of a type.
-struct OwnMember
-{
-    MemberRule rule;
-    LayerType type;
-    const char* otherwise; ///< What is wrong with it in layers of other types.
-};
-
-constexpr OwnMember kHatch = {
-    {"txmap:hatch", "enum", "horizontal vertical cross"}, LayerType::Fill, "only layers of type fill are hatched"};
-constexpr OwnMember kPolarColor = {
-    {"txmap:polar-color", "color"}, LayerType::Background, "only layers of type background have a colour at the poles"};
-constexpr OwnMember kTolerance = {{"txmap:tolerance", "number", "", "", Varies::Never, 0, kNone},
-                                  LayerType::Line,
-                                  "only layers of type line have a tolerance"};
-
-Hatch HatchOf(const std::string& name)
-{
-    return name == "horizontal" ? Hatch::Horizontal : name == "vertical" ? Hatch::Vertical : Hatch::Cross;
-}
 
 bool EndsWith(const std::string& text, const std::string& end)
 {
@@ -149,7 +129,7 @@ private:
         if (const auto metadata = json->find("metadata"); metadata != json->end() && metadata->is_object())
         {
             layer.metadata = *metadata;
-            ReadOwnMembers(PointerTo(pointer, "metadata"), layer);
+            ReadOwnMembers(PointerTo(pointer, "metadata"), layer, problems);
         }
         if (const auto filter = json->find("filter"); filter != json->end())
             layer.filter = WithoutState(ReadFilter(*filter, PointerTo(pointer, "filter"), problems),
@@ -166,30 +146,6 @@ private:
         }
         if (usable)
             style.layers.push_back(std::move(layer));
-    }
-
-    void ReadOwnMembers(const std::string& pointer, StyleLayer& layer)
-    {
-        if (const Json* const hatch = FindOwn(kHatch, pointer, layer))
-            layer.hatch = HatchOf(hatch->get<std::string>());
-        if (const Json* const color = FindOwn(kPolarColor, pointer, layer))
-            layer.polarColor = Color::Parse(color->get<std::string>());
-        if (const Json* const tolerance = FindOwn(kTolerance, pointer, layer))
-            layer.tolerance = tolerance->get<double>();
-    }
-
-    /// A member of a layer's metadata; null if it is missing or wrong.
-    const Json* FindOwn(const OwnMember& member, const std::string& pointer, const StyleLayer& layer)
-    {
-        const auto found = layer.metadata.find(member.rule.name);
-        if (found == layer.metadata.end())
-            return nullptr;
-        const std::string place = PointerTo(pointer, member.rule.name);
-        const std::size_t before = problems.Count();
-        CheckConstant(*found, member.rule, place, problems);
-        if (layer.type != member.type)
-            problems.Add(place, member.otherwise);
-        return problems.Count() == before ? &*found : nullptr;
     }
 
     void ReportType(const Json& type, const std::string& pointer)

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include <txbase/TXPoint.h>
 #include <txmap/style/Color.h>
 #include <txmap/style/Expression.h>
 #include <txmap/style/document/LayerTables.h>
@@ -20,6 +21,37 @@ enum class Hatch
     Horizontal,
     Vertical,
     Cross
+};
+
+/// Two colours that pass into each other over the bounds of each area.
+struct AreaGradient
+{
+    enum class Kind
+    {
+        Linear,
+        Radial,
+        Conical
+    };
+
+    Kind kind = Kind::Linear;
+    Color from;
+    Color to;
+    double angle = 0.0; ///< Of linear ones: the direction in degrees, clockwise from the right.
+};
+
+/// A shape that is drawn at points: one with a name, or corners in radii, y downward.
+struct LayerMarker
+{
+    std::string shape; ///< Empty for corners.
+    std::vector<TZObjects::TXPoint> corners;
+};
+
+/// What a layer is cut to: areas, of which odd-even is inside, or the picture without a margin.
+struct LayerClip
+{
+    std::vector<std::vector<TZObjects::TXPoint>> rings; ///< In degrees, closed; empty for a margin.
+    double margin = 0.0;                                ///< In logical pixels.
+    double radius = 0.0;                                ///< Of the corners within the margin.
 };
 
 /// A layer of a style, compiled.
@@ -37,7 +69,10 @@ struct StyleLayer
     std::map<std::string, Expression> properties; ///< Those that are set or have a default.
     Json metadata = Json::object();
     // What the style format has no word for stands in the metadata.
-    std::optional<Hatch> hatch;      ///< What areas are hatched with.
+    std::optional<Hatch> hatch;           ///< What areas are hatched with.
+    std::optional<AreaGradient> gradient; ///< What areas are filled with in place of their colour.
+    std::optional<LayerMarker> marker;    ///< What is drawn in place of circles.
+    std::optional<LayerClip> clip;
     std::optional<Color> polarColor; ///< What the colour of a background passes into at the poles.
     double tolerance = 0.0;          ///< Corners of lines that are closer count as one, in logical pixels; 0 for none.
 
