@@ -4,11 +4,11 @@
 #include <cmath>
 
 #include <txgraphics/TXGraphics.h>
-#include <txmap/drawing/layers/LayerProperty.h>
 #include <txmap/drawing/layers/LayerScene.h>
 #include <txmap/drawing/layers/PixelSampler.h>
 #include <txmap/drawing/layers/PixelWindow.h>
 #include <txmap/map/PixelParts.h>
+#include <txmap/style/document/LayerProperty.h>
 
 namespace txmap
 {

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string>
 
-#include <txmap/drawing/layers/LayerProperty.h>
+#include <txmap/style/document/LayerProperty.h>
 
 namespace txmap
 {

@@ -9,10 +9,10 @@
 #include <txmap/drawing/layers/ColorReliefLayerPainter.h>
 #include <txmap/drawing/layers/FillLayerPainter.h>
 #include <txmap/drawing/layers/HillshadeLayerPainter.h>
-#include <txmap/drawing/layers/LayerProperty.h>
 #include <txmap/drawing/layers/LineLayerPainter.h>
 #include <txmap/drawing/layers/PatternImages.h>
 #include <txmap/drawing/layers/RasterLayerPainter.h>
+#include <txmap/style/document/LayerProperty.h>
 
 namespace txmap
 {

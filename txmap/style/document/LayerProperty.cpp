@@ -1,4 +1,4 @@
-#include <txmap/drawing/layers/LayerProperty.h>
+#include <txmap/style/document/LayerProperty.h>
 
 #include <algorithm>
 
