@@ -90,7 +90,8 @@ bool CollisionIndex::IsFree(const Item& item, Overlap overlap) const
         return false;
     if (overlap == Overlap::Always)
         return true;
-    const auto isFree = [&](const std::vector<std::uint32_t>& taken) {
+    const auto isFree = [&](const std::vector<std::uint32_t>& taken)
+    {
         return std::none_of(taken.begin(), taken.end(),
                             [&](std::uint32_t number) { return Collide(item, items[number]); });
     };

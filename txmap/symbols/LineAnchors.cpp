@@ -55,7 +55,7 @@ public:
     /// Whether the corners below a label stay within the greatest angle, added up over any few letters.
     bool IsSmooth(double distance) const
     {
-        if (needs.labelLength <= 0.0 || needs.textSize <= 0.0)
+        if (needs.labelLength <= 0.0 || !needs.hasText)
             return true;
         const double window = kAngleWindow * needs.textSize;
         const double limit = needs.maxAngle * kPi / 180.0;
@@ -105,12 +105,11 @@ std::vector<LineAnchor> AnchorsAlong(const std::vector<TXPoint>& line, const Lin
     double spacing = needs.spacing;
     if (spacing - needs.labelLength < spacing / 4.0)
         spacing = needs.labelLength + spacing / 4.0;
-    const double offset =
-        needs.isContinued ? spacing / 2.0 : needs.labelLength / 2.0 + kRoomAtEnds * needs.textSize;
+    const double offset = needs.isContinued ? spacing / 2.0 : needs.labelLength / 2.0 + kRoomAtEnds * needs.textSize;
     measured.AppendAnchors(std::fmod(offset * needs.overscaling, spacing), spacing, anchors);
-    if (anchors.empty() && !needs.isContinued)
-        if (const std::optional<LineAnchor> middle = MiddleAnchor(line, needs); middle)
-            anchors.push_back(*middle);
+    if (const double middle = measured.Length() / 2.0;
+        anchors.empty() && !needs.isContinued && measured.HasRoom(middle) && measured.IsSmooth(middle))
+        anchors.push_back(measured.At(middle));
     return anchors;
 }
 
@@ -118,7 +117,7 @@ std::optional<LineAnchor> MiddleAnchor(const std::vector<TXPoint>& line, const L
 {
     const MeasuredLine measured(line, needs);
     const double middle = measured.Length() / 2.0;
-    if (line.size() < 2 || !(middle > 0.0) || (needs.textSize > 0.0 && !measured.HasRoom(middle)) ||
+    if (line.size() < 2 || !(middle > 0.0) || (needs.hasText && !measured.HasRoom(middle)) ||
         !measured.IsSmooth(middle))
         return std::nullopt;
     return measured.At(middle);

@@ -12,12 +12,13 @@ namespace txmap
 /// What a symbol needs of the line that it stands on. Lengths are in the units of the line.
 struct LineAnchorNeeds
 {
-    double spacing = 250.0;    ///< Between the middles of two symbols.
-    double labelLength = 0.0;  ///< Along the line.
-    double textSize = 0.0;     ///< 0 for icons alone, which may stand at any corner.
-    double maxAngle = 45.0;    ///< Degrees by which the line may turn below a few letters.
-    double overscaling = 1.0;  ///< How many times larger its tile is than usual.
-    bool isContinued = false;  ///< Whether the line goes on before its first point, in another tile.
+    double spacing = 250.0;   ///< Between the middles of two symbols.
+    double labelLength = 0.0; ///< Along the line.
+    double textSize = 16.0;
+    bool hasText = true;      ///< Icons alone may stand at any corner.
+    double maxAngle = 45.0;   ///< Degrees by which the line may turn below a few letters.
+    double overscaling = 1.0; ///< How many times larger its tile is than usual.
+    bool isContinued = false; ///< Whether the line goes on before its first point, in another tile.
 };
 
 /// A place for the middle of a symbol on a line.

@@ -47,9 +47,8 @@ public:
         if (shownIcon && !layer.icon.ignored)
             index.Take(icon, layer.icon.overlap);
         verdict.text = text || (symbol.hasText && AlwaysShows(symbol, choice, layer.text, layer.icon, layer.hasIcons));
-        verdict.icon =
-            shownIcon || (symbol.hasIcon && layer.icon.overlap == Overlap::Always &&
-                          (layer.text.overlap == Overlap::Always || !layer.hasTexts || layer.text.optional));
+        verdict.icon = shownIcon || (symbol.hasIcon && layer.icon.overlap == Overlap::Always &&
+                                     (layer.text.overlap == Overlap::Always || !layer.hasTexts || layer.text.optional));
         return verdict;
     }
 
@@ -85,8 +84,8 @@ private:
     bool FitsBox(const SymbolCandidate& symbol, const TextChoice& choice, Overlap overlap) const
     {
         // An icon around the text that must not overlap moves with it, and needs room there.
-        const bool needsIcon = symbol.movesIcon && symbol.hasIcon && symbol.choices > 1 &&
-                               layer.icon.overlap == Overlap::Never;
+        const bool needsIcon =
+            symbol.movesIcon && symbol.hasIcon && symbol.choices > 1 && layer.icon.overlap == Overlap::Never;
         return index.IsFree(choice.box, overlap) &&
                (!needsIcon || index.IsFree(Moved(symbol.icon, choice.iconMove), overlap));
     }
@@ -96,7 +95,7 @@ private:
     {
         if (symbol.choices == 1)
             return FitsBox(symbol, Choice(symbol, 0), layer.text.overlap) ? std::optional<std::uint32_t>(0)
-                                                                         : std::nullopt;
+                                                                          : std::nullopt;
         for (const Overlap overlap : {Overlap::Never, layer.text.overlap})
         {
             for (std::uint32_t choice = 0; choice < symbol.choices; ++choice)

@@ -11,7 +11,9 @@
 #include <txmap/drawing/layers/HillshadeLayerPainter.h>
 #include <txmap/drawing/layers/LineLayerPainter.h>
 #include <txmap/drawing/layers/PatternImages.h>
+#include <txmap/drawing/layers/PlacedSymbols.h>
 #include <txmap/drawing/layers/RasterLayerPainter.h>
+#include <txmap/drawing/layers/SymbolLayerPainter.h>
 #include <txmap/style/document/LayerProperty.h>
 
 namespace txmap
@@ -41,6 +43,7 @@ void DrawLayer(const LayerScene& scene)
     case LayerType::ColorRelief:
         return DrawColorReliefLayer(scene);
     case LayerType::Symbol:
+        return DrawSymbolLayer(scene);
     case LayerType::Heatmap:
     case LayerType::FillExtrusion:
         break; // The reader of styles leaves these out.
@@ -62,14 +65,15 @@ TXGraphics::TXCompositionMode BlendMode(const std::string& name)
 
 } // namespace
 
-void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, Stopwatch& evaluating)
+void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, DrawingReport& report)
 {
+    const PlacedSymbols symbols(canvas, style, data, report);
     PatternImages patterns(canvas, data.Pictures());
     for (const StyleLayer& layer : style.layers)
     {
         if (!layer.IsShownAt(canvas.View().Zoom()))
             continue;
-        const LayerScene scene{canvas, style, layer, data, patterns, evaluating};
+        const LayerScene scene{canvas, style, layer, data, patterns, symbols, report.evaluating};
         const EvaluationContext context = scene.Context();
         const std::string prefix = RulesOf(layer.type).name;
         const double opacity =
@@ -83,7 +87,7 @@ void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, S
         }
         // The layer as a whole is translucent or blended, not each of its features.
         MapCanvas sheet(canvas.Engine(), canvas.View());
-        const LayerScene apart{sheet, style, layer, data, patterns, evaluating};
+        const LayerScene apart{sheet, style, layer, data, patterns, symbols, report.evaluating};
         DrawLayer(apart);
         canvas.Surface().SetCompositionMode(mode);
         RequireDrawn(canvas.Surface().DrawImage(sheet.Surface().GetImage().get(), opacity));

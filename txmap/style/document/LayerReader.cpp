@@ -31,6 +31,10 @@ constexpr MemberRule kTransition[] = {
 };
 
 constexpr const char* kHatches = "horizontal vertical cross";
+constexpr MemberRule kTextMetadata[] = {
+    {"txmap:text-engine", "enum", "qt cairo"},
+    {"txmap:vertical", "boolean"},
+};
 
 bool EndsWith(const std::string& text, const std::string& end)
 {
@@ -131,6 +135,7 @@ private:
         {
             layer.metadata = *metadata;
             ReadHatch(PointerTo(pointer, "metadata"), layer);
+            ReadTextMetadata(PointerTo(pointer, "metadata"), layer);
         }
         if (const auto filter = json->find("filter"); filter != json->end())
             layer.filter = WithoutState(ReadFilter(*filter, PointerTo(pointer, "filter"), problems),
@@ -162,6 +167,26 @@ private:
             problems.Add(place, "only layers of type fill are hatched");
         if (problems.Count() == before)
             layer.hatch = hatch->get<std::string>();
+    }
+
+    /// Members for symbols: what draws texts, and whether these stand in columns.
+    void ReadTextMetadata(const std::string& pointer, StyleLayer& layer)
+    {
+        for (const MemberRule& rule : kTextMetadata)
+        {
+            const auto found = layer.metadata.find(rule.name);
+            if (found == layer.metadata.end())
+                continue;
+            const std::string place = PointerTo(pointer, rule.name);
+            const std::size_t before = problems.Count();
+            CheckConstant(*found, rule, place, problems);
+            if (layer.type != LayerType::Symbol)
+                problems.Add(place, "only layers of type symbol have texts");
+            if (problems.Count() > before)
+                continue;
+            layer.textThroughCairo = layer.textThroughCairo || *found == "cairo";
+            layer.textIsVertical = layer.textIsVertical || *found == true;
+        }
     }
 
     void ReportType(const Json& type, const std::string& pointer)

@@ -28,6 +28,8 @@ struct StyleLayer
     std::map<std::string, Expression> properties; ///< Those that are set or have a default.
     Json metadata = Json::object();
     std::string hatch; ///< What the metadata say that areas are hatched with; empty for nothing.
+    bool textThroughCairo = false; ///< Whether the metadata say that cairo draws texts.
+    bool textIsVertical = false;   ///< Whether the metadata say that texts stand in columns.
 
     /// A property, or null if it is not set and has no default.
     const Expression* Find(const std::string& name) const

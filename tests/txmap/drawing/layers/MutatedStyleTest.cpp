@@ -120,8 +120,8 @@ TEST_F(MutatedStyle, IsReadAndDrawnInTime)
             SourceDiagnostics diagnostics(false);
             const MapData data(style, SourceFolder(folder.Path().string()), view, diagnostics);
             MapCanvas canvas(plugin.Engine(), view);
-            Stopwatch evaluating;
-            DrawLayers(canvas, style, data, evaluating);
+            DrawingReport report;
+            DrawLayers(canvas, style, data, report);
             ++drawn;
         }
         catch (const std::exception& error)
