@@ -10,7 +10,7 @@
 #include <txgraphics/TXGraphicsEngine.h>
 #include <txmap/drawing/Canvas.h>
 #include <txmap/drawing/DrawingTools.h>
-#include <txmap/drawing/HaloCopies.h>
+#include <txmap/labels/HaloCopies.h>
 #include <txmap/labels/FaceChoice.h>
 #include <txmap/labels/FontCatalog.h>
 

@@ -15,9 +15,9 @@ namespace txmap
 /// join have the form that they have beside their neighbours.
 struct LineCluster
 {
-    TextPiece piece;      ///< Its origin is (0, 0).
+    TextPiece piece;      ///< Its origin is seen from the middle of its advance, on the line.
     double advance = 0.0; ///< In pixels.
-    bool upright = false; ///< In a column it stands upright.
+    bool upright = false; ///< An ideograph or the like: on a steep line it stands upright.
 };
 
 /// A text to be set along a line, of one line whatever its length.
@@ -26,7 +26,6 @@ struct LineText
     std::vector<LineCluster> clusters; ///< From the left as they are seen: right-to-left text in its order.
     double length = 0.0;               ///< In pixels, all clusters together.
     double size = 0.0;                 ///< That of the style.
-    double baseline = 0.0;             ///< How far the baseline lies below the line, in pixels.
 
     bool IsEmpty() const { return clusters.empty(); }
 };
@@ -66,7 +65,8 @@ struct FittedText
     bool turned = false; ///< Whether it runs against the direction of the line.
 };
 
-/// Sets a text along a line, in pixels of the picture.
+/// Sets a text along a line, in pixels of the picture. Ideographs go down a line that is steeper than it is wide, and
+/// stand upright, where texts are kept upright.
 /// @param anchor how far from the start of the line the middle of the text lies.
 /// @return nothing when the line is too short there, turns too much, or a number is not finite.
 std::optional<FittedText> FitAlong(const LineText& text, const PixelLine& line, double anchor, const LineFit& fit);

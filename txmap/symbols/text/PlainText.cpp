@@ -7,6 +7,7 @@
 #include <memory>
 
 #include <txmap/labels/LabelText.h>
+#include <txmap/symbols/text/LetterClasses.h>
 
 namespace txmap
 {
@@ -29,13 +30,6 @@ bool TurnsDirection(wchar_t c) { return (c >= 0x202A && c <= 0x202E) || (c >= 0x
 bool IsNoCharacter(wchar_t c)
 {
     return c < 0 || c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF) || (c & 0xFFFE) == 0xFFFE;
-}
-
-/// Characters that no other one combines with, whatever follows but for combining ones.
-bool StandsAlone(wchar_t c)
-{
-    return (c >= 0x20 && c < 0x300) || (c >= 0x3041 && c <= 0x3096) || (c >= 0x30A1 && c <= 0x30FA) ||
-           (c >= 0x3400 && c <= 0x9FFF) || (c >= 0x400 && c < 0x483) || (c >= 0x370 && c < 0x400);
 }
 
 } // namespace

@@ -3,111 +3,116 @@
 #include <algorithm>
 #include <cmath>
 
-#include <txgraphics/TXGraphicsEngine.h>
-#include <txmap/labels/LabelFonts.h>
-#include <txmap/symbols/text/SymbolFonts.h>
+#include <txgraphics/TXImage.h>
+#include <txmap/symbols/text/HaloImage.h>
 
 namespace txmap
 {
 
 using TZObjects::TXColor;
-using TZObjects::TXFont;
 using TZObjects::TXGraphics;
-using TZObjects::TXPen;
+using TZObjects::TXImage;
 using TZObjects::TXPoint;
+using TZObjects::TXRect;
 using TZObjects::TXRefPtr;
 
 namespace
 {
 
 constexpr double kRadians = M_PI / 180.0;
+constexpr double kFarthest = 1e6;
+// A halo is no wider than that part of the size, as in other renderers of the format, and its edge no softer.
+constexpr double kWidestHalo = 0.25;
+constexpr double kThinnestHalo = 1.0 / 64.0;
 
-TXColor ColorOf(const Color& color)
+/// @param opacity multiplies that of the color.
+TXColor Faded(const Color& color, double opacity)
 {
-    const auto channel = [](double value) { return static_cast<int>(std::lround(value * 255.0)); };
-    return {channel(color.red), channel(color.green), channel(color.blue), channel(color.alpha)};
+    const auto channel = [](double value)
+    { return std::isfinite(value) ? static_cast<int>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0)) : 0; };
+    return {channel(color.red), channel(color.green), channel(color.blue), channel(color.alpha * opacity)};
 }
+
+double Within(double value, double largest) { return std::isfinite(value) ? std::clamp(value, 0.0, largest) : 0.0; }
+
+bool IsNear(const TXPoint& point) { return std::abs(point.x) <= kFarthest && std::abs(point.y) <= kFarthest; }
+
+/// A point beside another one, in axes that are turned.
+TXPoint Turned(const TXPoint& about, double x, double y, double angle)
+{
+    // Upright text stays where it is, whatever cosines are.
+    if (angle == 0.0)
+        return {about.x + x, about.y + y};
+    const double cosine = std::cos(angle * kRadians);
+    const double sine = std::sin(angle * kRadians);
+    return {about.x + cosine * x - sine * y, about.y + sine * x + cosine * y};
+}
+
+bool IsPlaceable(const PlacedLetters& letters) { return IsNear(letters.origin) && std::isfinite(letters.angle); }
 
 } // namespace
 
-/// Letters in their place in the picture.
-struct TextPainter::Letters
-{
-    const TextPiece* piece;
-    TXPoint origin;
-    double angle;
-};
-
 TextPainter::TextPainter(TZObjects::TXGraphicsEngine& engine, TXGraphics& surface)
-    : engine(engine), surface(surface), wasCairo(surface.CairoDrawingEnabled())
+    : engine(engine), surface(surface), pencil(engine, surface)
 {
-    surface.Save();
-}
-
-TextPainter::~TextPainter()
-{
-    surface.EnableCairoDrawing(wasCairo);
-    surface.Restore();
+    const TXRefPtr<TXImage> image = surface.GetImage();
+    picture = image ? TXRect(0.0, image->GetWidth(), 0.0, image->GetHeight()) : TXRect();
 }
 
 void TextPainter::Draw(const TextBlock& block, const TXPoint& at, const TXPoint& origin, double angle,
                        const TextInk& ink)
 {
-    std::vector<Letters> letters;
-    const double cosine = std::cos(angle * kRadians);
-    const double sine = std::sin(angle * kRadians);
+    std::vector<PlacedLetters> letters;
     for (const TextPiece& piece : block.pieces)
     {
-        const double x = piece.origin.x - origin.x;
-        const double y = piece.origin.y - origin.y;
-        letters.push_back({&piece, {at.x + cosine * x - sine * y, at.y + sine * x + cosine * y}, angle + piece.angle});
+        const TXPoint place = Turned(at, piece.origin.x - origin.x, piece.origin.y - origin.y, angle);
+        letters.push_back({&piece, place, angle + piece.angle});
     }
-    DrawLetters(letters, ink);
+    Draw(letters, block.size, ink);
 }
 
 void TextPainter::Draw(const LineText& text, const FittedText& fitted, const TextInk& ink)
 {
-    std::vector<Letters> letters;
+    std::vector<PlacedLetters> letters;
     for (const FittedCluster& place : fitted.clusters)
     {
-        const LineCluster& cluster = text.clusters[place.cluster];
-        const double cosine = std::cos(place.angle * kRadians);
-        const double sine = std::sin(place.angle * kRadians);
-        const double x = -cluster.advance / 2.0;
-        const double y = text.baseline;
-        letters.push_back(
-            {&cluster.piece, {place.at.x + cosine * x - sine * y, place.at.y + sine * x + cosine * y}, place.angle});
+        const TextPiece& piece = text.clusters[place.cluster].piece;
+        letters.push_back({&piece, Turned(place.at, piece.origin.x, piece.origin.y, place.angle), place.angle});
     }
-    DrawLetters(letters, ink);
+    Draw(letters, text.size, ink);
 }
 
-void TextPainter::DrawLetters(const std::vector<Letters>& letters, const TextInk& ink)
+void TextPainter::Draw(const std::vector<PlacedLetters>& letters, double size, const TextInk& ink)
 {
-    surface.SetOpacity(ink.opacity);
-    for (const bool halo : {true, false})
-        for (const Letters& place : letters)
-        {
-            const int height = std::max(1, static_cast<int>(std::ceil(place.piece->size)));
-            const double scale = place.piece->size / height;
-            const TXRefPtr<TXFont> font = place.piece->face->Font(height);
-            const double ascent = place.piece->face->Ascent(height);
-            const Color& color = place.piece->color ? *place.piece->color : ink.color;
-            if (halo && ink.haloWidth <= 0.0)
-                continue;
-            font->SetFontHaloWidth(static_cast<int>(std::lround(2.0 * ink.haloWidth / scale)));
-            font->SetFontHaloColor(ColorOf(ink.haloColor));
-            surface.SelectFont(font);
-            TXRefPtr<TXPen> pen(engine.NewPen());
-            RequireLabel(pen && pen->Create(TXPen::SolidLine, 1.0, ColorOf(color), TXPen::RoundCap, TXPen::RoundJoin));
-            surface.SelectPen(pen);
-            RequireLabel(halo ? surface.DrawOutlineString(place.origin.x, place.origin.y, place.origin.x,
-                                                          place.origin.y - ascent, TXGraphics::TextAlignTop,
-                                                          TXGraphics::TextAlignLeft, place.piece->text,
-                                                          TXColor(0, 0, 0, 0), place.angle, 0.0, scale)
-                              : surface.DrawString(place.origin.x, place.origin.y, place.origin.x, place.origin.x,
-                                                   place.origin.y - ascent, place.origin.y, TXGraphics::TextAlignTop,
-                                                   TXGraphics::TextAlignLeft, place.piece->text, place.angle, scale));
-        }
+    const double opacity = Within(ink.opacity, 1.0);
+    if (letters.empty() || opacity <= 0.0 || !std::all_of(letters.begin(), letters.end(), IsPlaceable))
+        return;
+    DrawHalo(letters, size, ink);
+    for (const PlacedLetters& placed : letters)
+    {
+        const TXColor color = Faded(placed.piece->color.value_or(ink.color), opacity);
+        if (color.getA() > 0)
+            pencil.DrawLetters(placed, color);
+    }
+}
+
+void TextPainter::DrawHalo(const std::vector<PlacedLetters>& letters, double size, const TextInk& ink)
+{
+    const double width = Within(ink.haloWidth, kWidestHalo * size);
+    const double blur = Within(ink.haloBlur, kWidestHalo * size);
+    const double opacity = Within(ink.haloColor.alpha * ink.opacity, 1.0);
+    if (width < kThinnestHalo || opacity <= 0.0)
+        return;
+    Color opaque = ink.haloColor;
+    opaque.alpha = 1.0;
+    const LetterHalo halo{Faded(opaque, 1.0), width};
+    const auto showsUnder = [&](const PlacedLetters& placed)
+    { return !(placed.piece->color.value_or(ink.color).alpha * ink.opacity >= 1.0); };
+    const bool seesThrough = opacity < 1.0 || blur > 0.0 || std::any_of(letters.begin(), letters.end(), showsUnder);
+    if (seesThrough)
+        return DrawHaloImage(engine, surface, picture, letters, {halo, opacity, blur});
+    for (const PlacedLetters& placed : letters)
+        pencil.DrawHalo(placed, halo);
 }
 
 } // namespace txmap

@@ -1,8 +1,12 @@
 #pragma once
 
+#include <vector>
+
 #include <txbase/TXPoint.h>
+#include <txbase/TXRect.h>
 #include <txgraphics/TXGraphics.h>
 #include <txmap/style/Color.h>
+#include <txmap/symbols/text/LetterPencil.h>
 #include <txmap/symbols/text/LineText.h>
 #include <txmap/symbols/text/TextBlock.h>
 
@@ -21,21 +25,21 @@ struct TextInk
     double opacity = 1.0; ///< Of letters and halo.
     Color haloColor{0.0, 0.0, 0.0, 0.0};
     double haloWidth = 0.0; ///< How far it reaches beyond the letters, in pixels; at most a quarter of the size.
-    double haloBlur = 0.0;  ///< By how much its edge is washed out, in pixels.
+    double haloBlur = 0.0;  ///< By how much its edge is washed out, in pixels; at most a quarter of the size.
 };
 
-/// Draws texts on a surface. It leaves the surface as it found it when it ends: pen, font, opacity, text path.
+/// Draws texts on a surface with a selected image. It leaves the surface as it found it when it ends.
 ///
-/// Every operation throws a `Failure` with `ExitCode::Drawing` when the backend refuses. Numbers that are not finite
-/// draw nothing.
+/// A halo is drawn under all letters of a text. One that lets the map through is not seen through the letters: it is
+/// drawn on an image of its own, and the letters are cut out of it.
+///
+/// Every operation throws a `Failure` with `ExitCode::Drawing` when the backend refuses. What has numbers that are not
+/// finite, or lies farther from the picture than a million pixels, is not drawn.
 class TextPainter
 {
 public:
     /// Both must outlive the painter.
     TextPainter(TZObjects::TXGraphicsEngine& engine, TZObjects::TXGraphics& surface);
-    ~TextPainter();
-    TextPainter(const TextPainter&) = delete;
-    TextPainter& operator=(const TextPainter&) = delete;
 
     /// Draws the letters of a block; its pictures are the caller's.
     /// @param at where in the picture the origin comes to lie.
@@ -47,12 +51,13 @@ public:
     void Draw(const LineText& text, const FittedText& fitted, const TextInk& ink);
 
 private:
-    struct Letters;
-    void DrawLetters(const std::vector<Letters>& letters, const TextInk& ink);
+    void Draw(const std::vector<PlacedLetters>& letters, double size, const TextInk& ink);
+    void DrawHalo(const std::vector<PlacedLetters>& letters, double size, const TextInk& ink);
 
     TZObjects::TXGraphicsEngine& engine;
     TZObjects::TXGraphics& surface;
-    bool wasCairo;
+    TZObjects::TXRect picture;
+    LetterPencil pencil;
 };
 
 } // namespace txmap

@@ -24,14 +24,16 @@ enum class WritingMode
     Vertical ///< Columns from right to left: ideographs stand upright, all else is turned clockwise.
 };
 
-/// How a text is laid out. A size that is not above 0, or any number that is not finite, gives a block without letters.
+/// How a text is laid out. A size that is not above 0, and
+/// other numbers that are not finite, give a block without letters.
 struct TextStyle
 {
     std::vector<std::string> fontStack; ///< Names of faces, tried in order; see `SymbolFonts`.
     double size = 16.0;                 ///< In pixels of the picture; fractions count.
     double letterSpacing = 0.0;         ///< In ems. Texts with letters that join ignore it.
     double lineHeight = 1.2;            ///< In ems.
-    double maxWidth = 10.0;             ///< In ems. With 0 and less no line is broken.
+    double maxWidth = 10.0;             ///< In ems. 0 breaks lines wherever it can, a negative number and
+                                        ///< infinity only where the text has line breaks.
     TextJustify justify = TextJustify::Center;
     WritingMode mode = WritingMode::Horizontal;
     TextPath engine = TextPath::Qt; ///< What measures and draws.
