@@ -103,17 +103,30 @@ void KeepProportions(const SpritePicture& picture, double proportion, Interval& 
         grow(down, across.Length() / proportion);
 }
 
+IconShape ShapeBox(double width, double height, const std::string& anchor, const std::array<double, 2>& offset,
+                   double scale)
+{
+    const AnchorAlignment alignment = AlignmentOf(anchor);
+    const double left = (offset[0] - width * alignment.left) * scale;
+    const double top = (offset[1] - height * alignment.above) * scale;
+    return {nullptr, {{left, 0.0}, {left + width * scale, 1.0}}, {{top, 0.0}, {top + height * scale, 1.0}}};
+}
+
 } // namespace
 
 IconShape ShapeIcon(const SpritePicture& picture, const std::string& anchor, const std::array<double, 2>& offset,
                     double scale)
 {
-    const AnchorAlignment alignment = AlignmentOf(anchor);
-    const double left = (offset[0] - picture.Width() * alignment.left) * scale;
-    const double top = (offset[1] - picture.Height() * alignment.above) * scale;
-    return {&picture,
-            {{left, 0.0}, {left + picture.Width() * scale, 1.0 * picture.pixels.size.width}},
-            {{top, 0.0}, {top + picture.Height() * scale, 1.0 * picture.pixels.size.height}}};
+    IconShape shape = ShapeBox(picture.Width(), picture.Height(), anchor, offset, scale);
+    shape.picture = &picture;
+    shape.across.back().picture = picture.pixels.size.width;
+    shape.down.back().picture = picture.pixels.size.height;
+    return shape;
+}
+
+IconShape ShapeMark(double size, const std::string& anchor, const std::array<double, 2>& offset, double scale)
+{
+    return ShapeBox(size, size, anchor, offset, scale);
 }
 
 IconShape FitIcon(const SpritePicture& picture, const IconTextFit& fit)

@@ -23,7 +23,7 @@ struct IconStop
 /// in rising order. Between two stops it is stretched evenly.
 struct IconShape
 {
-    const SpritePicture* picture = nullptr;
+    const SpritePicture* picture = nullptr; ///< Null for a character of a font.
     std::vector<IconStop> across;
     std::vector<IconStop> down;
 
@@ -39,6 +39,9 @@ struct IconShape
 /// @param scale pixels of the map for each logical one of the icon.
 IconShape ShapeIcon(const SpritePicture& picture, const std::string& anchor, const std::array<double, 2>& offset,
                     double scale);
+
+/// The same for an icon without a picture that is so many logical pixels wide and high.
+IconShape ShapeMark(double size, const std::string& anchor, const std::array<double, 2>& offset, double scale);
 
 /// An icon that is laid around a text.
 struct IconTextFit

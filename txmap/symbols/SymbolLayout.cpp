@@ -11,6 +11,7 @@
 #include <txmap/symbols/LineAnchors.h>
 #include <txmap/symbols/LineTiles.h>
 #include <txmap/symbols/PoleOfInaccessibility.h>
+#include <txmap/symbols/RepeatedTexts.h>
 #include <txmap/symbols/SymbolCandidates.h>
 #include <txmap/symbols/text/MergeLines.h>
 
@@ -28,32 +29,6 @@ constexpr double kTileSize = 512.0;
 constexpr double kAnchorMargin = 512.0;
 // How exact the place in an area is found, in logical pixels.
 constexpr double kPolePrecision = 2.0;
-
-/// Finds out which texts are too close to the same text in the same tile.
-class RepeatedTexts
-{
-public:
-    explicit RepeatedTexts(double distance) : distance(distance) {}
-
-    /// True if it is none of those.
-    bool Add(const std::string& text, const TXPoint& point)
-    {
-        const auto cell = [&](double value) { return std::floor(value / distance); };
-        std::map<std::pair<double, double>, std::vector<TXPoint>>& known = texts[text];
-        for (double x = cell(point.x) - 1.0; x <= cell(point.x) + 1.0; x += 1.0)
-            for (double y = cell(point.y) - 1.0; y <= cell(point.y) + 1.0; y += 1.0)
-                if (const auto found = known.find({x, y}); found != known.end())
-                    for (const TXPoint& other : found->second)
-                        if (std::hypot(other.x - point.x, other.y - point.y) < distance)
-                            return false;
-        known[{cell(point.x), cell(point.y)}].push_back(point);
-        return true;
-    }
-
-private:
-    double distance;
-    std::map<std::string, std::map<std::pair<double, double>, std::vector<TXPoint>>> texts;
-};
 
 MercatorBox BoundsOf(const FeatureSet& set, const SetFeature& feature)
 {
@@ -318,6 +293,9 @@ private:
             instance.fittedText = content->columnText;
             fitted = FitAlong(*content->columnText, pixels, distance, fit);
         }
+        if (fitted && layout.properties.textRotationAlignment == "viewport-glyph")
+            for (FittedCluster& cluster : fitted->clusters)
+                cluster.angle = 0.0;
         if (fitted)
             instance.fitted = &layout.fittedTexts.emplace_back(std::move(*fitted));
     }

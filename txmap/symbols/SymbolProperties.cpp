@@ -99,11 +99,12 @@ SymbolProperties::SymbolProperties(const StyleLayer& layer, const EvaluationCont
     textRotationAlignment = constants.Of<std::string>("text-rotation-alignment", "auto");
     textEngine = layer.textThroughCairo ? TextPath::Cairo : TextPath::Qt;
     textIsVertical = layer.textIsVertical;
+    hasMark = !layer.markCharacter.empty();
 }
 
 bool SymbolProperties::TextFollowsLine() const
 {
-    return stand != SymbolStand::Point && (textRotationAlignment == "map" || textRotationAlignment == "auto");
+    return stand != SymbolStand::Point && textRotationAlignment != "viewport";
 }
 
 bool SymbolProperties::TextTurnsWithMap() const

@@ -77,6 +77,7 @@ struct SymbolProperties
 
     TextPath textEngine = TextPath::Qt;
     bool textIsVertical = false; ///< All texts stand in columns.
+    bool hasMark = false;        ///< A character of a font is the icon of features without a picture.
 
     bool TextFollowsLine() const;
     bool TextTurnsWithMap() const;

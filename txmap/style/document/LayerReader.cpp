@@ -35,6 +35,10 @@ constexpr MemberRule kTextMetadata[] = {
     {"txmap:text-engine", "enum", "qt cairo"},
     {"txmap:vertical", "boolean"},
 };
+constexpr MemberRule kFontMarker[] = {
+    {"font", "string", "", "", Varies::Never, -MemberRule::kNone, MemberRule::kNone, true},
+    {"character", "string", "", "", Varies::Never, -MemberRule::kNone, MemberRule::kNone, true},
+};
 
 bool EndsWith(const std::string& text, const std::string& end)
 {
@@ -136,6 +140,7 @@ private:
             layer.metadata = *metadata;
             ReadHatch(PointerTo(pointer, "metadata"), layer);
             ReadTextMetadata(PointerTo(pointer, "metadata"), layer);
+            ReadFontMarker(PointerTo(pointer, "metadata"), layer);
         }
         if (const auto filter = json->find("filter"); filter != json->end())
             layer.filter = WithoutState(ReadFilter(*filter, PointerTo(pointer, "filter"), problems),
@@ -186,6 +191,30 @@ private:
                 continue;
             layer.textThroughCairo = layer.textThroughCairo || *found == "cairo";
             layer.textIsVertical = layer.textIsVertical || *found == true;
+        }
+    }
+
+    /// A character of a font that stands for a picture of a sprite.
+    void ReadFontMarker(const std::string& pointer, StyleLayer& layer)
+    {
+        const auto marker = layer.metadata.find("txmap:font-marker");
+        if (marker == layer.metadata.end())
+            return;
+        const std::string place = PointerTo(pointer, "txmap:font-marker");
+        const std::size_t before = problems.Count();
+        if (!RequireKind(*marker, "object", place, problems))
+            return;
+        CheckMembers(*marker, ListOf(kFontMarker), place, problems, OtherMembers::Refused);
+        if (layer.type != LayerType::Symbol)
+            problems.Add(place, "only layers of type symbol have icons");
+        if (problems.Count() > before)
+            return;
+        layer.markFont = TextOf(*marker, "font");
+        layer.markCharacter = TextOf(*marker, "character");
+        if (CountCharacters(layer.markCharacter) != 1)
+        {
+            problems.Add(PointerTo(place, "character"), "one character is expected");
+            layer.markCharacter.clear();
         }
     }
 

@@ -30,6 +30,8 @@ struct StyleLayer
     std::string hatch; ///< What the metadata say that areas are hatched with; empty for nothing.
     bool textThroughCairo = false; ///< Whether the metadata say that cairo draws texts.
     bool textIsVertical = false;   ///< Whether the metadata say that texts stand in columns.
+    std::string markFont;          ///< The font of a character that the metadata say is an icon; empty for none.
+    std::string markCharacter;     ///< The character.
 
     /// A property, or null if it is not set and has no default.
     const Expression* Find(const std::string& name) const
