@@ -17,6 +17,8 @@ namespace
 {
 
 constexpr double kEm = 24.0;
+// How large characters are that stand for icons, in logical pixels.
+constexpr double kMarkSize = 24.0;
 
 TextJustify JustifyFor(const std::string& justify, const std::string& anchor)
 {
@@ -247,18 +249,19 @@ void SymbolContents::AddIcon(const EvaluationContext& context, SymbolContent& co
 {
     const std::string name = properties.iconImage.At(context);
     const SpritePicture* const picture = name.empty() ? nullptr : sprites.Find(name);
-    const double size = picture ? properties.iconSize.At(context) : 0.0;
+    const double size = picture || properties.hasMark ? properties.iconSize.At(context) : 0.0;
     if (!(size > 0.0))
         return;
     content.iconScale = size * scale;
     // Icons count as if they were texts of this many pixels a letter.
-    content.anchorLength = std::max(content.anchorLength, picture->Width() * content.anchorSize / kEm);
+    content.anchorLength =
+        std::max(content.anchorLength, (picture ? picture->Width() : kMarkSize) * content.anchorSize / kEm);
     content.iconRotate = properties.iconRotate.At(context);
     content.iconPadding = properties.iconPadding.At(context);
     const std::string alignment = properties.iconRotationAlignment.At(context);
     content.iconFollowsLine = properties.stand != SymbolStand::Point && alignment != "viewport";
     content.iconTurnsWithMap = properties.stand == SymbolStand::Point && alignment == "map";
-    if (properties.FitsIconToText() && !content.places.empty())
+    if (picture && properties.FitsIconToText() && !content.places.empty())
     {
         const TextPlace& place = content.places.front();
         const double x = content.iconMovesWithText ? 0.0 : place.centre.x;
@@ -278,8 +281,10 @@ void SymbolContents::AddIcon(const EvaluationContext& context, SymbolContent& co
         return;
     }
     content.iconMovesWithText = false;
-    content.icon =
-        ShapeIcon(*picture, properties.iconAnchor.At(context), properties.iconOffset.At(context), content.iconScale);
+    const std::string anchor = properties.iconAnchor.At(context);
+    const std::array<double, 2> offset = properties.iconOffset.At(context);
+    content.icon = picture ? ShapeIcon(*picture, anchor, offset, content.iconScale)
+                           : ShapeMark(kMarkSize, anchor, offset, content.iconScale);
 }
 
 const TextBlock& SymbolContents::BlockOf(const std::vector<TextSection>& sections, const TextStyle& style)

@@ -3,8 +3,12 @@
 #include <cmath>
 #include <optional>
 
+#include <txgraphics/TXFont.h>
+#include <txgraphics/TXGraphicsEngine.h>
+#include <txmap/drawing/DrawingTools.h>
 #include <txmap/drawing/layers/IconPainter.h>
 #include <txmap/drawing/layers/PlacedSymbols.h>
+#include <txmap/labels/HaloCopies.h>
 #include <txmap/sources/Sprites.h>
 #include <txmap/style/document/LayerProperty.h>
 #include <txmap/symbols/SymbolCandidates.h>
@@ -13,7 +17,10 @@
 namespace txmap
 {
 
+using TZObjects::TXFont;
 using TZObjects::TXPoint;
+using TZObjects::TXRefPtr;
+using TZObjects::TXString;
 
 namespace
 {
@@ -57,6 +64,8 @@ public:
         : scene(scene), placed(placed), layout(*placed.layout), context(scene.Context()), icons(scene.canvas),
           text(scene, "text"), icon(scene, "icon")
     {
+        if (!scene.layer.markCharacter.empty())
+            markCharacter = TXString(scene.layer.markCharacter).toStdWString()[0];
     }
 
     void Draw()
@@ -106,10 +115,11 @@ private:
         attributes->Select(*instance.feature);
     }
 
-    IconInk InkOfIcon(const SpritePicture& picture)
+    /// @param picture null for a character.
+    IconInk InkOfIcon(const SpritePicture* picture)
     {
         IconInk ink;
-        if (!picture.isDistanceField)
+        if (picture && !picture->isDistanceField)
             return ink;
         ink.color = icon.color.At(context);
         ink.haloColor = icon.haloColor.At(context);
@@ -125,11 +135,43 @@ private:
         if (content.iconMovesWithText && verdict.choice < content.places.size())
             at = Sum(at, content.places[verdict.choice].centre);
         scene.evaluating.Start();
-        const IconInk ink = InkOfIcon(*content.icon->picture);
+        const IconInk ink = InkOfIcon(content.icon->picture);
         const double opacity = icon.opacity.At(context);
         scene.evaluating.Stop();
-        icons.Draw(*content.icon, at, IconAngle(layout.properties, instance, scene.canvas.View()), content.iconScale,
-                   ink, opacity);
+        const double angle = IconAngle(layout.properties, instance, scene.canvas.View());
+        if (content.icon->picture)
+            icons.Draw(*content.icon, at, angle, content.iconScale, ink, opacity);
+        else
+            DrawMark(*content.icon, at, angle, ink, opacity);
+    }
+
+    /// A character of a font, in the middle of an icon's place.
+    void DrawMark(const IconShape& shape, const TXPoint& at, double angle, const IconInk& ink, double opacity)
+    {
+        const TZObjects::TXRect box = shape.Box();
+        const TXPoint centre = Sum(at, Turned({(box.left + box.right) / 2.0, (box.top + box.bottom) / 2.0}, angle));
+        const double height = box.bottom - box.top;
+        if (!markFont)
+        {
+            // A font of its own, as the markers leave their size and face in it.
+            markFont = TXRefPtr<TXFont>(scene.canvas.Engine().NewFont());
+            RequireDrawn(markFont && markFont->Create());
+        }
+        scene.canvas.Surface().SelectFont(markFont);
+        const auto draw = [&](const Color& color, const TXPoint& by)
+        {
+            PenLook pen;
+            pen.color = color;
+            pen.color.alpha *= opacity;
+            scene.canvas.UsePen(pen);
+            RequireDrawn(scene.canvas.Surface().FontMarker(centre.x + by.x, centre.y + by.y, height, height, angle,
+                                                           TXString(scene.layer.markFont),
+                                                           static_cast<short>(markCharacter)));
+        };
+        if (ink.haloWidth > 0.0 && ink.haloColor.alpha > 0.0)
+            for (const TXPoint& by : HaloCopies(ink.haloWidth * scene.Scale()))
+                draw(ink.haloColor, by);
+        draw(ink.color, {});
     }
 
     TextInk InkOfText()
@@ -191,6 +233,8 @@ private:
     IconPainter icons;
     PartPaint text;
     PartPaint icon;
+    TXRefPtr<TXFont> markFont;
+    wchar_t markCharacter = 0;
 };
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <txmap/style/document/PropertyReader.h>
 #include <txmap/style/document/StyleReader.h>
 #include <txmap/style/document/ValueCheck.h>
+#include <txmap/style/operators/Utf8.h>
 
 namespace txmap
 {

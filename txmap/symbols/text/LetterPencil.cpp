@@ -49,7 +49,7 @@ struct LetterPencil::Size
             return {static_cast<int>(std::max(1.0, std::round(piece.size))), 1.0};
         double height = std::clamp(std::ceil(piece.size), 1.0, kHighestFont);
         const double wide = stroke * height / piece.size;
-        if (std::abs(wide - std::max(1.0, std::round(wide))) > kStrokeError)
+        if (stroke > 0.0 && std::abs(wide - std::max(1.0, std::round(wide))) > kStrokeError)
             height = std::clamp(std::round(piece.size * kFinerFont), 1.0, kHighestFont);
         return {static_cast<int>(height), piece.size / height};
     }

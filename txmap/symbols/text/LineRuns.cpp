@@ -100,11 +100,14 @@ private:
     wchar_t ColumnFormAt(std::size_t i) const
     {
         const wchar_t form = ColumnForm(text.letters[i]);
-        const auto stands = [&](std::size_t at)
-        { return at >= line.begin && at < line.end && StandsUpright(text.letters[at]); };
-        const bool amongUpright = stands(i) || stands(i + 1) || (i > 0 && stands(i - 1));
-        return form != text.letters[i] && amongUpright && FontCatalog::HasCharacter(static_cast<char32_t>(form)) ? form
-                                                                                                                 : 0;
+        // Beside turned letters brackets are turned like them.
+        const auto isTurned = [&](std::size_t at)
+        {
+            return at >= line.begin && at < line.end && !StandsUpright(text.letters[at]) &&
+                   ColumnForm(text.letters[at]) == text.letters[at];
+        };
+        const bool isKept = form == text.letters[i] || isTurned(i + 1) || (i > 0 && isTurned(i - 1));
+        return !isKept && FontCatalog::HasCharacter(static_cast<char32_t>(form)) ? form : 0;
     }
 
     LineRun RunOf(const Slice& slice) const

@@ -19,9 +19,9 @@ using TZObjects::TXRefPtr;
 namespace
 {
 
-// Backends round what letters measure to whole pixels, though they draw them at parts of pixels. In a font of this size
-// that does not count.
-constexpr int kMeasuredHeight = 512;
+// Backends round what letters measure to whole pixels, though they draw them at parts of pixels. In a font of this
+// size, in which faces are designed, that does not count.
+constexpr int kMeasuredHeight = 2048;
 
 void Require(bool done)
 {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <txmap/labels/LabelText.h>
 #include <txmap/symbols/text/LetterClasses.h>
 #include <txmap/symbols/text/LineRuns.h>
 #include <txmap/symbols/text/PlainText.h>
@@ -154,6 +155,8 @@ private:
 
     void AddLetters(const LineRun& run, const TXPoint& origin, double angle)
     {
+        if (std::all_of(run.letters.begin(), run.letters.end(), [](wchar_t c) { return IsBlank(c) || IsShapeless(c); }))
+            return;
         TextPiece piece = PieceOf(run, text, style);
         piece.origin = {origin.x * style.size, origin.y * style.size};
         piece.angle = angle;
