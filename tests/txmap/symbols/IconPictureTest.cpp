@@ -37,7 +37,7 @@ protected:
                 const double inside = 4.0 - std::max(std::abs(x - 11.5), std::abs(y - 11.5));
                 sprite->SetPixel(8 + x, y, {0, 0, 0, static_cast<int>(std::clamp(192.0 + 32.0 * inside, 0.0, 255.0))});
             }
-        sprite->Save(TXString((folder / "sprite.png").string()));
+        sprite->Save(TXString(folder / "sprite.png"));
     }
 
     static TXColor ColorAt(int x, int y)
@@ -221,4 +221,25 @@ TEST_F(IconPicture, StrangeNumbersDrawNothingOrSomething)
         Icon(std::string(kBoard) + ", " + strange);
     EXPECT_EQ(Drawn(Icon(R"("icon-image": "nothing")")), 0u);
     EXPECT_EQ(Drawn(Icon(R"("icon-image": "board", "icon-size": 0)")), 0u);
+}
+
+TEST_F(IconPicture, CharactersOfFontsAreIcons)
+{
+    const std::vector<unsigned> mark =
+        Styled(R"({"type": "Point", "coordinates": )" + Place(100, 100) + "}",
+               R"({"id": "i", "type": "symbol", "source": "s", "layout": {"icon-size": 2, "icon-rotate": 30},
+                   "paint": {"icon-color": "#ff0000", "icon-opacity": 0.4},
+                   "metadata": {"txmap:font-marker": {"font": "DejaVu Sans", "character": "★"}}})");
+    EXPECT_GT(Drawn(mark), 100u);
+    EXPECT_EQ(Differing(mark, Direct(
+                                  [&](TXGraphics& surface)
+                                  {
+                                      const TXRefPtr<TXFont> font(plugin.Engine().NewFont());
+                                      font->Create();
+                                      surface.SelectFont(font);
+                                      surface.SelectPen(Pen({255, 0, 0, 102}, 1.0));
+                                      surface.FontMarker(100.0, 100.0, 48.0, 48.0, 30.0, TXString("DejaVu Sans"),
+                                                         static_cast<short>(0x2605));
+                                  })),
+              0u);
 }
