@@ -1,6 +1,7 @@
 #include <txmap/symbols/text/HaloImage.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include <txgraphics/TXGraphicsEngine.h>
@@ -29,7 +30,6 @@ constexpr double kInkBelow = 0.7;
 // The renderers of the format let opacity rise along the distance to the edge, by a smooth step of this half width
 // times the blur. A bell curve of the same spread is narrower by the root of five.
 constexpr double kBlurWidth = 1.19 / 2.2360679774997896;
-constexpr int kBlurPasses = 3;
 
 /// The box that holds the ink of letters.
 TXRect InkBox(const std::vector<PlacedLetters>& letters, double margin)
@@ -54,33 +54,45 @@ TXRect InkBox(const std::vector<PlacedLetters>& letters, double margin)
     return box;
 }
 
-/// Blurs a row or column with a box of a width that need not be whole.
-void BlurLine(float* values, int count, int step, double radius, std::vector<float>& copy)
+/// The weights of a bell curve from its middle to where it ends.
+std::vector<float> BellCurve(double spread)
 {
-    const int whole = static_cast<int>(radius);
-    const auto edge = static_cast<float>(radius - whole);
-    const auto weight = static_cast<float>(1.0 / (2.0 * radius + 1.0));
-    copy.resize(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-        copy[static_cast<std::size_t>(i)] = values[static_cast<std::ptrdiff_t>(i) * step];
-    const auto at = [&](int i) { return i < 0 || i >= count ? 0.0F : copy[static_cast<std::size_t>(i)]; };
-    float sum = 0.0F;
-    for (int i = 0; i < whole; ++i)
-        sum += at(i);
-    for (int i = 0; i < count; ++i)
+    std::vector<float> weights;
+    double sum = 0.0;
+    const int reach = static_cast<int>(std::ceil(3.0 * spread));
+    for (int i = 0; i <= reach; ++i)
     {
-        sum += at(i + whole);
-        values[static_cast<std::ptrdiff_t>(i) * step] = (sum + edge * (at(i - whole - 1) + at(i + whole + 1))) * weight;
-        sum -= at(i - whole);
+        weights.push_back(static_cast<float>(std::exp(-0.5 * i * i / (spread * spread))));
+        sum += weights.back() * (i == 0 ? 1.0 : 2.0);
+    }
+    for (float& weight : weights)
+        weight = static_cast<float>(weight / sum);
+    return weights;
+}
+
+/// Adds a row to another one, with a weight.
+void AddRow(const float* from, float weight, int count, float* to)
+{
+    for (int i = 0; i < count; ++i)
+        to[i] += weight * from[i];
+}
+
+/// The row with each value spread over its neighbours.
+void BlurRow(const float* row, int width, const std::vector<float>& weights, float* blurred)
+{
+    const int reach = static_cast<int>(weights.size()) - 1;
+    for (int step = std::max(-reach, 1 - width); step <= std::min(reach, width - 1); ++step)
+    {
+        const int from = std::max(0, step);
+        const int to = std::min(width, width + step);
+        AddRow(row + from, weights[static_cast<std::size_t>(std::abs(step))], to - from, blurred + from - step);
     }
 }
 
-std::uint32_t Premultiplied(const TXColor& color, float alpha)
+std::uint32_t Premultiplied(const TXColor& color, unsigned alpha)
 {
-    const auto channel = [alpha](unsigned char value)
-    { return static_cast<std::uint32_t>(std::lround(static_cast<float>(value) * alpha)); };
-    return static_cast<std::uint32_t>(std::lround(255.0F * alpha)) << 24 | channel(color.getR()) << 16 |
-           channel(color.getG()) << 8 | channel(color.getB());
+    const auto channel = [alpha](unsigned char value) { return (value * alpha + 127U) / 255U; };
+    return alpha << 24U | channel(color.getR()) << 16U | channel(color.getG()) << 8U | channel(color.getB());
 }
 
 /// The pixels of an image, and the surface that paints on it.
@@ -154,21 +166,25 @@ void BlurAlpha(std::vector<std::uint32_t>& pixels, int width, int height, double
 {
     if (!(blur > 0.0))
         return;
-    const double spread = kBlurWidth * blur;
-    const double radius = (std::sqrt(4.0 * spread * spread + 1.0) - 1.0) / 2.0;
+    const std::vector<float> weights = BellCurve(kBlurWidth * blur);
+    const int reach = static_cast<int>(weights.size()) - 1;
     std::vector<float> alpha(pixels.size());
     std::transform(pixels.begin(), pixels.end(), alpha.begin(),
-                   [](std::uint32_t pixel) { return static_cast<float>(pixel >> 24) / 255.0F; });
-    std::vector<float> copy;
-    for (int pass = 0; pass < kBlurPasses; ++pass)
-    {
-        for (int y = 0; y < height; ++y)
-            BlurLine(&alpha[static_cast<std::size_t>(y) * static_cast<std::size_t>(width)], width, 1, radius, copy);
-        for (int x = 0; x < width; ++x)
-            BlurLine(&alpha[static_cast<std::size_t>(x)], height, width, radius, copy);
-    }
+                   [](std::uint32_t pixel) { return static_cast<float>(pixel >> 24U); });
+    const auto rowOf = [width](std::vector<float>& values, int y)
+    { return &values[static_cast<std::size_t>(y) * static_cast<std::size_t>(width)]; };
+    std::vector<float> rows(pixels.size());
+    for (int y = 0; y < height; ++y)
+        BlurRow(rowOf(alpha, y), width, weights, rowOf(rows, y));
+    std::fill(alpha.begin(), alpha.end(), 0.5F);
+    for (int y = 0; y < height; ++y)
+        for (int from = std::max(0, y - reach); from <= std::min(height - 1, y + reach); ++from)
+            AddRow(rowOf(rows, from), weights[static_cast<std::size_t>(std::abs(y - from))], width, rowOf(alpha, y));
+    std::array<std::uint32_t, 256> colors{};
+    for (unsigned i = 0; i < colors.size(); ++i)
+        colors[i] = Premultiplied(color, i);
     std::transform(alpha.begin(), alpha.end(), pixels.begin(),
-                   [&](float value) { return Premultiplied(color, std::clamp(value, 0.0F, 1.0F)); });
+                   [&](float value) { return colors[std::min<std::size_t>(255, static_cast<std::size_t>(value))]; });
 }
 
 } // namespace txmap

@@ -18,6 +18,7 @@ using TZObjects::TXGraphics;
 using TZObjects::TXPen;
 using TZObjects::TXPoint;
 using TZObjects::TXRefPtr;
+using TZObjects::TXString;
 
 namespace
 {
@@ -31,7 +32,23 @@ constexpr double kStrokeError = 1.0 / 64.0;
 // outlines elsewhere, which backends keep.
 constexpr double kPlaces = 256.0;
 
-double Rounded(double coordinate) { return std::round(coordinate * kPlaces) / kPlaces; }
+TXPoint Rounded(const TXPoint& point)
+{
+    return {std::round(point.x * kPlaces) / kPlaces, std::round(point.y * kPlaces) / kPlaces};
+}
+
+/// Calls for what is drawn in one go, and where: the whole text, or each of its letters.
+template <class Call>
+void ForEachText(const PlacedLetters& letters, Call call)
+{
+    if (letters.piece->letters.empty())
+        return call(letters.piece->text, Rounded(letters.origin));
+    const double radians = letters.angle * M_PI / 180.0;
+    const TXPoint along = letters.angle == 0.0 ? TXPoint(1.0, 0.0) : TXPoint(std::cos(radians), std::sin(radians));
+    for (const PieceLetter& letter : letters.piece->letters)
+        call(*letter.text,
+             Rounded({letters.origin.x + along.x * letter.left, letters.origin.y + along.y * letter.left}));
+}
 
 } // namespace
 
@@ -74,30 +91,26 @@ void LetterPencil::DrawLetters(const PlacedLetters& letters, const TXColor& colo
     const Size size = Size::For(*letters.piece, 0.0);
     Use(*letters.piece, size);
     UsePen(color);
-    Draw(letters, size, letters.origin);
+    Draw(letters, size);
 }
 
 void LetterPencil::DrawHalo(const PlacedLetters& letters, const LetterHalo& halo)
 {
     if (letters.piece->face->Path() == TextPath::Qt)
-        return Outline(letters, halo, TXColor(0, 0, 0, 0));
+        return Outline(letters, halo);
     // Its strokes have spikes where letters have sharp corners.
     const Size size = Size::For(*letters.piece, 0.0);
     Use(*letters.piece, size);
     UsePen(halo.color);
+    PlacedLetters copy = letters;
     for (const TXPoint& moved : HaloCopies(halo.width))
-        Draw(letters, size, {letters.origin.x + moved.x, letters.origin.y + moved.y});
+    {
+        copy.origin = {letters.origin.x + moved.x, letters.origin.y + moved.y};
+        Draw(copy, size);
+    }
 }
 
-void LetterPencil::DrawWithHalo(const PlacedLetters& letters, const LetterHalo& halo, const TXColor& color)
-{
-    if (letters.piece->face->Path() == TextPath::Qt)
-        return Outline(letters, halo, color);
-    DrawHalo(letters, halo);
-    DrawLetters(letters, color);
-}
-
-void LetterPencil::Outline(const PlacedLetters& letters, const LetterHalo& halo, const TXColor& color)
+void LetterPencil::Outline(const PlacedLetters& letters, const LetterHalo& halo)
 {
     const TextPiece& piece = *letters.piece;
     // Half of a stroke lies within the letters.
@@ -106,19 +119,26 @@ void LetterPencil::Outline(const PlacedLetters& letters, const LetterHalo& halo,
     wanted->SetFontHaloWidth(std::max(1, static_cast<int>(std::lround(2.0 * halo.width / size.scale))));
     wanted->SetFontHaloColor(halo.color);
     Use(piece, size);
-    const TXPoint at{Rounded(letters.origin.x), Rounded(letters.origin.y)};
-    RequireLabel(surface.DrawOutlineString(at.x, at.y, at.x, at.y - piece.face->Ascent(size.height),
-                                           TXGraphics::TextAlignTop, TXGraphics::TextAlignLeft, piece.text, color,
-                                           letters.angle, 0.0, size.scale));
+    const double ascent = piece.face->Ascent(size.height);
+    ForEachText(letters,
+                [&](const TXString& text, const TXPoint& at)
+                {
+                    RequireLabel(surface.DrawOutlineString(at.x, at.y, at.x, at.y - ascent, TXGraphics::TextAlignTop,
+                                                           TXGraphics::TextAlignLeft, text, TXColor(0, 0, 0, 0),
+                                                           letters.angle, 0.0, size.scale));
+                });
 }
 
-void LetterPencil::Draw(const PlacedLetters& letters, const Size& size, const TXPoint& origin)
+void LetterPencil::Draw(const PlacedLetters& letters, const Size& size)
 {
-    const TextPiece& piece = *letters.piece;
-    const TXPoint at{Rounded(origin.x), Rounded(origin.y)};
-    RequireLabel(surface.DrawString(at.x, at.y, at.x, at.x, at.y - piece.face->Ascent(size.height), at.y,
-                                    TXGraphics::TextAlignTop, TXGraphics::TextAlignLeft, piece.text, letters.angle,
-                                    size.scale));
+    const double ascent = letters.piece->face->Ascent(size.height);
+    ForEachText(letters,
+                [&](const TXString& text, const TXPoint& at)
+                {
+                    RequireLabel(surface.DrawString(at.x, at.y, at.x, at.x, at.y - ascent, at.y,
+                                                    TXGraphics::TextAlignTop, TXGraphics::TextAlignLeft, text,
+                                                    letters.angle, size.scale));
+                });
 }
 
 void LetterPencil::Use(const TextPiece& piece, const Size& size)

@@ -45,13 +45,11 @@ public:
     void DrawLetters(const PlacedLetters& letters, const TZObjects::TXColor& color);
     /// Draws the halo alone, and what lies under the letters with it.
     void DrawHalo(const PlacedLetters& letters, const LetterHalo& halo);
-    /// Draws both in one go. Where outlines of letters overlap, letters have holes.
-    void DrawWithHalo(const PlacedLetters& letters, const LetterHalo& halo, const TZObjects::TXColor& color);
 
 private:
     struct Size;
-    void Outline(const PlacedLetters& letters, const LetterHalo& halo, const TZObjects::TXColor& color);
-    void Draw(const PlacedLetters& letters, const Size& size, const TZObjects::TXPoint& at);
+    void Outline(const PlacedLetters& letters, const LetterHalo& halo);
+    void Draw(const PlacedLetters& letters, const Size& size);
     void Use(const TextPiece& piece, const Size& size);
     void UsePath(TextPath path);
     void UsePen(const TZObjects::TXColor& color);

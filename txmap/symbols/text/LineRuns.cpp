@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <txmap/labels/FontCatalog.h>
+#include <txmap/labels/LabelText.h>
 #include <txmap/symbols/text/LetterClasses.h>
 #include <txmap/symbols/text/PlainText.h>
 #include <txmap/symbols/text/SymbolFonts.h>
@@ -124,14 +125,39 @@ private:
         const std::wstring letters = text.letters.substr(slice.begin, slice.end - slice.begin);
         const wchar_t form = slice.upright ? ColumnFormAt(slice.begin) : 0;
         run.letters = form != 0 ? std::wstring(1, form) : Shown(letters, slice.end == line.end);
-        run.overlaps = !std::all_of(letters.begin(), letters.end(), StandsAlone);
+        const bool areApart = style.engine == TextPath::Qt && !text.rightToLeft && !slice.upright &&
+                              std::all_of(run.letters.begin(), run.letters.end(), StandsAlone);
+        if (areApart)
+            SetApart(run);
+        else
+            MeasureWhole(run, slice);
+        return run;
+    }
+
+    void MeasureWhole(LineRun& run, const Slice& slice) const
+    {
+        const double spaces = static_cast<double>(LetterEnds(run.letters).size()) - 1.0;
         if (text.rightToLeft)
             run.letters.insert(run.letters.begin(), DirectionMark(slice.rightToLeft));
-        const double advance = run.look->face->KeptAdvance(PlainText(run.letters, style.engine));
-        run.width = advance * run.look->scale;
-        if (text.spacing != 0.0 && !slice.upright)
-            run.width += text.spacing * (static_cast<double>(LetterEnds(letters).size()) - 1.0);
-        return run;
+        run.width = run.look->face->KeptAdvance(PlainText(run.letters, style.engine)) * run.look->scale;
+        if (!slice.upright)
+            run.width += text.spacing * spaces;
+    }
+
+    /// Places each letter of a run as it would stand in it, kerned.
+    void SetApart(LineRun& run) const
+    {
+        const SymbolFace& face = *run.look->face;
+        run.lefts.reserve(run.letters.size());
+        double left = 0.0;
+        for (std::size_t i = 0; i < run.letters.size(); ++i)
+        {
+            if (i > 0)
+                left += face.Kerning(run.letters[i - 1], run.letters[i]) * run.look->scale + text.spacing;
+            run.lefts.push_back(left);
+            left += face.Letter(run.letters[i]).advance * run.look->scale;
+        }
+        run.width = left;
     }
 
     /// Soft hyphens are seen where a line ends with them, and nowhere else.
@@ -162,9 +188,12 @@ TextPiece PieceOf(const LineRun& run, const StyledLetters& text, const TextStyle
     piece.text = PlainText(run.letters, style.engine);
     piece.face = run.look->face;
     piece.size = style.size * run.look->scale;
-    piece.spacing = run.upright || style.engine == TextPath::Cairo ? 0.0 : text.spacing / run.look->scale;
+    const bool isWhole = run.lefts.empty() && !run.upright && style.engine == TextPath::Qt;
+    piece.spacing = isWhole ? text.spacing / run.look->scale : 0.0;
+    for (std::size_t i = 0; i < run.lefts.size(); ++i)
+        if (!IsBlank(run.letters[i]))
+            piece.letters.push_back({&piece.face->Letter(run.letters[i]).text, run.lefts[i] * style.size});
     piece.width = run.width * style.size;
-    piece.overlaps = run.overlaps;
     piece.color = run.look->section->color;
     return piece;
 }

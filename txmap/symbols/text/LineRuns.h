@@ -15,9 +15,9 @@ struct LineRun
 {
     const LetterLook* look = nullptr;
     std::wstring letters;
-    double width = 0.0;   ///< In ems of the style's size; of letters, without the space behind them.
-    bool upright = false; ///< In a column: one letter, which stands upright.
-    bool overlaps = false;
+    double width = 0.0;        ///< In ems of the style's size; of letters, without the space behind them.
+    bool upright = false;      ///< In a column: one letter, which stands upright.
+    std::vector<double> lefts; ///< Of letters that neither join nor change their order, in the same ems; else empty.
 };
 
 /// The runs of a line in the order in which they are seen, from the left or from above.

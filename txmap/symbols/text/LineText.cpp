@@ -67,17 +67,14 @@ LineCluster ClusterOf(const StyledLetters& text, const DirectedCluster& directed
 {
     const LetterCluster& range = directed.cluster;
     const LetterLook& look = text.looks[text.look[range.begin]];
-    const auto first = text.letters.begin() + static_cast<std::ptrdiff_t>(range.begin);
-    const auto last = text.letters.begin() + static_cast<std::ptrdiff_t>(range.end);
     LineCluster cluster;
-    cluster.upright = StandsUpright(*first);
+    cluster.upright = StandsUpright(text.letters[range.begin]);
     TextPiece& piece = cluster.piece;
     piece.text = PlainText(ShownText(text, directed, style), style.engine);
     piece.face = look.face;
     piece.size = look.scale * style.size;
     piece.width = look.face->KeptAdvance(piece.text) * piece.size;
     piece.origin = {-piece.width / 2.0, kBaselineBelowMiddle * style.size};
-    piece.overlaps = !std::all_of(first, last, StandsAlone);
     piece.color = look.section->color;
     cluster.advance = piece.width + text.spacing * style.size;
     return cluster;

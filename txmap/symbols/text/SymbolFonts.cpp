@@ -64,6 +64,27 @@ double SymbolFace::KeptAdvance(const std::wstring& text) const
     return advances.emplace(text, Advance(text)).first->second;
 }
 
+const FaceLetter& SymbolFace::Letter(wchar_t letter) const
+{
+    FaceLetter& kept = letters[letter];
+    if (kept.text.isEmpty())
+    {
+        const std::wstring text(1, letter);
+        kept = {text, Advance(text)};
+    }
+    return kept;
+}
+
+double SymbolFace::Kerning(wchar_t first, wchar_t second) const
+{
+    const std::uint64_t pair = static_cast<std::uint64_t>(first) << 32U | static_cast<std::uint64_t>(second);
+    const auto found = kernings.find(pair);
+    if (found != kernings.end())
+        return found->second;
+    const double apart = Letter(first).advance + Letter(second).advance;
+    return kernings.emplace(pair, Advance({first, second}) - apart).first->second;
+}
+
 const TXRefPtr<TXFont>& SymbolFace::Font(int height, double spacing) const { return Sized(height, spacing).font; }
 
 double SymbolFace::Ascent(int height) const { return Sized(height, 0.0).ascent; }

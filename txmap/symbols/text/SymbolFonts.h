@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include <txbase/TXRefPtr.h>
+#include <txbase/TXString.h>
 #include <txgraphics/TXFont.h>
 #include <txmap/labels/TextPath.h>
 #include <txmap/symbols/text/FontName.h>
@@ -21,6 +23,13 @@ class TXGraphicsEngine;
 
 namespace txmap
 {
+
+/// A letter of a face.
+struct FaceLetter
+{
+    TZObjects::TXString text;
+    double advance = 0.0; ///< In ems.
+};
 
 /// A face with one engine: measures texts once, and makes the fonts that they are drawn with. Texts are as `PlainText`
 /// returns them.
@@ -38,6 +47,10 @@ public:
     double Advance(const std::wstring& text) const;
     /// The same of pieces of text that come again and again, such as letters; every one is kept.
     double KeptAdvance(const std::wstring& text) const;
+    /// A letter that stands alone, whatever its neighbours are. It lives as long as the face.
+    const FaceLetter& Letter(wchar_t letter) const;
+    /// By how much two such letters stand closer to each other than their advances say, in ems; negative then.
+    double Kerning(wchar_t first, wchar_t second) const;
     /// A font to draw with.
     /// @param height of the em, in whole pixels.
     /// @param spacing after each letter, in pixels.
@@ -59,6 +72,8 @@ private:
     TextPath path;
     mutable std::map<std::pair<int, double>, SizedFont> fonts; ///< By height and spacing.
     mutable std::unordered_map<std::wstring, double> advances;
+    mutable std::unordered_map<wchar_t, FaceLetter> letters;
+    mutable std::unordered_map<std::uint64_t, double> kernings; ///< By both letters.
 };
 
 /// The faces of a map's labels. One thread at a time uses it.

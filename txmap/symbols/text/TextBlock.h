@@ -15,17 +15,26 @@ namespace txmap
 class SymbolFace;
 class SymbolFonts;
 
-/// Letters that are drawn in one go. Lengths are in pixels, from the top left of the block.
+/// A letter of a piece that is drawn by itself.
+struct PieceLetter
+{
+    const TZObjects::TXString* text = nullptr; ///< The face has it.
+    double left = 0.0;                         ///< From the piece's origin, along its baseline, in pixels.
+};
+
+/// Letters of one look side by side. Lengths are in pixels, from the top left of the block.
 struct TextPiece
 {
     TZObjects::TXString text; ///< Certainly plain for every drawing operation.
+    /// Where letters neither join nor change their order, each of them: backends keep outlines of letters, which many
+    /// texts share. Empty where the text is shaped and drawn whole.
+    std::vector<PieceLetter> letters;
     const SymbolFace* face = nullptr;
     double size = 0.0;
-    double spacing = 0.0;      ///< After each letter, in ems.
+    double spacing = 0.0;      ///< After each letter of a text that is drawn whole, in ems.
     TZObjects::TXPoint origin; ///< The left end of the baseline.
     double width = 0.0;
     double angle = 0.0;         ///< About the origin, clockwise, in degrees: 0, or 90 for what is turned in a column.
-    bool overlaps = false;      ///< The outlines of letters overlap, as those of scripts that join do.
     std::optional<Color> color; ///< None: that of the ink.
 };
 

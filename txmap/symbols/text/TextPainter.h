@@ -28,7 +28,9 @@ struct TextInk
     double haloBlur = 0.0;  ///< By how much its edge is washed out, in pixels; at most a quarter of the size.
 };
 
-/// Draws texts on a surface with a selected image. It leaves the surface as it found it when it ends.
+/// Draws texts on a surface with a selected image. It leaves the surface as it found it when it ends. As long as it
+/// lives, nobody else selects a pen, a font or a text path there: it does so only where another one is wanted than the
+/// last. Images may be drawn in between.
 ///
 /// A halo is drawn under all letters of a text. One that lets the map through is not seen through the letters: it is
 /// drawn on an image of its own, and the letters are cut out of it.

@@ -144,7 +144,8 @@ TEST_F(TextBlockTest, LetterSpacingStandsBetweenLetters)
     style.letterSpacing = 0.5;
     const TextBlock block = LayOut("name", style);
     EXPECT_NEAR(block.width, 4.0 * Advance() * 20.0 + 3.0 * 10.0, 1e-9);
-    EXPECT_DOUBLE_EQ(block.pieces[0].spacing, 0.5);
+    EXPECT_NEAR(block.pieces[0].letters[1].left, Advance() * 20.0 + 10.0, 1e-9);
+    EXPECT_DOUBLE_EQ(LayOut("שלום", style).pieces[0].spacing, 0.5);
     // Letters that join would fall apart.
     EXPECT_DOUBLE_EQ(LayOut("شارع", style).pieces[0].spacing, 0.0);
     style.engine = TextPath::Cairo;

@@ -41,9 +41,31 @@ protected:
         return Painted(std::vector<TextSection>{Section(text)}, style, at, angle);
     }
 
+    /// Letters that stand alone, in the fixed face, are drawn one by one.
+    template <class Call>
+    void ForEachLetter(const wchar_t* text, TXPoint at, double angle, double size, Call call)
+    {
+        const double advance = fonts.Find({"DejaVu Sans Mono"}, TextPath::Qt).Advance(L"n") * size;
+        const double radians = angle * M_PI / 180.0;
+        const double x = angle == 0.0 ? 1.0 : std::cos(radians);
+        const double y = angle == 0.0 ? 0.0 : std::sin(radians);
+        const auto rounded = [](double place) { return std::round(place * 256.0) / 256.0; };
+        for (int i = 0; text[i] != 0; ++i)
+            call(std::wstring(1, text[i]),
+                 TXPoint(rounded(at.x + x * (i * advance)), rounded(at.y + y * (i * advance))));
+    }
+
     /// The same by direct calls.
     void Write(TXGraphics& surface, const TXRefPtr<TXFont>& font, const wchar_t* text, TXPoint at, double angle,
                double scale = 1.0)
+    {
+        ForEachLetter(text, at, angle, font->GetFontHeight() * scale,
+                      [&](const TXString& letter, TXPoint place)
+                      { WriteWhole(surface, font, letter, place, angle, scale); });
+    }
+
+    void WriteWhole(TXGraphics& surface, const TXRefPtr<TXFont>& font, const TXString& text, TXPoint at, double angle,
+                    double scale = 1.0)
     {
         surface.SelectFont(font);
         surface.SelectPen(Pen(TXColor(0, 0, 255, 255)));
@@ -57,8 +79,13 @@ protected:
         font->SetFontHaloColor(TXColor(255, 0, 0, 255));
         font->SetFontHaloWidth(stroke);
         surface.SelectFont(font);
-        ASSERT_TRUE(surface.DrawOutlineString(at.x, at.y, at.x, at.y - AscentOf(*font), TXGraphics::TextAlignTop,
-                                              TXGraphics::TextAlignLeft, text, TXColor(0, 0, 0, 0), angle, 0.0, scale));
+        ForEachLetter(text, at, angle, font->GetFontHeight() * scale,
+                      [&](const TXString& letter, TXPoint place)
+                      {
+                          ASSERT_TRUE(surface.DrawOutlineString(place.x, place.y, place.x, place.y - AscentOf(*font),
+                                                                TXGraphics::TextAlignTop, TXGraphics::TextAlignLeft,
+                                                                letter, TXColor(0, 0, 0, 0), angle, 0.0, scale));
+                      });
     }
 
     static double AscentOf(const TXFont& font)
@@ -83,6 +110,49 @@ TEST_F(TextPainterTest, LettersAreThoseOfADirectCall)
         });
     EXPECT_EQ(Differing(Painted("Berlin", Mono(20.0), {30.5, 80.25}), expected), 0U);
     EXPECT_GT(Inked(expected), 300U);
+}
+
+TEST_F(TextPainterTest, TextsWhoseLettersJoinOrReorderAreDrawnWhole)
+{
+    const auto expected = Drawn(
+        [&](TXGraphics& surface)
+        {
+            const TXRefPtr<TXFont> font = Font("DejaVu Sans", 20);
+            WriteWhole(surface, font,
+                       L"\x200F"
+                       L"شارع (رحوب) 12",
+                       {30.5, 80.25}, 10.0);
+            WriteWhole(surface, font,
+                       L"e\x301"
+                       L"e",
+                       {30.5, 140.25}, 10.0);
+        });
+    TextStyle style = Mono(20.0);
+    style.fontStack = {"DejaVu Sans"};
+    style.maxWidth = -1.0;
+    const TextBlock arabic = LayOut("شارع (رحوب) 12", style);
+    const TextBlock accented = LayOut("e\xCC\x81"
+                                      "e",
+                                      style);
+    const auto pixels = Drawn(
+        [&](TXGraphics& surface)
+        {
+            TextPainter painter(plugin.Engine(), surface);
+            painter.Draw(arabic, {30.5, 80.25}, arabic.pieces.front().origin, 10.0, ink);
+            painter.Draw(accented, {30.5, 140.25}, accented.pieces.front().origin, 10.0, ink);
+        });
+    EXPECT_EQ(Differing(pixels, expected), 0U);
+    EXPECT_GT(Inked(pixels), 600U);
+}
+
+TEST_F(TextPainterTest, LettersAreKernedAsInAWhole)
+{
+    TextStyle style = Mono(20.0);
+    style.fontStack = {"DejaVu Sans"};
+    for (const char* text : {"AVATAR Te. Yo", "Wilhelmstraße", "北京 Tō"})
+        EXPECT_NEAR(LayOut(text, style).width,
+                    fonts.Find(style.fontStack, TextPath::Qt).Advance(TXString(text).toStdWString()) * 20.0, 0.02)
+            << text;
 }
 
 TEST_F(TextPainterTest, LettersTurnAboutTheOrigin)
@@ -207,7 +277,7 @@ TEST_F(TextPainterTest, SectionsAreDrawnInTheirColours)
 
 TEST_F(TextPainterTest, TagsAndEscapesAreLetters)
 {
-    // That operation draws tags as they stand.
+    // That operation draws tags as they stand. Letters of Hebrew have the text drawn whole.
     const auto literal = [&](const wchar_t* text)
     {
         return Drawn(
@@ -224,8 +294,10 @@ TEST_F(TextPainterTest, TagsAndEscapesAreLetters)
     ink.haloWidth = 1.0;
     TextStyle style = Mono(12.0);
     style.maxWidth = -1.0;
-    EXPECT_EQ(Differing(Painted("<BOL>a</BOL> <b>", style, {20, 80}), literal(L"<BOL>a</BOL> <b>")), 0U);
-    EXPECT_EQ(Differing(Painted("a &lt;b&gt; & <", style, {20, 80}), literal(L"a &lt;b&gt; & <")), 0U);
+    EXPECT_EQ(Differing(Painted("<BOL>ש</BOL> <b>", style, {20, 80}), literal(L"\x200E<BOL>ש</BOL> <b>")), 0U);
+    EXPECT_EQ(Differing(Painted("ש &lt;b&gt; & <", style, {20, 80}), literal(L"\x200F"
+                                                                             L"ש &lt;b&gt; & <")),
+              0U);
     const TextBlock tagged = LayOut("<BOL>a</BOL> <b>", style);
     EXPECT_NEAR(tagged.width, LayOut("nBOLnannBOLn nbn", style).width, 1e-9);
 }
@@ -233,15 +305,16 @@ TEST_F(TextPainterTest, TagsAndEscapesAreLetters)
 TEST_F(TextPainterTest, LetterSpacingIsThatOfTheFont)
 {
     TextStyle style = Mono(20.0);
+    style.fontStack = {"DejaVu Sans"};
     style.letterSpacing = 0.25;
     const auto expected = Drawn(
         [&](TXGraphics& surface)
         {
-            const TXRefPtr<TXFont> font = Font("DejaVu Sans Mono", 20);
+            const TXRefPtr<TXFont> font = Font("DejaVu Sans", 20);
             font->SetWordSpacing(5.0);
-            Write(surface, font, L"Berlin", {30, 80}, 0.0);
+            WriteWhole(surface, font, L"\x200Fשלום", {30, 80}, 0.0);
         });
-    EXPECT_EQ(Differing(Painted("Berlin", style, {30, 80}), expected), 0U);
+    EXPECT_EQ(Differing(Painted("שלום", style, {30, 80}), expected), 0U);
 }
 
 TEST_F(TextPainterTest, CairoDrawsWhereQtDoes)
