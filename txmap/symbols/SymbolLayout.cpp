@@ -81,6 +81,7 @@ private:
         current = passed;
         content = nullptr;
         isMade = false;
+        anchors = 0;
         attributes.Select(*passed.feature);
     }
 
@@ -114,6 +115,7 @@ private:
 
     SymbolInstance* AddInstance(const TXPoint& place, int world)
     {
+        const std::size_t part = anchors++;
         const TXPoint pixel = data.view.ToPixels(world).Map(place);
         if (!(pixel.x >= picture.left && pixel.x <= picture.right && pixel.y >= picture.top &&
               pixel.y <= picture.bottom) ||
@@ -124,6 +126,7 @@ private:
         instance.feature = current.feature;
         instance.content = content;
         instance.order = static_cast<std::size_t>(current.feature - placed.features->features.data());
+        instance.part = part;
         instance.sortKey = current.sortKey;
         instance.place = place;
         instance.world = world;
@@ -319,6 +322,7 @@ private:
     PassedFeature current;
     const SymbolContent* content = nullptr;
     bool isMade = false;
+    std::size_t anchors = 0; ///< Of the current feature, seen or not.
     std::map<std::tuple<int, double, double>, RepeatedTexts> tiles;
 };
 
@@ -349,7 +353,7 @@ void Sort(SymbolLayout& layout)
                                                            : (order == SymbolOrder::Downward ? -one.pixel.y : 0.0);
                   };
                   const auto rest = [](const SymbolInstance& one)
-                  { return std::make_tuple(one.order, one.place.x, one.place.y, one.world, one.lineAngle); };
+                  { return std::make_tuple(one.order, one.part, one.place.x, one.place.y, one.world); };
                   const double firstA = first(a);
                   const double firstB = first(b);
                   return firstA != firstB ? firstA < firstB : rest(a) < rest(b);

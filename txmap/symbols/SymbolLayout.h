@@ -25,6 +25,7 @@ struct SymbolInstance
     const SetFeature* feature = nullptr;
     const SymbolContent* content = nullptr;
     std::size_t order = 0; ///< That of the feature in its set.
+    std::size_t part = 0;  ///< How many anchors the feature has before this one.
     double sortKey = 0.0;
     TZObjects::TXPoint place;             ///< The anchor in world coordinates.
     int world = 0;                        ///< In which copy of the world it is.
