@@ -72,7 +72,7 @@ function localised(style) {
 let failures = 0;
 function run(name, ...args) {
     const { status, stdout, stderr } = spawnSync(program, args, { encoding: 'utf8' });
-    const warnings = stderr.split('\n').filter(line => line && !/text-font: ".*" is not installed$/.test(line));
+    const warnings = stderr.split('\n').filter(line => line && !/text-font: ".*" (is|are) not installed$/.test(line));
     if (status !== 0 || warnings.length > 0 || stdout !== '') {
         failures++;
         console.log(`${name}: ${args[0]} ended with ${status}\n${(stdout + stderr).slice(0, 1000)}`);
