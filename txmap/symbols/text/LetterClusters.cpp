@@ -11,7 +11,6 @@ namespace
 {
 
 constexpr wchar_t kJoiner = L'\x200D';
-constexpr wchar_t kNonJoiner = L'\x200C';
 constexpr int kViramaClass = 9;
 
 int JoiningOf(wchar_t c) { return u_getIntPropertyValue(static_cast<UChar32>(c), UCHAR_JOINING_TYPE); }
@@ -50,8 +49,6 @@ bool JoinsForward(const std::wstring& letters, const LetterCluster& cluster)
     // Of a ligature the last letter counts, of others the letter without its marks.
     for (std::size_t i = cluster.end; i-- > cluster.begin;)
     {
-        if (letters[i] == kNonJoiner)
-            return false;
         const int joining = JoiningOf(letters[i]);
         if (joining != U_JT_TRANSPARENT)
             return joining == U_JT_DUAL_JOINING || joining == U_JT_LEFT_JOINING || joining == U_JT_JOIN_CAUSING;

@@ -109,8 +109,7 @@ private:
                 continue;
             const std::size_t key = keys.emplace(pieces[piece].key, keys.size()).first->second;
             for (const std::size_t end : {2 * piece, 2 * piece + 1})
-                // Both zeros are one place.
-                ends[{key, PointOf(end).x + 0.0, PointOf(end).y + 0.0}].push_back(end);
+                ends[{key, PointOf(end).x, PointOf(end).y}].push_back(end);
         }
         return ends;
     }

@@ -41,7 +41,9 @@ void Cut(StyledLetters& text)
         return;
     std::size_t end = kLongestText - 1;
     const std::vector<std::size_t> ends = LetterEnds(text.letters);
-    end = *std::prev(std::upper_bound(ends.begin(), ends.end(), end));
+    const auto behind = std::upper_bound(ends.begin(), ends.end(), end);
+    if (behind != ends.begin())
+        end = *std::prev(behind);
     text.letters.resize(end);
     text.look.resize(end + 1);
     text.letters += kEllipsis;

@@ -140,6 +140,7 @@ TEST_F(LineTextTest, TextFromRightToLeftStandsInItsOrder)
 {
     EXPECT_THAT(Texts("אבג"), ElementsAre(L"ג", L"ב", L"א"));
     EXPECT_THAT(Texts("אב 12"), ElementsAre(L"1", L"2", L" ", L"ב", L"א"));
+    EXPECT_THAT(Texts("אב a"), ElementsAre(L"a", L" ", L"ב", L"א"));
     EXPECT_THAT(Texts("a אב"), ElementsAre(L"a", L" ", L"ב", L"א"));
     EXPECT_THAT(Texts("(א)"), ElementsAre(L"(", L"א", L")"));
 }
@@ -180,15 +181,15 @@ TEST_F(LineTextTest, ATextNeedsRoom)
 TEST_F(LineTextTest, ATextIsKeptUpright)
 {
     const PixelLine line = {{256, 50}, {0, 50}};
-    const auto upright = FitAlong(Ten(), line, 128.0, {});
+    const auto upright = FitAlong(Ten(), line, 100.0, {});
     ASSERT_TRUE(upright);
     EXPECT_TRUE(upright->turned);
-    EXPECT_EQ(PairOf(upright->clusters[0].at), Pair(83.0, 50.0));
+    EXPECT_EQ(PairOf(upright->clusters[0].at), Pair(111.0, 50.0));
     EXPECT_EQ(upright->clusters[0].angle, 0.0);
     LineFit fit;
     fit.keepUpright = false;
-    const auto asItIs = FitAlong(Ten(), line, 128.0, fit);
-    EXPECT_EQ(PairOf(asItIs->clusters[0].at), Pair(173.0, 50.0));
+    const auto asItIs = FitAlong(Ten(), line, 100.0, fit);
+    EXPECT_EQ(PairOf(asItIs->clusters[0].at), Pair(201.0, 50.0));
     EXPECT_DOUBLE_EQ(asItIs->clusters[0].angle, 180.0);
 }
 
@@ -271,4 +272,7 @@ TEST_F(LineTextTest, LinesWithoutMeaningFitNothing)
     EXPECT_FALSE(FitAlong(Ten(), {{0, 0}, {200, 0}}, 100.0, fit));
     // Points that repeat are no corners.
     EXPECT_TRUE(FitAlong(Ten(), {{0, 0}, {100, 0}, {100, 0}, {200, 0}}, 100.0, {}));
+    const auto atTheEnd = FitAlong(Ten(), {{0, 0}, {200, 0}, {200, 0}}, 150.0, {});
+    ASSERT_TRUE(atTheEnd);
+    EXPECT_EQ(atTheEnd->clusters[9].angle, 0.0);
 }

@@ -60,7 +60,7 @@ TEST_F(TextBlockTest, LinesAreOfAboutTheSameWidth)
     EXPECT_THAT(Broken("aaa bbb ccc ddd", 6.0), ElementsAre(L"aaa bbb", L"ccc ddd"));
     EXPECT_THAT(Broken("aaa bbb ccc ddd", 3.0), ElementsAre(L"aaa", L"bbb", L"ccc", L"ddd"));
     // The last line is rather too short than too long.
-    EXPECT_THAT(Broken("aaaa bb aaaa", 5.0), ElementsAre(L"aaaa bb", L"aaaa"));
+    EXPECT_THAT(Broken("aaaaaaa bbbbbbb aaaaaa", 7.0), ElementsAre(L"aaaaaaa bbbbbbb", L"aaaaaa"));
     EXPECT_THAT(Broken("unbreakable", 1.0), ElementsAre(L"unbreakable"));
 }
 
@@ -76,6 +76,7 @@ TEST_F(TextBlockTest, TextsSayWhereTheyBreak)
 {
     EXPECT_THAT(Broken("a\nb", 10.0), ElementsAre(L"a", L"b"));
     EXPECT_THAT(Broken("aaaa bbbb\ncccc dddd", 9.0), ElementsAre(L"aaaa bbbb", L"cccc dddd"));
+    EXPECT_THAT(Broken("a\nbbbb bbbb bbbb", 5.0), ElementsAre(L"a", L"bbbb bbbb", L"bbbb"));
     EXPECT_THAT(Broken("a\r\nb\xE2\x80\xA8"
                        "c",
                        10.0),
@@ -92,6 +93,7 @@ TEST_F(TextBlockTest, LinesBreakBehindHyphensAndBetweenIdeographs)
     EXPECT_THAT(Broken("aaaa-bbbb", 3.0), ElementsAre(L"aaaa-", L"bbbb"));
     EXPECT_THAT(Broken("aaaa/bbbb", 3.0), ElementsAre(L"aaaa/", L"bbbb"));
     EXPECT_THAT(Broken("aaaa(bbb)", 3.0), ElementsAre(L"aaaa", L"(bbb)"));
+    EXPECT_THAT(Broken("aaaa-)bbbb", 3.5), ElementsAre(L"aaaa-)", L"bbbb"));
     EXPECT_THAT(Broken("aaaa\xC2\xAD"
                        "bbbb",
                        3.0),

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include <txgraphics/TXImage.h>
 #include <txmap/symbols/text/HaloImage.h>
 
 #include "TextPicture.h"
@@ -345,6 +346,7 @@ TEST_F(TextPainterTest, TheSurfaceIsLeftAsItWas)
         [&](TXGraphics& surface)
         {
             surface.SetOpacity(0.25);
+            surface.SelectPen(Pen(TXColor(255, 0, 0, 255)));
             TextStyle style = Mono(20.0);
             style.engine = TextPath::Cairo;
             ink.haloWidth = 2.0;
@@ -353,6 +355,11 @@ TEST_F(TextPainterTest, TheSurfaceIsLeftAsItWas)
             TextPainter(plugin.Engine(), surface).Draw(block, {30, 80}, {0, 0}, 10.0, ink);
             EXPECT_EQ(surface.GetOpacity(), 0.25);
             EXPECT_FALSE(surface.CairoDrawingEnabled());
+            surface.SetOpacity(1.0);
+            surface.Line(10, 200, 60, 200);
+            EXPECT_EQ(surface.GetImage()->GetPixel(30, 200).GetColor() & 0xFFU,
+                      surface.GetImage()->GetPixel(30, 200).GetColor() >> 8U & 0xFFU);
+            EXPECT_LT(surface.GetImage()->GetPixel(30, 200).GetColor() & 0xFFU, 200U);
         });
 }
 
