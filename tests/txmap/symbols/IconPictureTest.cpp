@@ -188,6 +188,22 @@ TEST_F(IconPicture, AlongALineTheyTurnWithIt)
     EXPECT_EQ(Differing(along(R"(, "icon-rotation-alignment": "viewport")"), alone(0.0)), 0u);
 }
 
+TEST_F(IconPicture, WhatRunsLeftwardsMayBeKeptUpright)
+{
+    const auto along = [&](const std::string& more)
+    {
+        return Styled(Geometry("LineString", {{{230, 128}, {20, 128}}}),
+                      R"({"id": "i", "type": "symbol", "source": "s", "layout": {"icon-image": "board",
+                      "icon-size": 2, "symbol-placement": "line-center")" +
+                          more + "}}");
+    };
+    const auto alone = [&](const char* angle) {
+        return Icon(R"("icon-image": "board", "icon-size": 2, "icon-rotate": )" + std::string(angle), {125, 128});
+    };
+    EXPECT_EQ(Differing(along(""), alone("180")), 0u);
+    EXPECT_EQ(Differing(along(R"(, "icon-keep-upright": true)"), alone("0")), 0u);
+}
+
 TEST_F(IconPicture, TheLowestLiesOnTop)
 {
     const std::string points =

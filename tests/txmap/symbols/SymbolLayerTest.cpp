@@ -215,6 +215,24 @@ TEST_F(SymbolLayer, TheSameTextKeepsItsDistance)
               (Names{"Street 120 100", "Street 120 130", "Other 120 160"}));
 }
 
+TEST_F(SymbolLayer, PaddingKeepsTextsApart)
+{
+    const std::vector<Feature> lines = {{GeometryType::LineString, {{{20, 100}, {220, 100}}}, "First"},
+                                        {GeometryType::LineString, {{{20, 118}, {220, 118}}}, "Second"}};
+    const std::vector<Feature> points = {{GeometryType::Point, {{{100, 100}}}, "First"},
+                                         {GeometryType::Point, {{{100, 118}}}, "Second"}};
+    const std::string along = std::string(kText) + R"(, "symbol-placement": "line-center")";
+    EXPECT_EQ(Shown(along, {Placed(lines)}).size(), 2u);
+    EXPECT_EQ(Shown(along + R"(, "text-padding": 8)", {Placed(lines)}).size(), 1u);
+    EXPECT_EQ(Shown(kText, {Placed(points)}).size(), 2u);
+    EXPECT_EQ(Shown(std::string(kText) + R"(, "text-padding": 8)", {Placed(points)}).size(), 1u);
+    // A text that may stand on several sides keeps its padding away from the point: these two do not touch.
+    const std::string sides = std::string(kText) + R"(, "text-variable-anchor": ["left", "right"], "text-padding": 6)";
+    const std::vector<Feature> pair = {{GeometryType::Point, {{{100, 100}}}, "First"},
+                                       {GeometryType::Point, {{{99, 100}}}, "Second"}};
+    EXPECT_EQ(Shown(sides, {Placed(pair)}), (Names{"First 100 100 0", "Second 99 100 1"}));
+}
+
 TEST_F(SymbolLayer, DoesNotDependOnTheOrderOfFeaturesOrTiles)
 {
     RandomSource random(5);

@@ -114,6 +114,12 @@ TEST(SymbolPlacement, WhatIsIgnoredTakesNoRoomButNeedsIt)
     other.AddText(100.0, 100.0);
     EXPECT_EQ(other.Shown(index), "T");
     EXPECT_EQ(layer.Shown(index), "--");
+    TestLayer icons;
+    icons.icon.ignored = true;
+    icons.AddIcon(300.0, 100.0);
+    icons.AddIcon(305.0, 100.0);
+    icons.AddText(305.0, 100.0);
+    EXPECT_EQ(icons.Shown(index), "IIT");
 }
 
 TEST(SymbolPlacement, IconAndTextTogetherOrNotAtAll)

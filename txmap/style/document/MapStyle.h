@@ -27,7 +27,7 @@ struct StyleLayer
     std::optional<Expression> filter;             ///< Nothing lets every feature pass.
     std::map<std::string, Expression> properties; ///< Those that are set or have a default.
     Json metadata = Json::object();
-    std::string hatch; ///< What the metadata say that areas are hatched with; empty for nothing.
+    std::string hatch;             ///< What the metadata say that areas are hatched with; empty for nothing.
     bool textThroughCairo = false; ///< Whether the metadata say that cairo draws texts.
     bool textIsVertical = false;   ///< Whether the metadata say that texts stand in columns.
     std::string markFont;          ///< The font of a character that the metadata say is an icon; empty for none.
