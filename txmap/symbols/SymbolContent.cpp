@@ -11,7 +11,6 @@ namespace txmap
 {
 
 using TZObjects::TXPoint;
-using TZObjects::TXRect;
 
 namespace
 {

@@ -212,9 +212,10 @@ private:
             return;
         layer.markFont = TextOf(*marker, "font");
         layer.markCharacter = TextOf(*marker, "character");
-        if (CountCharacters(layer.markCharacter) != 1)
+        // Surfaces take characters of 16 bits, which are at most three bytes.
+        if (CountCharacters(layer.markCharacter) != 1 || layer.markCharacter.size() > 3)
         {
-            problems.Add(PointerTo(place, "character"), "one character is expected");
+            problems.Add(PointerTo(place, "character"), "one character below U+10000 is expected");
             layer.markCharacter.clear();
         }
     }
