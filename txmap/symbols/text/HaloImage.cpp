@@ -15,7 +15,6 @@ using TZObjects::TXColor;
 using TZObjects::TXGraphics;
 using TZObjects::TXGraphicsEngine;
 using TZObjects::TXImage;
-using TZObjects::TXPoint;
 using TZObjects::TXRect;
 using TZObjects::TXRefPtr;
 

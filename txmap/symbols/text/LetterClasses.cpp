@@ -72,11 +72,11 @@ bool BreaksAnywhere(wchar_t c)
 {
     if (c < 0x2E80)
         return false;
-    const auto code = static_cast<UChar32>(c);
-    const bool hangul = u_getIntPropertyValue(code, UCHAR_HANGUL_SYLLABLE_TYPE) != U_HST_NOT_APPLICABLE;
+    const bool hangul =
+        u_getIntPropertyValue(static_cast<UChar32>(c), UCHAR_HANGUL_SYLLABLE_TYPE) != U_HST_NOT_APPLICABLE;
     if (hangul || (c >= 0x1F000 && c < 0x20000))
         return false;
-    const int width = u_getIntPropertyValue(code, UCHAR_EAST_ASIAN_WIDTH);
+    const int width = u_getIntPropertyValue(static_cast<UChar32>(c), UCHAR_EAST_ASIAN_WIDTH);
     return width == U_EA_WIDE || width == U_EA_FULLWIDTH || width == U_EA_HALFWIDTH;
 }
 

@@ -22,6 +22,8 @@ namespace
 // Backends round what letters measure to whole pixels, though they draw them at parts of pixels. In a font of this
 // size, in which faces are designed, that does not count.
 constexpr int kMeasuredHeight = 2048;
+// Enough for the names of a map, and little memory.
+constexpr std::size_t kMostAdvances = 100000;
 
 void Require(bool done)
 {
@@ -61,6 +63,8 @@ double SymbolFace::KeptAdvance(const std::wstring& text) const
     const auto found = advances.find(text);
     if (found != advances.end())
         return found->second;
+    if (advances.size() >= kMostAdvances)
+        advances.clear();
     return advances.emplace(text, Advance(text)).first->second;
 }
 

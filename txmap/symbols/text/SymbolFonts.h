@@ -45,7 +45,7 @@ public:
 
     /// The advance of one line of text, in ems.
     double Advance(const std::wstring& text) const;
-    /// The same of pieces of text that come again and again, such as letters; every one is kept.
+    /// The same of a text that comes again, as clusters of letters and names do; it is kept.
     double KeptAdvance(const std::wstring& text) const;
     /// A letter that stands alone, whatever its neighbours are. It lives as long as the face.
     const FaceLetter& Letter(wchar_t letter) const;

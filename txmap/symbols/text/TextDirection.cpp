@@ -56,8 +56,8 @@ std::vector<DirectedRun> VisualRuns(const std::wstring& letters, std::size_t beg
         int start = 0;
         int length = 0;
         const UBiDiDirection direction = ubidi_getVisualRun(bidi.get(), i, &start, &length);
-        runs.push_back({letterOf[static_cast<std::size_t>(start)], letterOf[static_cast<std::size_t>(start + length)],
-                        direction == UBIDI_RTL});
+        const auto first = letterOf.begin() + start;
+        runs.push_back({*first, first[length], direction == UBIDI_RTL});
     }
     return runs;
 }
