@@ -1,5 +1,6 @@
 // Small styles: for each property of each layer that txmap draws, some of its values.
 import { areas, lines, points } from './data.mjs';
+import { symbolStyles } from './symbols.mjs';
 
 const byKind = (a, b, c) => ['match', ['get', 'kind'], 'a', a, 'b', b, c];
 const raster = { type: 'raster', tiles: ['data/pictures/{z}/{x}/{y}.png'], tileSize: 256, maxzoom: 3 };
@@ -152,6 +153,7 @@ export function smallStyles() {
         Object.assign(one.style.layers.at(-1), members);
         cases.push({ ...one, name: `${type}-${name}` });
     }
+    cases.push(...symbolStyles(styleCase));
     VIEWS.forEach((view, index) => cases.push(styleCase(`view-${index + 1}`, WORLD, { world: vector }, view)));
     return cases;
 }

@@ -30,13 +30,19 @@ export const points = collection([-14, 0, 14].flatMap((y, row) => [-14, -0.3, 14
 const SPRITE = [
     ['checks', 16, 16, (x, y) => (x < 8) === (y < 8) ? [214, 39, 40, 255] : [250, 220, 130, 255]],
     ['stripes', 16, 8, (x, y) => x < 5 ? [31, 119, 180, 255] : [220, 235, 245, y < 4 ? 255 : 130]],
-    ['spots', 20, 20, (x, y) => Math.hypot(x - 9.5, y - 9.5) < 6 ? [44, 160, 44, 255] : [0, 0, 0, 0]]];
+    ['spots', 20, 20, (x, y) => Math.hypot(x - 9.5, y - 9.5) < 6 ? [44, 160, 44, 255] : [0, 0, 0, 0]],
+    ['pin', 14, 20, (x, y) => y < 12 && x + y >= 6 && x - y <= 8 ? [148, 60, 160, 255] : Math.abs(x - 6.5) < 2 ? [40, 40, 60, 255] : [0, 0, 0, 0]],
+    ['field', 24, 20, (x, y) => [0, 0, 0, Math.max(0, Math.min(255, 192 + 32 * (5 - Math.max(Math.abs(x - 11.5) - 2, Math.abs(y - 9.5)))))], { sdf: true }],
+    ['plate', 16, 16, (x, y) => Math.min(x, y, 15 - x, 15 - y) < 1 ? [120, 60, 20, 255] : Math.min(x, y, 15 - x, 15 - y) < 3 ? [240, 200, 90, 255] : [255, 250, 220, 255],
+        { content: [3, 3, 13, 13], stretchX: [[4, 7], [9, 12]], stretchY: [[4, 12]] }]];
 
 function writeSprite(folder, ratio, suffix) {
     const index = {};
     let left = 0;
-    for (const [name, width, height] of SPRITE) {
-        index[name] = { x: left * ratio, y: 0, width: width * ratio, height: height * ratio, pixelRatio: ratio };
+    const scaled = value => Array.isArray(value) ? value.map(scaled) : typeof value === 'number' ? value * ratio : value;
+    for (const [name, width, height, , more = {}] of SPRITE) {
+        index[name] = { x: left * ratio, y: 0, width: width * ratio, height: height * ratio, pixelRatio: ratio,
+            ...Object.fromEntries(Object.entries(more).map(([member, value]) => [member, scaled(value)])) };
         left += width;
     }
     fs.writeFileSync(path.join(folder, `sprite${suffix}.json`), JSON.stringify(index));

@@ -88,15 +88,15 @@ export function encode(width, height, pixelAt) {
         chunk('IEND', Buffer.alloc(0))]);
 }
 
-/** Each pixel as the mean of the 3 x 3 around it. */
-function blurred({ width, height, pixels }) {
+/** Each pixel as the mean of those around it, so many in each direction. */
+function blurred({ width, height, pixels }, reach) {
     const out = new Float64Array(pixels.length);
     for (let y = 0; y < height; y++)
         for (let x = 0; x < width; x++)
             for (let c = 0; c < 3; c++) {
                 let [sum, count] = [0, 0];
-                for (let v = Math.max(0, y - 1); v <= Math.min(height - 1, y + 1); v++)
-                    for (let u = Math.max(0, x - 1); u <= Math.min(width - 1, x + 1); u++, count++)
+                for (let v = Math.max(0, y - reach); v <= Math.min(height - 1, y + reach); v++)
+                    for (let u = Math.max(0, x - reach); u <= Math.min(width - 1, x + reach); u++, count++)
                         sum += pixels[(v * width + u) * 3 + c];
                 out[(y * width + x) * 3 + c] = sum / count;
             }
@@ -104,10 +104,10 @@ function blurred({ width, height, pixels }) {
 }
 
 /** How much of two pictures differs, from 0 to 1, and a picture in which those pixels are red. */
-export function compare(a, b) {
+export function compare(a, b, reach) {
     if (a.width !== b.width || a.height !== b.height)
         return { part: 1, picture: null };
-    const [first, second] = [blurred(a), blurred(b)];
+    const [first, second] = [blurred(a, reach), blurred(b, reach)];
     const differs = i => [0, 1, 2].some(c => Math.abs(first[i * 3 + c] - second[i * 3 + c]) > 40);
     let count = 0;
     for (let i = 0; i < a.width * a.height; i++)

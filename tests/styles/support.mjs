@@ -21,17 +21,21 @@ const NOTES = {
     'circle-pitch-scale': 'changes nothing on maps that are seen from above',
     'circle-pitch-alignment': 'changes nothing on maps that are seen from above',
     'raster-fade-duration': 'changes nothing in a picture',
-    'hillshade resampling': 'always linear'
+    'hillshade resampling': 'always linear',
+    'icon-pitch-alignment': 'changes nothing on maps that are seen from above',
+    'text-pitch-alignment': 'changes nothing on maps that are seen from above',
+    'symbol-height-offset': 'changes nothing on maps that are seen from above',
+    'symbol-height-anchor': 'changes nothing on maps that are seen from above'
 };
 
 // Parts of a style that are no properties of layers.
 const PARTS = [
     ['center, zoom, bearing', 'yes', 'the view, unless the command line says another one'],
     ['sources', 'yes', 'all types but `video`; see [style-sources.md](style-sources.md)'],
-    ['sprite', 'yes', 'for patterns'],
+    ['sprite', 'yes', 'for patterns and icons; that with `@2x` for a `--scale` above 1'],
     ['state', 'yes', 'the defaults'],
-    ['metadata', 'yes', '`txmap:clip`, `txmap:gradient`, `txmap:hatch`, `txmap:marker`, `txmap:polar-color` and `txmap:tolerance` of layers; see [styles.md](styles.md)'],
-    ['glyphs, font-faces', 'no', 'checked; texts come with symbols'],
+    ['metadata', 'yes', '`txmap:clip`, `txmap:gradient`, `txmap:hatch`, `txmap:text-engine` and others of layers; see [styles.md](styles.md)'],
+    ['glyphs, font-faces', 'no', 'checked; the installed fonts are taken'],
     ['light', 'no', 'checked; it shines on extruded areas only'],
     ['sky', 'no', 'checked; it is above the horizon, which a map from above does not show'],
     ['terrain', 'no', 'needs a third dimension'],

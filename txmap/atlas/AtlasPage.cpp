@@ -60,8 +60,8 @@ void AtlasPage::Draw(const MapStyle& map, const MapData& data, const std::vector
     FramePainter framePainter(canvas, style);
     if (frame)
         framePainter.Clip(*frame);
-    Stopwatch evaluating;
-    DrawLayers(mapCanvas, map, data, evaluating);
+    DrawingReport report;
+    DrawLayers(mapCanvas, map, data, report);
     GraticulePainter(canvas, style).Draw(MakeGraticule(view, options.graticule.value_or(SuitableStep(view))));
     for (const MapLayer& layer : layers)
         places.Draw(canvas, layer.places);

@@ -6,7 +6,7 @@
 #include <txgraphics/TXGraphicsEngine.h>
 #include <txgraphics/TXPen.h>
 #include <txmap/drawing/Canvas.h>
-#include <txmap/drawing/HaloCopies.h>
+#include <txmap/labels/HaloCopies.h>
 #include <txmap/labels/LetterRuns.h>
 #include <txmap/support/Failure.h>
 

@@ -10,9 +10,9 @@
 #include <txgraphics/TXGraphicsEngine.h>
 #include <txmap/drawing/Canvas.h>
 #include <txmap/drawing/DrawingTools.h>
-#include <txmap/drawing/HaloCopies.h>
 #include <txmap/labels/FaceChoice.h>
 #include <txmap/labels/FontCatalog.h>
+#include <txmap/labels/HaloCopies.h>
 #include <txmap/map/PixelGeometry.h>
 
 namespace txmap

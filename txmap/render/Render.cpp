@@ -81,7 +81,7 @@ void RenderMap(const RenderOptions& options, const MessageSink& warn, const Mess
 {
     OutputFile output(options.output);
     Stopwatch reading;
-    Stopwatch evaluating;
+    DrawingReport report;
     Stopwatch drawing;
     Stopwatch encoding;
 
@@ -109,7 +109,7 @@ void RenderMap(const RenderOptions& options, const MessageSink& warn, const Mess
     drawing.Start();
     const PluginSession plugin(options.plugin, TextPath::Qt);
     MapCanvas canvas(plugin.Engine(), view);
-    DrawLayers(canvas, style, data, evaluating);
+    DrawLayers(canvas, style, data, report);
     drawing.Stop();
 
     encoding.Start();
@@ -118,11 +118,14 @@ void RenderMap(const RenderOptions& options, const MessageSink& warn, const Mess
 
     for (const std::string& warning : diagnostics.Warnings())
         warn(warning);
+    for (const std::string& warning : report.warnings)
+        warn(options.style + ": " + warning);
     if (!options.timings)
         return;
     tell(TimingText("reading", reading.Seconds()));
-    tell(TimingText("evaluating", evaluating.Seconds()));
-    tell(TimingText("drawing", drawing.Seconds() - evaluating.Seconds()));
+    tell(TimingText("evaluating", report.evaluating.Seconds()));
+    tell(TimingText("placing", report.placing.Seconds()));
+    tell(TimingText("drawing", drawing.Seconds() - report.evaluating.Seconds() - report.placing.Seconds()));
     tell(TimingText("encoding", encoding.Seconds()));
 }
 

@@ -13,6 +13,8 @@ namespace
 // How far symbols of a size that depends on the feature may reach, in logical pixels.
 constexpr double kUnknownReach = 64.0;
 constexpr double kLongestReach = 1024.0;
+// Around the picture texts make room for each other, and their halves reach into it.
+constexpr double kSymbolReach = 200.0;
 
 void Add(WantedProperties& wanted, const Expression& expression)
 {
@@ -35,7 +37,7 @@ bool UsesGeometry(const ExpressionNode& node)
 /// How far around its geometry a layer draws, in logical pixels.
 double ReachOf(const StyleLayer& layer, double zoom)
 {
-    double reach = 1.0;
+    double reach = layer.type == LayerType::Symbol ? kSymbolReach : 1.0;
     EvaluationContext context;
     context.zoom = zoom;
     for (const char* const name : {"line-width", "line-gap-width", "line-offset", "circle-radius",

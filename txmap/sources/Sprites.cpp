@@ -30,6 +30,65 @@ bool Exists(const std::string& path)
     return std::filesystem::is_regular_file(path, status);
 }
 
+/// Numbers of an array; nothing if it is not one of so many numbers.
+template <std::size_t N>
+std::optional<std::array<double, N>> NumbersIn(const Json& json)
+{
+    std::array<double, N> numbers{};
+    if (!json.is_array() || json.size() != N)
+        return std::nullopt;
+    for (std::size_t i = 0; i < N; ++i)
+    {
+        if (!json[i].is_number())
+            return std::nullopt;
+        numbers[i] = json[i].template get<double>();
+    }
+    return numbers;
+}
+
+/// @throw std::runtime_error where parts overlap or lie outside of the picture.
+std::vector<SpriteStretch> StretchIn(const Json& place, const char* name, double length)
+{
+    std::vector<SpriteStretch> stretch;
+    const auto found = place.find(name);
+    if (found == place.end() || !found->is_array())
+        return stretch;
+    for (const Json& item : *found)
+    {
+        const auto part = NumbersIn<2>(item);
+        const double before = stretch.empty() ? 0.0 : stretch.back().to;
+        if (!part || !((*part)[0] >= before && (*part)[1] > (*part)[0] && (*part)[1] <= length))
+            throw std::runtime_error(std::string("has a wrong ") + name);
+        stretch.push_back({(*part)[0], (*part)[1]});
+    }
+    return stretch;
+}
+
+TextFit FitIn(const Json& place, const char* name)
+{
+    const Json fit = place.value(name, Json());
+    return fit == "stretchOnly" ? TextFit::StretchOnly
+                                : (fit == "proportional" ? TextFit::Proportional : TextFit::StretchOrShrink);
+}
+
+/// What a picture says about texts that it is laid around. @throw std::runtime_error for what lies outside of it.
+void ReadShape(const Json& place, SpritePicture& picture)
+{
+    const double width = picture.pixels.size.width;
+    const double height = picture.pixels.size.height;
+    picture.stretchX = StretchIn(place, "stretchX", width);
+    picture.stretchY = StretchIn(place, "stretchY", height);
+    picture.fitWidth = FitIn(place, "textFitWidth");
+    picture.fitHeight = FitIn(place, "textFitHeight");
+    picture.content = NumbersIn<4>(place.value("content", Json()));
+    if (picture.content)
+    {
+        const auto& [left, top, right, bottom] = *picture.content;
+        if (!(left >= 0.0 && top >= 0.0 && right > left && bottom > top && right <= width && bottom <= height))
+            throw std::runtime_error("has a wrong content");
+    }
+}
+
 /// The part of a sprite that a picture is. @throw std::runtime_error where there is no such part.
 SpritePicture CutOut(const Raster& sprite, const Json& place)
 {
@@ -54,6 +113,7 @@ SpritePicture CutOut(const Raster& sprite, const Json& place)
                                         static_cast<std::size_t>(x));
         picture.pixels.pixels.insert(picture.pixels.pixels.end(), first, first + picture.pixels.size.width);
     }
+    ReadShape(place, picture);
     return picture;
 }
 
@@ -66,7 +126,7 @@ Sprites::Sprites(const std::vector<StyleSprite>& sprites, const SourceFolder& fo
     {
         try
         {
-            Read(sprite, folder, scale);
+            Read(sprite, folder, scale, diagnostics);
         }
         catch (const Failure& failure)
         {
@@ -77,7 +137,7 @@ Sprites::Sprites(const std::vector<StyleSprite>& sprites, const SourceFolder& fo
         names.insert(picture.first);
 }
 
-void Sprites::Read(const StyleSprite& sprite, const SourceFolder& folder, double scale)
+void Sprites::Read(const StyleSprite& sprite, const SourceFolder& folder, double scale, SourceDiagnostics& diagnostics)
 {
     const std::string path = folder.PathOf(sprite.address);
     const std::string dense = path + "@2x";
@@ -90,7 +150,16 @@ void Sprites::Read(const StyleSprite& sprite, const SourceFolder& folder, double
             throw std::runtime_error("no object of pictures");
         const Raster pixels = DecodeImage(ReadSourceFile(base + ".png", kLargestFile), kLongestSide);
         for (const auto& [name, place] : index.items())
-            pictures.emplace(prefix + name, CutOut(pixels, place.is_object() ? place : Json::object()));
+        {
+            try
+            {
+                pictures.emplace(prefix + name, CutOut(pixels, place.is_object() ? place : Json::object()));
+            }
+            catch (const std::runtime_error& error)
+            {
+                diagnostics.Report("sprite " + base + ": picture \"" + name + "\" " + error.what());
+            }
+        }
     }
     catch (const Failure&)
     {

@@ -4,9 +4,9 @@
 #include <txgraphics/TXGraphicsEngine.h>
 #include <txgraphics/TXLinearGradient.h>
 #include <txmap/drawing/DrawingTools.h>
-#include <txmap/drawing/layers/LayerProperty.h>
 #include <txmap/drawing/layers/LayerScene.h>
 #include <txmap/drawing/layers/PatternImages.h>
+#include <txmap/style/document/LayerProperty.h>
 
 namespace txmap
 {

@@ -6,12 +6,12 @@
 #include <txgraphics/TXGraphics.h>
 #include <txmap/drawing/DrawingTools.h>
 #include <txmap/drawing/PlaceSymbol.h>
-#include <txmap/drawing/layers/LayerProperty.h>
 #include <txmap/drawing/layers/LayerScene.h>
 #include <txmap/drawing/layers/PixelSampler.h>
 #include <txmap/drawing/layers/PixelWindow.h>
 #include <txmap/map/LineShape.h>
 #include <txmap/map/PixelParts.h>
+#include <txmap/style/document/LayerProperty.h>
 
 namespace txmap
 {

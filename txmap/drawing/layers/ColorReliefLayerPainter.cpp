@@ -5,8 +5,8 @@
 #include <vector>
 
 #include <txmap/drawing/layers/HeightPixels.h>
-#include <txmap/drawing/layers/LayerProperty.h>
 #include <txmap/drawing/layers/PixelSampler.h>
+#include <txmap/style/document/LayerProperty.h>
 
 namespace txmap
 {

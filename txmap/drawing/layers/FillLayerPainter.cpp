@@ -2,11 +2,11 @@
 
 #include <txgraphics/TXGraphics.h>
 #include <txmap/drawing/DrawingTools.h>
-#include <txmap/drawing/layers/LayerProperty.h>
 #include <txmap/drawing/layers/LayerScene.h>
 #include <txmap/drawing/layers/PatternImages.h>
 #include <txmap/map/PixelGeometry.h>
 #include <txmap/map/PixelParts.h>
+#include <txmap/style/document/LayerProperty.h>
 
 namespace txmap
 {

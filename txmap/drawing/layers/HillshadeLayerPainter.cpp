@@ -5,7 +5,7 @@
 
 #include <txmap/drawing/layers/HeightPixels.h>
 #include <txmap/drawing/layers/Hillshade.h>
-#include <txmap/drawing/layers/LayerProperty.h>
+#include <txmap/style/document/LayerProperty.h>
 
 namespace txmap
 {

@@ -1,48 +1,28 @@
 #include <txmap/drawing/layers/LayerScene.h>
 
-#include <algorithm>
 #include <cmath>
 #include <string>
 
-#include <txmap/drawing/layers/LayerProperty.h>
+#include <txmap/style/document/LayerProperty.h>
 
 namespace txmap
 {
 
-EvaluationContext LayerScene::Context() const
+EvaluationContext ContextOf(const MapStyle& style, const MapData& data, double zoom)
 {
     EvaluationContext context;
-    context.zoom = Zoom();
+    context.zoom = zoom;
     context.globalState = &style.globalState;
     context.availableImages = &data.Pictures().Names();
     return context;
 }
 
+EvaluationContext LayerScene::Context() const { return ContextOf(style, data, Zoom()); }
+
 std::vector<PassedFeature> PassingFeatures(const LayerScene& scene, const PlacedFeatures& placed, const char* sortKey)
 {
     scene.evaluating.Start();
-    EvaluationContext context = scene.Context();
-    FeatureAttributes attributes(*placed.features);
-    context.feature = &attributes;
-    context.tileZoom = placed.tileZoom;
-    // Filters see the zoom of tiles, which is whole.
-    const double wholeZoom = std::floor(scene.Zoom());
-    context.zoom = wholeZoom;
-    std::optional<Expression> filter;
-    if (scene.layer.filter)
-        filter = scene.layer.filter->AtZoom(wholeZoom);
-    const LayerProperty<double> key(scene.layer, sortKey, wholeZoom, context);
-    std::vector<PassedFeature> passing;
-    for (const SetFeature& feature : placed.features->features)
-    {
-        attributes.Select(feature);
-        if (filter && filter->EvaluateOrDefault(context) != Value(true))
-            continue;
-        passing.push_back({&feature, key.At(context)});
-    }
-    if (key.IsSet())
-        std::stable_sort(passing.begin(), passing.end(),
-                         [](const PassedFeature& a, const PassedFeature& b) { return a.sortKey < b.sortKey; });
+    std::vector<PassedFeature> passing = PassingFeatures(scene.layer, placed, sortKey, scene.Context());
     scene.evaluating.Stop();
     return passing;
 }

@@ -7,12 +7,14 @@
 #include <txbase/TXRect.h>
 #include <txmap/drawing/layers/MapCanvas.h>
 #include <txmap/sources/MapData.h>
+#include <txmap/sources/PassingFeatures.h>
 #include <txmap/style/document/MapStyle.h>
 
 namespace txmap
 {
 
 class PatternImages;
+class PlacedSymbols;
 
 /// Adds up the time in which it runs.
 class Stopwatch
@@ -27,6 +29,9 @@ private:
     std::chrono::steady_clock::duration total{};
 };
 
+/// What expressions of a style may ask beside the feature.
+EvaluationContext ContextOf(const MapStyle& style, const MapData& data, double zoom);
+
 /// What the painter of a layer works with.
 struct LayerScene
 {
@@ -35,6 +40,7 @@ struct LayerScene
     const StyleLayer& layer;
     const MapData& data;
     PatternImages& patterns;
+    const PlacedSymbols& symbols;
     Stopwatch& evaluating;
 
     double Zoom() const { return canvas.View().Zoom(); }
@@ -42,13 +48,6 @@ struct LayerScene
     double Scale() const { return canvas.View().Scale(); }
     /// What expressions may ask beside the feature.
     EvaluationContext Context() const;
-};
-
-/// A feature that passes the filter of a layer.
-struct PassedFeature
-{
-    const SetFeature* feature = nullptr;
-    double sortKey = 0.0;
 };
 
 /// The features of a set that a layer draws, in its order.

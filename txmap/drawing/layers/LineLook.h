@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include <txmap/drawing/layers/LayerProperty.h>
 #include <txmap/drawing/layers/LayerScene.h>
+#include <txmap/style/document/LayerProperty.h>
 
 namespace txmap
 {

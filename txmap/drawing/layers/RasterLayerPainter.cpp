@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include <txmap/drawing/layers/LayerProperty.h>
 #include <txmap/drawing/layers/LayerScene.h>
 #include <txmap/drawing/layers/PixelSampler.h>
 #include <txmap/drawing/layers/PixelWindow.h>
+#include <txmap/style/document/LayerProperty.h>
 
 namespace txmap
 {

@@ -11,12 +11,14 @@
 #include <txmap/drawing/layers/ColorReliefLayerPainter.h>
 #include <txmap/drawing/layers/FillLayerPainter.h>
 #include <txmap/drawing/layers/HillshadeLayerPainter.h>
-#include <txmap/drawing/layers/LayerProperty.h>
 #include <txmap/drawing/layers/LineLayerPainter.h>
 #include <txmap/drawing/layers/PatternImages.h>
+#include <txmap/drawing/layers/PlacedSymbols.h>
 #include <txmap/drawing/layers/RasterLayerPainter.h>
+#include <txmap/drawing/layers/SymbolLayerPainter.h>
 #include <txmap/map/FrameShape.h>
 #include <txmap/map/PixelParts.h>
+#include <txmap/style/document/LayerProperty.h>
 
 namespace txmap
 {
@@ -49,6 +51,7 @@ void DrawLayer(const LayerScene& scene)
     case LayerType::ColorRelief:
         return DrawColorReliefLayer(scene);
     case LayerType::Symbol:
+        return DrawSymbolLayer(scene);
     case LayerType::Heatmap:
     case LayerType::FillExtrusion:
         break; // The reader of styles leaves these out.
@@ -107,14 +110,15 @@ void ClipTo(const LayerClip& clip, MapCanvas& canvas)
 
 } // namespace
 
-void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, Stopwatch& evaluating)
+void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, DrawingReport& report)
 {
+    const PlacedSymbols symbols(canvas, style, data, report);
     PatternImages patterns(canvas, data.Pictures());
     for (const StyleLayer& layer : style.layers)
     {
         if (!layer.IsShownAt(canvas.View().Zoom()))
             continue;
-        const LayerScene scene{canvas, style, layer, data, patterns, evaluating};
+        const LayerScene scene{canvas, style, layer, data, patterns, symbols, report.evaluating};
         const EvaluationContext context = scene.Context();
         const std::string prefix = RulesOf(layer.type).name;
         const double opacity =
@@ -128,7 +132,7 @@ void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, S
         }
         // The layer as a whole is translucent, blended or cut, not each of its features.
         MapCanvas sheet(canvas.Engine(), canvas.View());
-        const LayerScene apart{sheet, style, layer, data, patterns, evaluating};
+        const LayerScene apart{sheet, style, layer, data, patterns, symbols, report.evaluating};
         DrawLayer(apart);
         if (layer.clip)
             ClipTo(*layer.clip, canvas);

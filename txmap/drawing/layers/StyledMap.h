@@ -1,12 +1,22 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include <txmap/drawing/layers/LayerScene.h>
 
 namespace txmap
 {
 
+/// What there is to say about a map that was drawn.
+struct DrawingReport
+{
+    Stopwatch evaluating; ///< What painters ask expressions.
+    Stopwatch placing;    ///< Laying out texts and icons, and making room for them.
+    std::vector<std::string> warnings;
+};
+
 /// Draws the layers of a style, one over the other.
-/// @param evaluating gets the time that expressions take.
-void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, Stopwatch& evaluating);
+void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, DrawingReport& report);
 
 } // namespace txmap

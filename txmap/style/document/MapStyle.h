@@ -75,6 +75,10 @@ struct StyleLayer
     std::optional<LayerClip> clip;
     std::optional<Color> polarColor; ///< What the colour of a background passes into at the poles.
     double tolerance = 0.0;          ///< Corners of lines that are closer count as one, in logical pixels; 0 for none.
+    bool textThroughCairo = false;   ///< Whether the metadata say that cairo draws texts.
+    bool textIsVertical = false;     ///< Whether the metadata say that texts stand in columns.
+    std::string markFont;            ///< The font of a character that the metadata say is an icon; empty for none.
+    std::string markCharacter;       ///< The character.
 
     /// A property, or null if it is not set and has no default.
     const Expression* Find(const std::string& name) const

@@ -4,6 +4,7 @@
 
 #include <txmap/style/document/StyleReader.h>
 #include <txmap/style/document/ValueCheck.h>
+#include <txmap/style/operators/Utf8.h>
 
 namespace txmap
 {
@@ -30,6 +31,12 @@ constexpr OwnMember kGradient = {
 constexpr OwnMember kMarker = {{"txmap:marker", "*"}, LayerType::Circle, "only layers of type circle have markers"};
 constexpr OwnMember kPolarColor = {
     {"txmap:polar-color", "color"}, LayerType::Background, "only layers of type background have a colour at the poles"};
+constexpr OwnMember kTextEngine = {
+    {"txmap:text-engine", "enum", "qt cairo"}, LayerType::Symbol, "only layers of type symbol have texts"};
+constexpr OwnMember kVertical = {
+    {"txmap:vertical", "boolean"}, LayerType::Symbol, "only layers of type symbol have texts"};
+constexpr OwnMember kFontMarker = {
+    {"txmap:font-marker", "object"}, LayerType::Symbol, "only layers of type symbol have icons"};
 constexpr OwnMember kTolerance = {{"txmap:tolerance", "number", "", "", Varies::Never, 0, kNone},
                                   LayerType::Line,
                                   "only layers of type line have a tolerance"};
@@ -38,6 +45,10 @@ constexpr MemberRule kGradientMembers[] = {
     {"type", "enum", "linear radial conical", "", Varies::Never, -kNone, kNone, true},
     {"colors", "array<color,2>", "", "", Varies::Never, -kNone, kNone, true},
     {"angle", "number"},
+};
+constexpr MemberRule kFontMarkerMembers[] = {
+    {"font", "string", "", "", Varies::Never, -kNone, kNone, true},
+    {"character", "string", "", "", Varies::Never, -kNone, kNone, true},
 };
 constexpr MemberRule kFrameMembers[] = {
     {"margin", "number", "", "", Varies::Never, 0, kNone, true},
@@ -124,6 +135,12 @@ public:
             ReadGradient(*gradient, PointerTo(pointer, kGradient.rule.name));
         if (const Json* const marker = Find(kMarker))
             ReadMarker(*marker, PointerTo(pointer, kMarker.rule.name));
+        if (const Json* const engine = Find(kTextEngine))
+            layer.textThroughCairo = *engine == "cairo";
+        if (const Json* const vertical = Find(kVertical))
+            layer.textIsVertical = vertical->get<bool>();
+        if (const Json* const marker = Find(kFontMarker))
+            ReadFontMarker(*marker, PointerTo(pointer, kFontMarker.rule.name));
         if (const auto clip = layer.metadata.find("txmap:clip"); clip != layer.metadata.end())
             ReadClip(*clip, PointerTo(pointer, "txmap:clip"));
     }
@@ -169,6 +186,22 @@ private:
             problems.Add(place, "the name of a shape, or an array of three corners or more expected");
         else
             layer.marker = LayerMarker{{}, std::move(corners)};
+    }
+
+    /// A character of a font that stands for a picture of a sprite.
+    void ReadFontMarker(const Json& json, const std::string& place)
+    {
+        const std::size_t before = problems.Count();
+        CheckMembers(json, ListOf(kFontMarkerMembers), place, problems, OtherMembers::Refused);
+        if (problems.Count() > before)
+            return;
+        const auto character = json["character"].get<std::string>();
+        // Surfaces take characters of 16 bits, which are at most three bytes.
+        constexpr std::size_t kMostBytes = 3;
+        if (CountCharacters(character) != 1 || character.size() > kMostBytes)
+            return problems.Add(PointerTo(place, "character"), "one character below U+10000 is expected");
+        layer.markFont = json["font"].get<std::string>();
+        layer.markCharacter = character;
     }
 
     void ReadClip(const Json& json, const std::string& place)

@@ -33,7 +33,17 @@ const char* const kStyle =
  {"id": "g", "type": "line", "source": "s", "paint": {"line-width": 4, "line-gradient": ["interpolate", ["linear"],
   ["line-progress"], 0, "red", 1, "blue"], "line-layer-opacity": 0.5, "line-layer-blend": "multiply"}},
  {"id": "c", "type": "circle", "source": "s", "paint": {"circle-radius": {"property": "n", "stops": [[0, 1], [5, 9]]},
-  "circle-blur": 0.4, "circle-stroke-width": 2, "circle-stroke-color": ["rgba", 1, 2, ["get", "n"], 0.5]}}]})";
+  "circle-blur": 0.4, "circle-stroke-width": 2, "circle-stroke-color": ["rgba", 1, 2, ["get", "n"], 0.5]}},
+ {"id": "t", "type": "symbol", "source": "s", "layout": {"text-field": ["format", ["get", "c"], {"font-scale": 1.2},
+  "{n} <b>", {"text-color": "red"}], "text-font": ["DejaVu Sans"], "text-size": 9, "text-max-width": 6,
+  "text-variable-anchor": ["top", "left"], "text-radial-offset": 1, "text-letter-spacing": 0.1, "text-rotate": 20,
+  "symbol-sort-key": ["get", "n"], "text-overlap": "cooperative", "text-padding": 3}, "paint": {"text-halo-width": 1,
+  "text-halo-color": "white", "text-halo-blur": 0.5, "text-opacity": 0.8, "text-translate": [2, 3]}},
+ {"id": "u", "type": "symbol", "source": "s", "metadata": {"txmap:font-marker": {"font": "DejaVu Sans", "character": "x"}},
+  "layout": {"symbol-placement": "line", "symbol-spacing": 30, "text-field": "{c}", "text-font": ["DejaVu Sans"],
+  "text-max-angle": 60, "text-offset": [0, 1], "icon-size": 0.5, "icon-rotate": ["get", "n"], "icon-offset": [1, 2],
+  "icon-padding": [1, 2], "icon-optional": true}, "paint": {"icon-color": "blue", "icon-halo-width": 1,
+  "icon-halo-color": "yellow"}}]})";
 
 /// All values in a style.
 void Collect(Json& json, std::vector<Json*>& values)
@@ -120,8 +130,8 @@ TEST_F(MutatedStyle, IsReadAndDrawnInTime)
             SourceDiagnostics diagnostics(false);
             const MapData data(style, SourceFolder(folder.Path().string()), view, diagnostics);
             MapCanvas canvas(plugin.Engine(), view);
-            Stopwatch evaluating;
-            DrawLayers(canvas, style, data, evaluating);
+            DrawingReport report;
+            DrawLayers(canvas, style, data, report);
             ++drawn;
         }
         catch (const std::exception& error)

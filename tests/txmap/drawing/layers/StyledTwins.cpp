@@ -74,8 +74,8 @@ std::vector<unsigned> StyledTwins::StyledSource(const std::string& source, const
     SourceDiagnostics diagnostics(true);
     const MapData data(reading.style, SourceFolder(folder.Path().string()), view, diagnostics);
     MapCanvas canvas(plugin.Engine(), view);
-    Stopwatch evaluating;
-    DrawLayers(canvas, reading.style, data, evaluating);
+    DrawingReport report;
+    DrawLayers(canvas, reading.style, data, report);
     return PixelsOf(canvas.Surface());
 }
 

@@ -186,3 +186,30 @@ TEST(StyleReader, LeavesOutWhatIsWrongAndKeepsTheRest)
     EXPECT_EQ(NumberOf(reading.style.layers[0], "line-width", 0.0), 1.0);
     EXPECT_EQ(NumberOf(reading.style.layers[0], "line-opacity", 0.0), 0.5);
 }
+
+TEST(StyleReader, MetadataOfTexts)
+{
+    const auto layer = [](const std::string& type, const std::string& metadata)
+    { return WithLayers(R"({"id": "a", "type": ")" + type + R"(", "source": "g", "metadata": {)" + metadata + "}}"); };
+    const StyleReading reading =
+        ReadStyle(layer("symbol", R"("txmap:text-engine": "cairo", "txmap:vertical": true, "other": 1,
+                                     "txmap:font-marker": {"font": "A", "character": "★"})"));
+    EXPECT_TRUE(reading.problems.empty());
+    ASSERT_EQ(reading.style.layers.size(), 1u);
+    EXPECT_TRUE(reading.style.layers[0].textThroughCairo);
+    EXPECT_TRUE(reading.style.layers[0].textIsVertical);
+    EXPECT_EQ(reading.style.layers[0].markFont, "A");
+    EXPECT_EQ(reading.style.layers[0].markCharacter, "★");
+    for (const auto& [metadata, place] :
+         {std::pair{R"("txmap:text-engine": "gl")", "txmap:text-engine"},
+          {R"("txmap:vertical": 1)", "txmap:vertical"},
+          {R"("txmap:font-marker": "x")", "txmap:font-marker"},
+          {R"("txmap:font-marker": {"font": "A"})", "txmap:font-marker"},
+          {R"("txmap:font-marker": {"font": "A", "character": "ab"})", "txmap:font-marker/character"},
+          {R"("txmap:font-marker": {"font": "A", "character": "😀"})", "txmap:font-marker/character"}})
+        EXPECT_THAT(Problems(layer("symbol", metadata)),
+                    ElementsAre(HasSubstr(std::string("/layers/0/metadata/") + place)))
+            << metadata;
+    EXPECT_THAT(Problems(layer("line", R"("txmap:vertical": true)")),
+                ElementsAre(HasSubstr("only layers of type symbol")));
+}

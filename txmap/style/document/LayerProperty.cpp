@@ -1,4 +1,4 @@
-#include <txmap/drawing/layers/LayerProperty.h>
+#include <txmap/style/document/LayerProperty.h>
 
 #include <algorithm>
 
@@ -71,6 +71,45 @@ void Take(const Value& value, std::vector<Color>& result)
 {
     if (value.Is(Kind::ColorArray))
         result = value.Colors().values;
+}
+
+void Take(const Value& value, std::array<double, 4>& result)
+{
+    std::vector<double> numbers;
+    if (value.Is(Kind::Padding))
+        numbers.assign(value.GetPadding().values.begin(), value.GetPadding().values.end());
+    else
+        Take(value, numbers);
+    if (numbers.size() == 4)
+        std::transform(numbers.begin(), numbers.end(), result.begin(),
+                       [](double number) { return std::isnan(number) ? 0.0 : Limited(number); });
+}
+
+void Take(const Value& value, std::vector<std::string>& result)
+{
+    if (!value.Is(Kind::Array))
+        return;
+    result.clear();
+    for (const Value& item : value.Array())
+        if (item.Is(Kind::String))
+            result.push_back(item.String());
+}
+
+void Take(const Value& value, Formatted& result)
+{
+    if (value.Is(Kind::Formatted))
+        result = value.GetFormatted();
+    else if (value.Is(Kind::String))
+    {
+        result.sections.assign(1, {});
+        result.sections[0].text = value.String();
+    }
+}
+
+void Take(const Value& value, VariableAnchorOffsets& result)
+{
+    if (value.Is(Kind::VariableAnchorOffsets))
+        result = value.AnchorOffsets();
 }
 
 } // namespace txmap

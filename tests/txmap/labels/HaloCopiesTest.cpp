@@ -1,7 +1,7 @@
 #include <cmath>
 
 #include <gtest/gtest.h>
-#include <txmap/drawing/HaloCopies.h>
+#include <txmap/labels/HaloCopies.h>
 
 using namespace txmap;
 using TZObjects::TXPoint;

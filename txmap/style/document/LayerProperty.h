@@ -22,6 +22,10 @@ void Take(const Value& value, std::string& result); ///< Texts, and the names of
 void Take(const Value& value, std::array<double, 2>& result);
 void Take(const Value& value, std::vector<double>& result);
 void Take(const Value& value, std::vector<Color>& result);
+void Take(const Value& value, std::array<double, 4>& result); ///< Paddings as well: top, right, bottom, left.
+void Take(const Value& value, std::vector<std::string>& result);
+void Take(const Value& value, Formatted& result);
+void Take(const Value& value, VariableAnchorOffsets& result);
 /// @}
 
 /// A property of a layer at one zoom: evaluated once if it is the same for all features.

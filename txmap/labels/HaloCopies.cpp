@@ -1,4 +1,4 @@
-#include <txmap/drawing/HaloCopies.h>
+#include <txmap/labels/HaloCopies.h>
 
 #include <algorithm>
 #include <cmath>

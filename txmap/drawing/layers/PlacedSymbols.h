@@ -1,0 +1,40 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <txmap/symbols/SymbolLayout.h>
+#include <txmap/symbols/text/SymbolFonts.h>
+
+namespace txmap
+{
+
+class MapCanvas;
+class MapData;
+struct DrawingReport;
+struct MapStyle;
+
+/// The symbols of all layers of a style, placed: first come the layers above, as they are seen best.
+class PlacedSymbols
+{
+public:
+    struct Layer
+    {
+        std::unique_ptr<SymbolLayout> layout;
+        std::vector<SymbolVerdict> verdicts; ///< One for each instance.
+    };
+
+    /// @param report hears of fonts that are missing, and how long this takes.
+    PlacedSymbols(MapCanvas& canvas, const MapStyle& style, const MapData& data, DrawingReport& report);
+
+    /// Null for a layer without symbols.
+    const Layer* Find(const StyleLayer& layer) const;
+
+private:
+    std::unique_ptr<SymbolFonts> fonts;
+    std::map<const StyleLayer*, Layer> layers;
+};
+
+} // namespace txmap

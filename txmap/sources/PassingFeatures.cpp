@@ -1,0 +1,39 @@
+#include <txmap/sources/PassingFeatures.h>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include <txmap/style/document/LayerProperty.h>
+
+namespace txmap
+{
+
+std::vector<PassedFeature> PassingFeatures(const StyleLayer& layer, const PlacedFeatures& placed, const char* sortKey,
+                                           EvaluationContext context)
+{
+    FeatureAttributes attributes(*placed.features);
+    context.feature = &attributes;
+    context.tileZoom = placed.tileZoom;
+    // Filters see the zoom of tiles, which is whole.
+    const double wholeZoom = std::floor(context.zoom.value_or(0.0));
+    context.zoom = wholeZoom;
+    std::optional<Expression> filter;
+    if (layer.filter)
+        filter = layer.filter->AtZoom(wholeZoom);
+    const LayerProperty<double> key(layer, sortKey, wholeZoom, context);
+    std::vector<PassedFeature> passing;
+    for (const SetFeature& feature : placed.features->features)
+    {
+        attributes.Select(feature);
+        if (filter && filter->EvaluateOrDefault(context) != Value(true))
+            continue;
+        passing.push_back({&feature, key.At(context)});
+    }
+    if (key.IsSet())
+        std::stable_sort(passing.begin(), passing.end(),
+                         [](const PassedFeature& a, const PassedFeature& b) { return a.sortKey < b.sortKey; });
+    return passing;
+}
+
+} // namespace txmap
