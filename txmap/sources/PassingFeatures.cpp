@@ -21,14 +21,14 @@ std::vector<PassedFeature> PassingFeatures(const StyleLayer& layer, const Placed
     std::optional<Expression> filter;
     if (layer.filter)
         filter = layer.filter->AtZoom(wholeZoom);
-    const LayerProperty<double> key(layer, sortKey, wholeZoom, context);
+    const LayerProperty<SortKey> key(layer, sortKey, wholeZoom, context);
     std::vector<PassedFeature> passing;
     for (const SetFeature& feature : placed.features->features)
     {
         attributes.Select(feature);
         if (filter && filter->EvaluateOrDefault(context) != Value(true))
             continue;
-        passing.push_back({&feature, key.At(context)});
+        passing.push_back({&feature, key.At(context).value});
     }
     if (key.IsSet())
         std::stable_sort(passing.begin(), passing.end(),

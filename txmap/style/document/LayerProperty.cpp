@@ -23,6 +23,12 @@ void Take(const Value& value, double& result)
         result = Limited(value.Number());
 }
 
+void Take(const Value& value, SortKey& result)
+{
+    if (value.Is(Kind::Number) && !std::isnan(value.Number()))
+        result.value = value.Number();
+}
+
 void Take(const Value& value, bool& result)
 {
     if (value.Is(Kind::Boolean))

@@ -12,10 +12,17 @@
 namespace txmap
 {
 
+/// A number by which features are ordered. It may be as large as a number of inhabitants.
+struct SortKey
+{
+    double value = 0.0;
+};
+
 /// @name Values of expressions as painters use them
 /// Each leaves the present value where the expression gives something else.
 /// @{
-void Take(const Value& value, double& result);
+void Take(const Value& value, double& result); ///< No larger than any picture.
+void Take(const Value& value, SortKey& result);
 void Take(const Value& value, bool& result);
 void Take(const Value& value, Color& result);
 void Take(const Value& value, std::string& result); ///< Texts, and the names of images.

@@ -335,3 +335,18 @@ TEST_F(LayerPicture, WorldsRepeatAcrossTheDateLine)
     EXPECT_NE(styled[128 * 256 + 2] >> 24, 0u);
     EXPECT_NE(styled[128 * 256 + 253] >> 24, 0u);
 }
+
+TEST_F(LayerPicture, SortKeysMayBeNumbersOfInhabitants)
+{
+    const auto town = [](const char* color, const char* people)
+    {
+        return R"({"type": "Feature", "properties": {"color": ")" + std::string(color) + R"(", "people": )" + people +
+               R"(}, "geometry": {"type": "Point", "coordinates": )" + Place(100, 100) + "}}";
+    };
+    const std::vector<unsigned> drawn =
+        Styled(R"({"type": "FeatureCollection", "features": [)" + town("#ff0000", "14987000") + "," +
+                   town("#0000ff", "3300000") + "]}",
+               R"({"id": "c", "type": "circle", "source": "s", "layout": {"circle-sort-key": ["get", "people"]},
+            "paint": {"circle-radius": 20, "circle-color": ["get", "color"]}})");
+    EXPECT_EQ(drawn[100 * 256 + 100], 0xFFFF0000u);
+}
