@@ -102,6 +102,14 @@ constexpr MemberRule kHillshadePaint[] = {
     {"hillshade-method", "enum", "standard basic combined igor multidirectional", "\"standard\"", Varies::Zoom},
     {"resampling", "enum", "linear nearest", "\"linear\"", Varies::Zoom},
 };
+constexpr MemberRule kColorReliefLayout[] = {
+    {"visibility", "enum", "visible none", "\"visible\"", Varies::State},
+};
+constexpr MemberRule kColorReliefPaint[] = {
+    {"color-relief-opacity", "number", "", "1", Varies::Zoom, 0, 1},
+    {"color-relief-color", "color", "", "", Varies::OtherRamp},
+    {"resampling", "enum", "linear nearest", "\"linear\"", Varies::Zoom},
+};
 
 } // namespace
 
@@ -133,6 +141,12 @@ LayerRules RasterRules()
 LayerRules HillshadeRules()
 {
     return {LayerType::Hillshade, "hillshade", ListOf(kHillshadeLayout), ListOf(kHillshadePaint), "raster-dem", ""};
+}
+
+LayerRules ColorReliefRules()
+{
+    return {LayerType::ColorRelief,    "color-relief", ListOf(kColorReliefLayout),
+            ListOf(kColorReliefPaint), "raster-dem",   ""};
 }
 
 } // namespace txmap

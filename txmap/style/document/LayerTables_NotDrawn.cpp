@@ -32,14 +32,6 @@ constexpr MemberRule kFillExtrusionPaint[] = {
     {"fill-extrusion-base", "number", "", "0", Varies::Feature},
     {"fill-extrusion-vertical-gradient", "boolean", "", "true", Varies::Zoom},
 };
-constexpr MemberRule kColorReliefLayout[] = {
-    {"visibility", "enum", "visible none", "\"visible\"", Varies::State},
-};
-constexpr MemberRule kColorReliefPaint[] = {
-    {"color-relief-opacity", "number", "", "1", Varies::Zoom, 0, 1},
-    {"color-relief-color", "color", "", "", Varies::OtherRamp},
-    {"resampling", "enum", "linear nearest", "\"linear\"", Varies::Zoom},
-};
 
 } // namespace
 
@@ -53,12 +45,6 @@ LayerRules FillExtrusionRules()
 {
     return {LayerType::FillExtrusion,    "fill-extrusion", ListOf(kFillExtrusionLayout),
             ListOf(kFillExtrusionPaint), "geojson vector", "maps are flat, and buildings without height are fills"};
-}
-
-LayerRules ColorReliefRules()
-{
-    return {LayerType::ColorRelief,    "color-relief", ListOf(kColorReliefLayout),
-            ListOf(kColorReliefPaint), "raster-dem",   ""};
 }
 
 } // namespace txmap
