@@ -24,6 +24,11 @@ std::string ValueOf(const CompiledExpression& compiled, const std::string& featu
     EvaluationContext context;
     context.zoom = zoom;
     context.feature = &testFeature;
+    // What only some properties know.
+    context.lineProgress = 0.25;
+    context.heatmapDensity = 0.75;
+    context.elevation = 321.0;
+    context.accumulated = Value("sum");
     try
     {
         const Value value = std::get<Expression>(compiled).Evaluate(context);
