@@ -69,6 +69,18 @@ TEST(Atlas, HasMoreNamesInALargerPictureAndNotLargerOnes)
     const Difference usual = inkIn("2048x1024", "1");
     EXPECT_NEAR(inkIn("4096x2048", "1").width, usual.width, 2);
     EXPECT_NEAR(inkIn("2048x1024", "2").width, 2 * usual.width, 6);
+
+    // Names take as much ink for each of them, so that four times the room has clearly more of it.
+    const auto inkOfTheWorld = [&](const std::string& size)
+    {
+        const std::vector<std::string> all = {DataFile("places-110m.geojson"), "--graticule", "0", "--size", size};
+        std::vector<std::string> labelled = all;
+        labelled.insert(labelled.end(), {"--labels"});
+        return Compare(Draw(all), Draw(labelled)).pixels;
+    };
+    const int few = inkOfTheWorld("1024x512");
+    EXPECT_GT(few, 200);
+    EXPECT_GT(inkOfTheWorld("2048x1024"), 3 * few / 2);
 }
 
 TEST(Atlas, FindsAMistypedSuffixBeforeItReads)

@@ -1,6 +1,7 @@
 // What a raster makes of the picture.
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -91,6 +92,36 @@ TEST(RasterPicture, IsBlendedByItsOpacity)
                       1)
                 << opacity << ": " << longitude << ", " << latitude;
     }
+}
+
+TEST(RasterPicture, DarkensTheMapWhereItIsMultiplied)
+{
+    const Picture bare = DrawWithout(kSquare);
+    TestRaster relief;
+    relief.value = [](int, int, int) { return 128.0; };
+    const auto expect = [&](const Picture& picture, const std::function<Pixel(const Pixel&)>& blend)
+    {
+        for (const int longitude : {0, 40, 120})
+            EXPECT_LE(Distance(picture.AtPlace(longitude, 10), blend(bare.AtPlace(longitude, 10))), 1) << longitude;
+    };
+    const auto product = [](const Pixel& below)
+    {
+        Pixel blend = below;
+        for (std::size_t i = 0; i < 3; ++i)
+            blend[i] = static_cast<std::uint8_t>(below[i] * 128 / 255);
+        return blend;
+    };
+    expect(DrawOver(relief, kSquare, {"--raster-blend", "multiply"}), product);
+    const Pixel grey{128, 128, 128, 255};
+    expect(DrawOver(relief, kSquare, {"--raster-blend", "normal"}), [&](const Pixel&) { return grey; });
+    expect(DrawOver(relief, kSquare), [&](const Pixel&) { return grey; });
+    // One without colours that is translucent is a shaded relief, unless something else is said.
+    const auto half = [&](const Pixel& below) { return Blend(product(below), below, 0.5); };
+    expect(DrawOver(relief, kSquare, {"--raster-opacity", "0.5"}), half);
+    expect(DrawOver(relief, kSquare, {"--raster-opacity", "0.5", "--raster-blend", "normal"}),
+           [&](const Pixel& below) { return Blend(grey, below, 0.5); });
+    const Picture colored = DrawOver(FourColors(), kSquare, {"--raster-opacity", "0.5"});
+    EXPECT_LE(Distance(colored.AtPlace(40, 10), Blend(kGreen, bare.AtPlace(40, 10), 0.5)), 1);
 }
 
 TEST(RasterPicture, ShowsTheMapWhereItHasNoData)

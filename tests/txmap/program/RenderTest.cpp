@@ -124,8 +124,8 @@ TEST(Render, DrawsAStyle)
     const ProgramRun run = RunTxmap({"render", style, "-o", folder / "map.png", "--size", "100x80", "--scale", "2",
                                      "--center", "0,0", "--zoom", "0", "--timings", "--plugin", kPlugin});
     ASSERT_EQ(run.exitCode, 0) << run.errors;
-    EXPECT_THAT(run.output, HasSubstr("reading "));
-    EXPECT_THAT(run.output, HasSubstr("encoding "));
+    for (const char* const stage : {"reading ", "evaluating ", "placing ", "drawing ", "encoding "})
+        EXPECT_THAT(run.output, HasSubstr(stage));
     const Picture picture(folder / "map.png");
     EXPECT_EQ(picture.Width(), 200);
     EXPECT_EQ(picture.Height(), 160);

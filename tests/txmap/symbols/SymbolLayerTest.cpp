@@ -275,3 +275,33 @@ TEST_F(SymbolLayer, DoesNotDependOnTheOrderOfFeaturesOrTiles)
         }
     }
 }
+
+TEST_F(SymbolLayer, EqualSortKeysLeaveTheOrderOfTheSource)
+{
+    RandomSource random(6);
+    std::vector<PlacedFeatures> tiles;
+    for (int tile = 0; tile < 4; ++tile)
+    {
+        std::vector<Feature> features;
+        for (int i = 0; i < 100; ++i)
+            features.push_back({GeometryType::Point,
+                                {{{random.Real(0.0, 256.0), random.Real(0.0, 256.0)}}},
+                                "Name " + std::to_string(tile) + " " + std::to_string(i),
+                                1.0 * (i / 50)});
+        tiles.push_back(Placed(features));
+    }
+    const std::string layout = std::string(kText) + R"(, "symbol-sort-key": ["get", "n"])";
+    const Names expected = Shown(layout, tiles);
+    EXPECT_GT(expected.size(), 20u);
+    for (int shuffle = 0; shuffle < 20; ++shuffle)
+    {
+        for (std::size_t i = tiles.size() - 1; i > 0; --i)
+            std::swap(tiles[i], tiles[random.Below(i + 1)]);
+        EXPECT_EQ(Shown(layout, tiles), expected);
+    }
+    // In one set the first comes first.
+    const Feature first{GeometryType::Point, {{{100, 100}}}, "First", 1.0};
+    const Feature second{GeometryType::Point, {{{101, 100}}}, "Second", 1.0};
+    EXPECT_EQ(Shown(layout, {Placed({first, second})}), Names{"First 100 100"});
+    EXPECT_EQ(Shown(layout, {Placed({second, first})}), Names{"Second 101 100"});
+}

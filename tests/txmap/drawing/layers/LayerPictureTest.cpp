@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include <tests/txmap/drawing/layers/CurvedCircle.h>
 #include <tests/txmap/drawing/layers/StyledTwins.h>
 #include <txmap/map/LineShape.h>
 
@@ -301,27 +302,16 @@ TEST_F(LayerPicture, CircleWithFractions)
         "circle-stroke-opacity": 0.502
 }
 })");
-    const auto circle = [](TXGraphics& surface, double radius)
-    {
-        const double bend = radius * 0.5522847498307936;
-        const double x = 100.3;
-        const double y = 80.7;
-        surface.MoveTo(x + radius, y);
-        surface.CurveTo(x + radius, y + bend, x + bend, y + radius, x, y + radius);
-        surface.CurveTo(x - bend, y + radius, x - radius, y + bend, x - radius, y);
-        surface.CurveTo(x - radius, y - bend, x - bend, y - radius, x, y - radius);
-        surface.CurveTo(x + bend, y - radius, x + radius, y - bend, x + radius, y);
-        surface.ClosePath();
-    };
+    const TXPoint centre(100.3, 80.7);
     ExpectSame(styled,
                [&](TXGraphics& surface)
                {
                    surface.SelectBrush(Brush({255, 0, 0, 128}));
-                   circle(surface, 12.4 - 0.5);
+                   AddCurvedCircle(surface, centre, 12.4 - 0.5);
                    surface.DrawPath();
                    surface.SelectBrush(Brush({0, 0, 255, 128}));
-                   circle(surface, 12.4 + 3.2 - 0.5);
-                   circle(surface, 12.4 - 0.5);
+                   AddCurvedCircle(surface, centre, 12.4 + 3.2 - 0.5);
+                   AddCurvedCircle(surface, centre, 12.4 - 0.5);
                    surface.DrawPath();
                });
 }

@@ -1,8 +1,8 @@
 // Styles with random mistakes are read and, as far as they go, drawn: nothing may crash, hang or grow without end.
 #include <chrono>
-#include <random>
 
 #include <tests/txmap/drawing/layers/StyledTwins.h>
+#include <tests/txmap/support/StyleMutator.h>
 #include <txmap/drawing/layers/StyledMap.h>
 #include <txmap/map/MercatorView.h>
 #include <txmap/sources/SourceDiagnostics.h>
@@ -45,81 +45,17 @@ const char* const kStyle =
   "icon-padding": [1, 2], "icon-optional": true}, "paint": {"icon-color": "blue", "icon-halo-width": 1,
   "icon-halo-color": "yellow"}}]})";
 
-/// All values in a style.
-void Collect(Json& json, std::vector<Json*>& values)
-{
-    values.push_back(&json);
-    if (json.is_structured())
-        for (Json& item : json)
-            Collect(item, values);
-}
-
-class Mutator
-{
-public:
-    explicit Mutator(unsigned seed) : random(seed) {}
-
-    std::string Mutated()
-    {
-        Json style = Json::parse(kStyle);
-        const std::size_t changes = 1 + Pick(3);
-        for (std::size_t i = 0; i < changes; ++i)
-        {
-            std::vector<Json*> values;
-            Collect(style, values);
-            Change(*values[1 + Pick(values.size() - 1)], *values[Pick(values.size())]);
-        }
-        std::string text = style.dump();
-        if (Pick(20) == 0)
-            text.resize(Pick(text.size()));
-        return text;
-    }
-
-private:
-    std::size_t Pick(std::size_t count) { return std::uniform_int_distribution<std::size_t>(0, count - 1)(random); }
-
-    void Change(Json& value, const Json& other)
-    {
-        static const std::vector<Json> kStrange = {nullptr,
-                                                   true,
-                                                   -1,
-                                                   0,
-                                                   1e300,
-                                                   -1e300,
-                                                   1e-300,
-                                                   4294967296.0,
-                                                   "",
-                                                   "zork",
-                                                   "get",
-                                                   Json::array(),
-                                                   Json::object(),
-                                                   Json::array({"zoom"}),
-                                                   Json::array({"get", "n"}),
-                                                   Json::array({"get", "c"})};
-        if (Pick(3) == 0)
-        {
-            const Json copy = other;
-            value = copy;
-        }
-        else if (value.is_number() && Pick(2) == 0)
-            value = value.get<double>() * std::vector<double>{-1.0, 0.0, 1e3, 1e6, 1e-6}[Pick(5)];
-        else
-            value = kStrange[Pick(kStrange.size())];
-    }
-
-    std::mt19937 random;
-};
-
 using MutatedStyle = StyledTwins;
 
 } // namespace
 
 TEST_F(MutatedStyle, IsReadAndDrawnInTime)
 {
+    const Json sound = Json::parse(kStyle);
     std::size_t drawn = 0;
     for (unsigned seed = 1; seed <= 2000; ++seed)
     {
-        const std::string text = Mutator(seed).Mutated();
+        const std::string text = StyleMutator(seed).Mutated(sound);
         const auto begin = std::chrono::steady_clock::now();
         try
         {
