@@ -4,57 +4,20 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <tests/txmap/support/OwnStyle.h>
 #include <tests/txmap/support/Picture.h>
 #include <tests/txmap/support/ProgramRun.h>
 #include <tests/txmap/support/StyleMutator.h>
 #include <tests/txmap/support/TemporaryFolder.h>
-#include <tests/txmap/support/TestRaster.h>
 
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
-using Json = nlohmann::ordered_json;
 
 namespace
 {
 
 constexpr int kUsage = 2;
 constexpr int kData = 4;
-
-std::string StyleFile(const std::string& name) { return std::string(TX_TEST_DATA) + "/../styles/" + name + ".json"; }
-
-Json Feature(const char* type, const Json& coordinates, double number)
-{
-    const Json properties = {{"name", "Antarctica"}, {"mapcolor", number},  {"adm0cap", 1},
-                             {"worldcity", 1},       {"scalerank", number}, {"pop_max", number},
-                             {"size", 10 * number},  {"rank", number},      {"featurecla", "a town"}};
-    return {
-        {"type", "Feature"}, {"properties", properties}, {"geometry", {{"type", type}, {"coordinates", coordinates}}}};
-}
-
-/// A style of the project on a handful of features, so that a run takes no time. Its heights are to be in heights.tif.
-Json OnSmallSources(const std::string& name)
-{
-    Json style = Json::parse(ContentOf(StyleFile(name)));
-    const Json ring = {{-60, -40}, {70, -30}, {60, 50}, {-50, 40}, {-60, -40}};
-    const Json line = {{-80, 10}, {0, 30}, {10, -20}, {90, 5}};
-    const Json features = {Feature("Polygon", Json::array({ring}), 1), Feature("LineString", line, 2),
-                           Feature("Point", {20, 20}, 3), Feature("Point", {170, -20}, 1)};
-    for (auto& [id, source] : style["sources"].items())
-        if (source["type"] == "geojson")
-            source["data"] = {{"type", "FeatureCollection"}, {"features", features}};
-        else
-            source["url"] = "heights.tif";
-    style["zoom"] = 0;
-    return style;
-}
-
-void WriteHeights(const TemporaryFolder& folder)
-{
-    TestRaster raster;
-    raster.type = GDT_Int16;
-    raster.value = [](int x, int y, int) { return 100.0 * ((x * 7 + y * 5) % 40); };
-    raster.Write(folder / "heights.tif");
-}
 
 ProgramRun Render(const std::string& style, const std::string& picture, const std::vector<std::string>& options)
 {
@@ -88,7 +51,7 @@ TEST(OwnStyles, AreDrawnWithoutAWarning)
     for (const char* const style : {"political", "physical"})
     {
         const TemporaryFolder folder;
-        const ProgramRun run = Render(StyleFile(style), folder / "map.png", {"--size", "200x150"});
+        const ProgramRun run = Render(OwnStyleFile(style), folder / "map.png", {"--size", "200x150"});
         ASSERT_EQ(run.exitCode, 0) << run.errors;
         EXPECT_THAT(run.errors, IsEmpty());
         const Picture picture(folder / "map.png");
@@ -105,9 +68,9 @@ TEST(OwnStyles, AreDrawnOnSmallSources)
     for (const char* const style : {"political", "physical"})
     {
         const TemporaryFolder folder;
-        WriteHeights(folder);
-        const ProgramRun run =
-            Render(folder.Write("style.json", OnSmallSources(style).dump()), folder / "map.png", {"--size", "64x64"});
+        WriteSmallHeights(folder);
+        const ProgramRun run = Render(folder.Write("style.json", OwnStyleOnSmallSources(style).dump()),
+                                      folder / "map.png", {"--size", "64x64"});
         EXPECT_EQ(run.exitCode, 0);
         EXPECT_THAT(run.errors, IsEmpty());
     }
@@ -120,8 +83,8 @@ class MutatedOwnStyle : public ::testing::TestWithParam<Run>
 TEST_P(MutatedOwnStyle, GivesAPictureOrOneLine)
 {
     const TemporaryFolder folder;
-    WriteHeights(folder);
-    const std::string text = StyleMutator(GetParam().seed).Mutated(OnSmallSources(GetParam().style));
+    WriteSmallHeights(folder);
+    const std::string text = StyleMutator(GetParam().seed).Mutated(OwnStyleOnSmallSources(GetParam().style));
     std::vector<std::string> options = {"--size", "64x64"};
     const bool isStrict = GetParam().seed % 2 == 0;
     if (!isStrict)

@@ -2,6 +2,7 @@
 #include <chrono>
 
 #include <tests/txmap/drawing/layers/StyledTwins.h>
+#include <tests/txmap/support/OwnStyle.h>
 #include <tests/txmap/support/StyleMutator.h>
 #include <txmap/drawing/layers/StyledMap.h>
 #include <txmap/map/MercatorView.h>
@@ -45,37 +46,53 @@ const char* const kStyle =
   "icon-padding": [1, 2], "icon-optional": true}, "paint": {"icon-color": "blue", "icon-halo-width": 1,
   "icon-halo-color": "yellow"}}]})";
 
-using MutatedStyle = StyledTwins;
+class MutatedStyle : public StyledTwins
+{
+protected:
+    /// Draws a style with the mistakes of so many seeds.
+    void DrawAll(const Json& sound, unsigned seeds)
+    {
+        unsigned drawn = 0;
+        for (unsigned seed = 1; seed <= seeds; ++seed)
+        {
+            const std::string text = StyleMutator(seed).Mutated(sound);
+            const auto begin = std::chrono::steady_clock::now();
+            try
+            {
+                Draw(ReadStyle(text).style);
+                ++drawn;
+            }
+            catch (const std::exception& error)
+            {
+                ADD_FAILURE() << "seed " << seed << ": " << error.what() << "\n" << text;
+            }
+            const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+            EXPECT_LT(seconds, 10.0) << "seed " << seed << "\n" << text;
+        }
+        EXPECT_EQ(drawn, seeds);
+    }
+
+private:
+    void Draw(const MapStyle& style)
+    {
+        const MercatorView view(
+            {style.longitude.value_or(0.0), style.latitude.value_or(0.0), style.zoom.value_or(0.0), style.bearing},
+            {64, 64});
+        SourceDiagnostics diagnostics(false);
+        const MapData data(style, SourceFolder(folder.Path().string()), view, diagnostics);
+        MapCanvas canvas(plugin.Engine(), view);
+        DrawingReport report;
+        DrawLayers(canvas, style, data, report);
+    }
+};
 
 } // namespace
 
-TEST_F(MutatedStyle, IsReadAndDrawnInTime)
+TEST_F(MutatedStyle, IsReadAndDrawnInTime) { DrawAll(Json::parse(kStyle), 2000); }
+
+TEST_F(MutatedStyle, OfTheProjectIsReadAndDrawnInTime)
 {
-    const Json sound = Json::parse(kStyle);
-    std::size_t drawn = 0;
-    for (unsigned seed = 1; seed <= 2000; ++seed)
-    {
-        const std::string text = StyleMutator(seed).Mutated(sound);
-        const auto begin = std::chrono::steady_clock::now();
-        try
-        {
-            const MapStyle style = ReadStyle(text).style;
-            const MercatorView view(
-                {style.longitude.value_or(0.0), style.latitude.value_or(0.0), style.zoom.value_or(0.0), style.bearing},
-                {64, 64});
-            SourceDiagnostics diagnostics(false);
-            const MapData data(style, SourceFolder(folder.Path().string()), view, diagnostics);
-            MapCanvas canvas(plugin.Engine(), view);
-            DrawingReport report;
-            DrawLayers(canvas, style, data, report);
-            ++drawn;
-        }
-        catch (const std::exception& error)
-        {
-            ADD_FAILURE() << "seed " << seed << ": " << error.what() << "\n" << text;
-        }
-        const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-        EXPECT_LT(seconds, 10.0) << "seed " << seed << "\n" << text;
-    }
-    EXPECT_EQ(drawn, 2000u);
+    WriteSmallHeights(folder);
+    for (const char* const style : {"political", "physical"})
+        DrawAll(OwnStyleOnSmallSources(style), 300);
 }
