@@ -1,8 +1,5 @@
 #include <txmap/render/PictureFile.h>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <optional>
 
 #include <txgraphics/TXGraphics.h>
@@ -36,38 +33,6 @@ GeoReference ReferenceOf(const MapView& view)
             (down.y - origin.y) / size.height};
 }
 
-/// Lets no message of a library out as long as it lives: some print why they fail, where one line is to say all.
-class SilentErrors
-{
-public:
-    SilentErrors() : before(dup(STDERR_FILENO))
-    {
-        const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-        if (nowhere < 0)
-            return;
-        dup2(nowhere, STDERR_FILENO);
-        close(nowhere);
-    }
-    ~SilentErrors()
-    {
-        if (before < 0)
-            return;
-        dup2(before, STDERR_FILENO);
-        close(before);
-    }
-    SilentErrors(const SilentErrors&) = delete;
-    SilentErrors& operator=(const SilentErrors&) = delete;
-
-private:
-    int before;
-};
-
-bool SaveSilently(TZObjects::TXGraphics& picture, const std::string& path)
-{
-    const SilentErrors silent;
-    return picture.Save(path.c_str());
-}
-
 } // namespace
 
 void SavePicture(TZObjects::TXGraphics& picture, const MapView& view, OutputFile& output, const std::string& name,
@@ -83,7 +48,7 @@ void SavePicture(TZObjects::TXGraphics& picture, const MapView& view, OutputFile
     }
     const auto save = [&](OutputFile& file, const std::string& suffix)
     {
-        if (!SaveSilently(picture, file.Begin(suffix)))
+        if (!picture.Save(file.Begin(suffix).c_str()))
             throw Failure(ExitCode::Drawing, file.Name() + ": the picture cannot be written" + file.WriteProblem());
     };
     const std::string suffix = FileSuffix(name);
