@@ -135,6 +135,20 @@ TEST(Render, DrawsAStyle)
     EXPECT_EQ(picture.At(100, 80), (Pixel{255, 0, 0, 255}));
 }
 
+TEST(Render, DrawsTheStylesOfThisRepositoryWithoutAWarning)
+{
+    for (const char* const name : {"political", "physical", "city"})
+        for (const char* const scale : {"1", "2"})
+        {
+            const TemporaryFolder folder;
+            const ProgramRun run =
+                RunTxmap({"render", std::string(TX_TEST_DATA "/../styles/") + name + ".json", "-o", folder / "map.png",
+                          "--size", "300x200", "--scale", scale, "--plugin", kPlugin});
+            EXPECT_EQ(run.exitCode, 0);
+            EXPECT_THAT(run.errors, IsEmpty()) << name;
+        }
+}
+
 TEST(Render, RefusesSuffixesBeforeAnythingIsRead)
 {
     const ProgramRun run = RunTxmap({"render", "none.json", "-o", "map.xyz"});
