@@ -15,8 +15,6 @@ using TZObjects::TXRect;
 namespace
 {
 
-// Points closer than this to the one before do not change a pixel that anyone could see.
-constexpr double kFinest = 0.125;
 // How far from the edge of the world a point of cut data may lie: some 12 cm.
 constexpr double kEdge = 3e-9;
 // Data that ends at a pole ends there up to what its makers took for one.
@@ -62,7 +60,7 @@ PixelParts::PixelParts(const AffineMatrix& toPixels, const TXRect& picture, cons
 
 void PixelParts::SetTolerance(double pixels)
 {
-    tolerance = std::max(kFinest, pixels);
+    tolerance = std::max(tolerance, pixels);
     joinsSpots = true;
 }
 

@@ -22,6 +22,9 @@ namespace txmap
 class PixelParts
 {
 public:
+    /// Points closer than this to the one before do not change a pixel that anyone could see.
+    static constexpr double kFinest = 0.125;
+
     /// @param toPixels world coordinates to pixels, for one world.
     /// @param picture the part of the picture, in pixels, that geometry is cut to: larger than the picture by more than
     /// half the widest line, because cut fills have edges along it.
@@ -29,6 +32,8 @@ public:
     PixelParts(const AffineMatrix& toPixels, const TZObjects::TXRect& picture,
                const std::optional<MercatorBox>& tile = std::nullopt);
 
+    /// Drops points of lines that are closer than this to the one before, where wide lines show no more. In pixels.
+    void SetFinest(double pixels) { tolerance = std::max(tolerance, pixels); }
     /// Drops points of lines that are closer than this to the one before, and of lines that are shorter all but one at
     /// each spot: what a line is too wide to show. In pixels.
     void SetTolerance(double pixels);

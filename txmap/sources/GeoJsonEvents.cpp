@@ -4,13 +4,6 @@
 
 namespace txmap
 {
-namespace
-{
-
-// Real data nests a few levels deep. Readers, and copies of values, need the stack.
-constexpr std::size_t kDeepest = 200;
-
-} // namespace
 
 bool GeoJsonEvents::Key(std::string_view name)
 {
@@ -61,10 +54,10 @@ GeoJsonEvents::Role GeoJsonEvents::RoleOfNext(bool isObject)
     }
 }
 
-bool GeoJsonEvents::Begin(bool isObject)
+bool GeoJsonEvents::BeginOther(bool isObject)
 {
     const Role role = RoleOfNext(isObject);
-    if (roles.size() >= kDeepest)
+    if (IsTooDeep())
     {
         result.problem = "is nested too deep";
         return false;
@@ -96,15 +89,12 @@ bool GeoJsonEvents::Begin(bool isObject)
     return true;
 }
 
-bool GeoJsonEvents::End()
+bool GeoJsonEvents::EndOther()
 {
     const Role role = CurrentRole();
     roles.pop_back();
     switch (role)
     {
-    case Role::Coordinates:
-        Geometry().EndArray();
-        break;
     case Role::Attribute:
         if (const std::optional<Value> value = attribute.End())
             AddAttribute(*value);

@@ -34,14 +34,31 @@ public:
     }
     bool Text(std::string value) { return Scalar(std::move(value)); }
     bool Key(std::string_view name);
-    bool Begin(bool isObject);
-    bool End();
+    bool Begin(bool isObject)
+    {
+        if (isObject || CurrentRole() != Role::Coordinates || IsTooDeep())
+            return BeginOther(isObject);
+        roles.push_back(Role::Coordinates);
+        Geometry().BeginArray();
+        return true;
+    }
+    bool End()
+    {
+        if (CurrentRole() != Role::Coordinates)
+            return EndOther();
+        roles.pop_back();
+        Geometry().EndArray();
+        return true;
+    }
 
     /// True before anything has begun, and when all has ended.
     bool IsOutside() const { return roles.empty(); }
     GeoJsonResult result;
 
 private:
+    // Real data nests a few levels deep. Readers, and copies of values, need the stack.
+    static constexpr std::size_t kDeepest = 200;
+
     /// What the object or array is that is being read.
     enum class Role
     {
@@ -60,7 +77,10 @@ private:
 
     Role CurrentRole() const { return roles.empty() ? Role::Skipped : roles.back(); }
 
+    bool IsTooDeep() const { return roles.size() >= kDeepest; }
     Role RoleOfNext(bool isObject);
+    bool BeginOther(bool isObject);
+    bool EndOther();
     bool Scalar(Value value);
     /// Stops at a coordinate system other than the usual one.
     bool IsDegrees(const std::string& system);

@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include <txmap/map/MapView.h>
+#include <txmap/sources/GeoJsonGeometry.h>
 #include <txmap/sources/ImageDecoder.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/sources/SourcePath.h>
@@ -37,7 +38,15 @@ QuadImageSource::QuadImageSource(const std::string& name, const Json& source, co
         !std::all_of(given->begin(), given->end(), IsPosition))
         throw Failure(ExitCode::Data, "the source " + name + " has no four corners");
     for (std::size_t i = 0; i < corners.size(); ++i)
-        corners[i] = ToMercator((*given)[i][0].get<double>(), (*given)[i][1].get<double>());
+    {
+        const TZObjects::TXPoint degrees((*given)[i][0].get<double>(), (*given)[i][1].get<double>());
+        if (IsFarFromDegrees(degrees))
+            throw Failure(ExitCode::Data, "the source " + name + " has corners that are no degrees");
+        corners[i] = ToMercator(degrees.x, degrees.y);
+    }
+    const MercatorBox bounds = Bounds();
+    if (!(bounds.left < bounds.right && bounds.top < bounds.bottom))
+        throw Failure(ExitCode::Data, "the source " + name + " has corners without an area");
     file = folder.PathOf(url->get<std::string>());
 }
 

@@ -1,6 +1,7 @@
 #include <txmap/symbols/SymbolContent.h>
 
 #include <algorithm>
+#include <limits>
 
 #include <txmap/sources/Sprites.h>
 #include <txmap/style/operators/Utf8.h>
@@ -150,7 +151,8 @@ void SymbolContents::AddText(const EvaluationContext& context, SymbolContent& co
     style.lineHeight = properties.textLineHeight;
     style.engine = properties.textEngine;
     // Only at points, lines of a text are broken where they are too long.
-    style.maxWidth = properties.stand == SymbolStand::Point ? properties.textMaxWidth.At(context) : 0.0;
+    style.maxWidth = properties.stand == SymbolStand::Point ? properties.textMaxWidth.At(context)
+                                                            : std::numeric_limits<double>::infinity();
     if (!properties.TextFollowsLine())
         AddPlaces(context, sections, style, content);
     else

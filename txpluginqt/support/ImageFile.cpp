@@ -1,5 +1,6 @@
 #include <txpluginqt/support/ImageFile.h>
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
 #include <QImageWriter>
@@ -19,12 +20,18 @@ bool WriteImageFile(const QImage& image, const QString& path)
     if (info.exists() && !info.isFile())
         return !info.isDir() && image.save(path);
 
+    // Writers of some formats do not notice that only a part of a file found room, and others print that they do.
+    QBuffer encoded;
+    if (!encoded.open(QIODevice::WriteOnly) || !QImageWriter(&encoded, format).write(image))
+        return false;
+
     QSaveFile file(path);
     // A file that may be written in a folder that may not.
     file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly))
         return false;
-    if (!QImageWriter(&file, format).write(image))
+    // Committing would not notice either that the last bytes found no room.
+    if (file.write(encoded.data()) != encoded.data().size() || !file.flush())
         file.cancelWriting();
     return file.commit();
 }

@@ -1,5 +1,8 @@
 // txmap render and txmap validate as programs: pictures, refusals, and what they leave behind.
+#include <sys/resource.h>
+
 #include <algorithm>
+#include <csignal>
 #include <functional>
 #include <string>
 #include <vector>
@@ -130,6 +133,20 @@ TEST(Render, DrawsAStyle)
     EXPECT_EQ(picture.Width(), 200);
     EXPECT_EQ(picture.Height(), 160);
     EXPECT_EQ(picture.At(100, 80), (Pixel{255, 0, 0, 255}));
+}
+
+TEST(Render, DrawsTheStylesOfThisRepositoryWithoutAWarning)
+{
+    for (const char* const name : {"political", "physical", "city"})
+        for (const char* const scale : {"1", "2"})
+        {
+            const TemporaryFolder folder;
+            const ProgramRun run =
+                RunTxmap({"render", std::string(TX_TEST_DATA "/../styles/") + name + ".json", "-o", folder / "map.png",
+                          "--size", "300x200", "--scale", scale, "--plugin", kPlugin});
+            EXPECT_EQ(run.exitCode, 0);
+            EXPECT_THAT(run.errors, IsEmpty()) << name;
+        }
 }
 
 TEST(Render, RefusesSuffixesBeforeAnythingIsRead)
@@ -352,4 +369,73 @@ TEST(EmptyMap, IsNotOneWithoutSources)
         RunTxmap({"render", style, "-o", folder / "map.png", "--size", "64x64", "--plugin", kPlugin});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_THAT(run.errors, IsEmpty());
+}
+
+namespace
+{
+
+/// Lets this process and its children write only files so large, without a signal where they go on.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes) : handler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit limit{bytes, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    void (*handler)(int);
+    rlimit before{};
+};
+
+} // namespace
+
+TEST(Render, SaysInOneLineThatNoMoreCanBeWritten)
+{
+    const TemporaryFolder folder;
+    const std::string style = folder.Write("style.json", WithLayers(R"({"id": "f", "type": "fill", "source": "s",
+        "metadata": {"txmap:gradient": {"type": "conical", "colors": ["#204060", "#f0c010"]}}})"));
+    for (const char* const name : {"map.png", "map.jpg", "map.tif", "map.webp"})
+    {
+        ProgramRun run;
+        {
+            const FileSizeLimit limit(1024);
+            run = RunTxmap(
+                {"render", style, "-o", folder / name, "--size", "900x900", "--zoom", "1", "--plugin", kPlugin});
+        }
+        EXPECT_EQ(run.exitCode, 1) << name;
+        EXPECT_THAT(run.errors, StartsWith("txmap: --output "));
+        EXPECT_THAT(run.errors, HasSubstr("File too large"));
+        EXPECT_EQ(run.errors.find('\n'), run.errors.size() - 1) << run.errors;
+        EXPECT_THAT(folder.Names(), ElementsAre("style.json"));
+    }
+}
+
+TEST(Render, RefusesPicturesWhoseCornersAreNone)
+{
+    const TemporaryFolder folder;
+    const std::pair<const char*, const char*> mistakes[] = {
+        {"[[-1e300, 10], [10, 10], [10, -10], [-10, -10]]", "corners that are no degrees"},
+        {"[[1, 10], [10, 10], [10, 99], [1, 99]]", "corners that are no degrees"},
+        {"[[1, 10], [1, 10], [1, 10], [1, 10]]", "corners without an area"}};
+    for (const auto& [corners, culprit] : mistakes)
+    {
+        const std::string style = folder.Write("style.json", R"({"version": 8, "sources": {"s": {"type": "image",
+            "url": "p.png", "coordinates": )" + std::string(corners) +
+                                                                 R"(}}, "layers": [{"id": "r", "type": "raster",
+            "source": "s"}]})");
+        const ProgramRun run =
+            RunTxmap({"render", style, "-o", folder / "map.png", "--size", "64x64", "--plugin", kPlugin});
+        EXPECT_EQ(run.exitCode, kData);
+        EXPECT_THAT(run.errors, HasSubstr(culprit));
+    }
 }

@@ -233,6 +233,22 @@ TEST_F(SymbolLayer, PaddingKeepsTextsApart)
     EXPECT_EQ(Shown(sides, {Placed(pair)}), (Names{"First 100 100 0", "Second 99 100 1"}));
 }
 
+TEST_F(SymbolLayer, TextsOfLinesAreBrokenOnlyWhereTheyAskForIt)
+{
+    // Two lines of the text would not fit between its neighbours.
+    const auto shown = [&](const std::string& name)
+    {
+        return Shown(
+                   std::string(kText) +
+                       R"(, "symbol-placement": "line-center", "text-rotation-alignment": "viewport", "text-max-width": 1)",
+                   {Placed({{GeometryType::LineString, {{{100, 20}, {100, 180}}}, name},
+                            {GeometryType::LineString, {{{100, 38}, {100, 198}}}, name}})})
+            .size();
+    };
+    EXPECT_EQ(shown("A 7"), 2u);
+    EXPECT_EQ(shown("A\n7"), 1u);
+}
+
 TEST_F(SymbolLayer, DoesNotDependOnTheOrderOfFeaturesOrTiles)
 {
     RandomSource random(5);

@@ -24,6 +24,8 @@ namespace
 
 // How far circles reach whose size depends on the feature, in logical pixels.
 constexpr double kUnknownReach = 128.0;
+// No circle is larger, and no ring wider; backends have their limits.
+constexpr double kLargest = 16000.0;
 
 /// How a feature looks. Lengths are in pixels.
 struct CircleLook
@@ -138,11 +140,11 @@ private:
     CircleLook LookOf() const
     {
         CircleLook look;
-        look.radius = std::max(0.0, radius.At(context) * scene.Scale());
+        look.radius = std::clamp(radius.At(context) * scene.Scale(), 0.0, kLargest);
         look.color = color.At(context);
         look.color.alpha *= opacity.At(context);
         look.blur = std::max(0.0, blur.At(context)); // Above 1, not even the centre is dense.
-        look.strokeWidth = std::max(0.0, strokeWidth.At(context) * scene.Scale());
+        look.strokeWidth = std::clamp(strokeWidth.At(context) * scene.Scale(), 0.0, kLargest);
         look.strokeColor = strokeColor.At(context);
         look.strokeColor.alpha *= strokeOpacity.At(context);
         return look;

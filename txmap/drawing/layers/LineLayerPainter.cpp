@@ -19,6 +19,9 @@ using TZObjects::TXPoint;
 namespace
 {
 
+// Points of lines that are closer than this part of their width count as one.
+constexpr double kCornerOfWidth = 1.0 / 128.0;
+
 /// Draws only within a tile as long as it lives. Features reach beyond their tile and are in its neighbour, too.
 class TileClip
 {
@@ -76,6 +79,9 @@ private:
         const std::optional<LineLook> common =
             properties.AreConstant() ? std::optional(properties.At(context)) : std::nullopt;
         PixelParts parts(TranslatedPixels(scene, "line", world), scene.canvas.View().PictureBox(reach));
+        // Of a stroke, corners show that are a good part of its width.
+        if (common && common->width * kCornerOfWidth > PixelParts::kFinest)
+            parts.SetFinest(common->width * kCornerOfWidth);
         if (scene.layer.tolerance > 0.0)
             parts.SetTolerance(scene.layer.tolerance * scene.Scale());
         FeatureAttributes attributes(*placed.features);

@@ -10,13 +10,21 @@ namespace
 
 // How far lines reach whose width depends on the feature, in logical pixels.
 constexpr double kUnknownReach = 128.0;
-// No line is wider; backends have their limits.
+// No line is wider, blurred or moved further: in diagonals of the picture, which it covers by far, and in pixels, as
+// backends have their limits.
+constexpr double kMostDiagonals = 4.0;
 constexpr double kWidest = 16000.0;
+
+double WidestIn(const PixelSize& picture)
+{
+    return std::min(kWidest, kMostDiagonals * std::hypot(picture.width, picture.height));
+}
 
 } // namespace
 
 LineProperties::LineProperties(const LayerScene& scene)
-    : scale(scene.Scale()), dashScale(std::exp2(scene.Zoom() - std::floor(scene.Zoom()))),
+    : scale(scene.Scale()), widest(WidestIn(scene.canvas.View().Size())),
+      dashScale(std::exp2(scene.Zoom() - std::floor(scene.Zoom()))),
       color(scene.layer, "line-color", scene.Zoom(), scene.Context()),
       opacity(scene.layer, "line-opacity", scene.Zoom(), scene.Context(), 1.0),
       width(scene.layer, "line-width", scene.Zoom(), scene.Context(), 1.0),
@@ -38,17 +46,17 @@ LineLook LineProperties::At(const EvaluationContext& context) const
     look.color = color.At(context);
     look.opacity = std::clamp(opacity.At(context), 0.0, 1.0);
     look.color.alpha *= look.opacity;
-    look.width = std::clamp(width.At(context) * scale, 0.0, kWidest);
-    look.gap = std::max(0.0, gap.At(context) * scale);
-    look.offset = offset.At(context) * scale;
-    look.blur = std::max(0.0, blur.At(context) * scale);
+    look.width = std::clamp(width.At(context) * scale, 0.0, widest);
+    look.gap = std::clamp(gap.At(context) * scale, 0.0, widest);
+    look.offset = std::clamp(offset.At(context) * scale, -widest, widest);
+    look.blur = std::clamp(blur.At(context) * scale, 0.0, widest);
     look.cap = cap.At(context);
     look.join = join.At(context);
     look.miterLimit = miterLimit.At(context);
     look.dashes = dashes.At(context);
     look.pattern = pattern.At(context);
     if (!look.dashes.empty() || !look.pattern.empty())
-        look.wholeZoomWidth = std::clamp(wholeZoomWidth.At(context) * scale, 0.0, kWidest);
+        look.wholeZoomWidth = std::clamp(wholeZoomWidth.At(context) * scale, 0.0, widest);
     if (!look.dashes.empty())
     {
         const double unit = look.wholeZoomWidth * dashScale;

@@ -340,3 +340,12 @@ TEST_F(LayerPicture, SortKeysMayBeNumbersOfInhabitants)
             "paint": {"circle-radius": 20, "circle-color": ["get", "color"]}})");
     EXPECT_EQ(drawn[100 * 256 + 100], 0xFFFF0000u);
 }
+
+TEST_F(LayerPicture, LinesWiderThanThePictureCoverIt)
+{
+    for (const char* const width : {"4000", "1e6", "1e300"})
+    {
+        const std::vector<unsigned> drawn = Line(R"("line-color": "#804020", "line-width": )" + std::string(width));
+        EXPECT_EQ(std::count(drawn.begin(), drawn.end(), 0xFF804020u), 256 * 256) << width;
+    }
+}
