@@ -11,6 +11,7 @@
 #include <txmap/atlas/AtlasPage.h>
 #include <txmap/atlas/AtlasSources.h>
 #include <txmap/atlas/LegendEntries.h>
+#include <txmap/atlas/NameLayers.h>
 #include <txmap/atlas/SourceColors.h>
 #include <txmap/atlas/StyleDocument.h>
 #include <txmap/drawing/PluginSession.h>
@@ -103,7 +104,11 @@ void DrawAtlas(const AtlasOptions& options, const std::function<void(const std::
     const MapStyle compiled = Compiled(document);
     std::vector<MapLayer> layers = LayersInPixels(options, sources);
     if (styleOutput)
-        WriteStyle(*styleOutput, StandaloneDocument(document, style, sources));
+    {
+        Json standalone = StandaloneDocument(document, style, sources);
+        AddNameLayers(standalone, options, style, sources, layers);
+        WriteStyle(*styleOutput, standalone);
+    }
     const std::vector<LegendEntry> legend =
         options.legend ? LegendEntries(options, style, sources, colors) : std::vector<LegendEntry>();
     const MapData data(compiled, SourceFolder(""), sources.View(), diagnostics, sources.Take());

@@ -61,6 +61,12 @@ std::vector<LabelText> FormsOf(const LabelText& text)
 
 } // namespace
 
+int LargestCountryName(const LabelStyle& style, double visibleSize)
+{
+    const double factor = std::pow(visibleSize / (kMediumCountry * style.size * style.size), kGrowth);
+    return WholePixels(style.size * std::clamp(factor, style.smallest, style.largest));
+}
+
 CountryLabels::CountryLabels(const MapLayer& layer, const LabelScene& scene, LabelMeasure measure)
     : scene(scene), measure(std::move(measure)), areas(layer, scene.frame)
 {
@@ -86,12 +92,7 @@ LabelLook CountryLabels::LookOf(int size, const LabelText& text) const
 
 int CountryLabels::SmallestSize() const { return WholePixels(scene.style.size * scene.style.smallest); }
 
-int CountryLabels::LargestSize(double visibleSize) const
-{
-    const LabelStyle& style = scene.style;
-    const double factor = std::pow(visibleSize / (kMediumCountry * style.size * style.size), kGrowth);
-    return std::max(SmallestSize(), WholePixels(style.size * std::min(factor, style.largest)));
-}
+int CountryLabels::LargestSize(double visibleSize) const { return LargestCountryName(scene.style, visibleSize); }
 
 void CountryLabels::Write(LabelSpace& space)
 {

@@ -9,6 +9,10 @@
 namespace txmap
 {
 
+/// The height of the text of a country's name where there is room for it, in whole pixels.
+/// @param visibleSize what is visible of the country, in square pixels.
+int LargestCountryName(const LabelStyle& style, double visibleSize);
+
 /// Writes the names of the areas of one layer.
 class CountryLabels
 {

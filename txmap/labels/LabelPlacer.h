@@ -1,13 +1,7 @@
 #pragma once
 
-#include <cstddef>
-#include <vector>
-
-#include <boost/geometry/geometries/box.hpp>
-#include <boost/geometry/geometries/point_xy.hpp>
-#include <boost/geometry/index/rtree.hpp>
-
 #include <txbase/TXRect.h>
+#include <txmap/labels/CollisionIndex.h>
 
 namespace txmap
 {
@@ -16,7 +10,7 @@ namespace txmap
 class LabelPlacer
 {
 public:
-    explicit LabelPlacer(const TZObjects::TXRect& frame) : frame(frame) {}
+    explicit LabelPlacer(const TZObjects::TXRect& frame) : frame(frame), taken(frame) {}
 
     /// Takes a box, wherever it is, which no later one may touch.
     void Block(const TZObjects::TXRect& box);
@@ -28,13 +22,8 @@ public:
     bool Place(const TZObjects::TXRect& box);
 
 private:
-    using Corner = boost::geometry::model::d2::point_xy<double>;
-    using Box = boost::geometry::model::box<Corner>;
-
-    static Box ToBox(const TZObjects::TXRect& box) { return {{box.left, box.top}, {box.right, box.bottom}}; }
-
     TZObjects::TXRect frame;
-    boost::geometry::index::rtree<Box, boost::geometry::index::quadratic<16>> taken;
+    CollisionIndex taken;
 };
 
 } // namespace txmap

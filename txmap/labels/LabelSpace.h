@@ -3,6 +3,10 @@
 #include <utility>
 #include <vector>
 
+#include <boost/geometry/geometries/box.hpp>
+#include <boost/geometry/geometries/point_xy.hpp>
+#include <boost/geometry/index/rtree.hpp>
+
 #include <txmap/labels/LabelPlacer.h>
 #include <txmap/labels/LabelScene.h>
 #include <txmap/labels/PlacedLabel.h>

@@ -37,6 +37,9 @@ public:
     FeatureName Of(const SetFeature& feature) const;
     /// The attribute that holds the names; empty if there is none.
     const std::string& Field() const { return nameField; }
+    /// The attributes that say how much features matter; empty if there are none.
+    const std::string& RankField() const { return rankField; }
+    const std::string& PopulationField() const { return populationField; }
 
 private:
     double NumberOr(double otherwise, const SetFeature& feature, const std::string& field) const;

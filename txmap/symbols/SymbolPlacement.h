@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include <txmap/symbols/CollisionIndex.h>
+#include <txmap/labels/CollisionIndex.h>
 
 namespace txmap
 {

@@ -8,9 +8,11 @@
 #include <tests/txmap/support/RefusalOf.h>
 #include <tests/txmap/support/TemporaryFolder.h>
 #include <txmap/atlas/AtlasSources.h>
+#include <txmap/atlas/NameLayers.h>
 #include <txmap/atlas/SourceColors.h>
 #include <txmap/atlas/StyleDocument.h>
 #include <txmap/sources/Gdal.h>
+#include <txmap/sources/MapLayerReader.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/style/Style.h>
 #include <txmap/style/document/MapStyle.h>
@@ -19,6 +21,7 @@
 using namespace txmap;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 namespace
 {
@@ -39,6 +42,28 @@ protected:
             MakeStyleDocument(options, AtlasStyle(), sources, ColorSources(options, AtlasStyle(), sources));
         return standalone ? StandaloneDocument(document, AtlasStyle(), sources) : document;
     }
+
+    /// The style with the names of all layers.
+    Json MakeNamed()
+    {
+        options.labels.wanted = true;
+        SourceDiagnostics diagnostics(true);
+        const AtlasSources sources(options, diagnostics);
+        std::vector<MapLayer> layers;
+        for (const AtlasSource& source : sources.Features())
+            if (source.IsLand())
+                layers.push_back(ReadMapLayer(source.Features(), sources.View(), options.labels, true, 32.0));
+        Json document = MakeStyleDocument(options, AtlasStyle(), sources, ColorSources(options, AtlasStyle(), sources));
+        AddNameLayers(document, options, AtlasStyle(), sources, layers);
+        return document;
+    }
+
+    static const Json& Layer(const Json& document, const std::string& id)
+    {
+        return *std::find_if(document["layers"].begin(), document["layers"].end(),
+                             [&](const Json& layer) { return layer["id"] == id; });
+    }
+
     std::string Add(const std::string& name, const std::string& content, LayerRole role = LayerRole::Any)
     {
         options.layers.push_back({folder.Write(name, content), role});
@@ -127,4 +152,53 @@ TEST_F(StyleDocumentTest, ColoursByARampOfNumbers)
     EXPECT_TRUE(ReadStyle(Make().dump()).problems.empty());
     options.ramp->field = "w";
     EXPECT_THAT(RefusalOf(ExitCode::Data, [&] { Make(); }), HasSubstr("--color-ramp"));
+}
+
+TEST_F(StyleDocumentTest, NamesEachAreaOnceInItsLargestPart)
+{
+    options.size = PixelSize{1200, 1200};
+    Add("c.geojson",
+        R"({"type":"FeatureCollection","features":[)"
+        R"({"type":"Feature","properties":{"name":"Small <BOL>isle"},"geometry":)"
+        R"({"type":"Polygon","coordinates":[[[0,0],[1,0],[1,1],[0,1],[0,0]]]}},)"
+        R"({"type":"Feature","properties":{"name":"Twice"},"geometry":)"
+        R"({"type":"Polygon","coordinates":[[[0,2],[1,2],[1,3],[0,3],[0,2]]]}},)"
+        R"({"type":"Feature","properties":{"name":"Twice"},"geometry":)"
+        R"({"type":"Polygon","coordinates":[[[2,0],[6,0],[6,4],[2,4],[2,0]]]}}]})",
+        LayerRole::Countries);
+    const Json document = MakeNamed();
+    const Json& names = document["sources"]["names-c"]["data"]["features"];
+    ASSERT_EQ(names.size(), 2u);
+    const Json& first = names[0]["properties"];
+    const Json& second = names[1]["properties"];
+    EXPECT_EQ(first["name"], "Twice");
+    EXPECT_EQ(second["name"], "Small isle");
+    EXPECT_EQ(first["order"], 0);
+    EXPECT_EQ(second["order"], 1);
+    EXPECT_GT(first["size"], second["size"]);
+    EXPECT_LT(first["from"], second["from"]);
+    EXPECT_NEAR(names[0]["geometry"]["coordinates"][0].get<double>(), 4.0, 0.1);
+    EXPECT_NEAR(names[0]["geometry"]["coordinates"][1].get<double>(), 2.0, 0.1);
+    EXPECT_EQ(LayerIds(document).back(), "names-c");
+    EXPECT_EQ(Layer(document, "names-c")["layout"]["symbol-sort-key"], Json({"get", "order"}));
+    EXPECT_TRUE(ReadStyle(document.dump()).problems.empty());
+}
+
+TEST_F(StyleDocumentTest, NamesPlacesByRankAndThenByPeople)
+{
+    const auto keyWith = [&](const std::string& members)
+    {
+        options.layers.clear();
+        Add("p.geojson", R"({"type":"Feature","properties":{"name":"a")" + members +
+                             R"(},"geometry":{"type":"MultiPoint","coordinates":[[8,46],[10,48]]}})");
+        const Json document = MakeNamed();
+        EXPECT_TRUE(ReadStyle(document.dump()).problems.empty());
+        const Json& layer = Layer(document, "place-names-p");
+        EXPECT_EQ(layer["layout"]["text-field"], Json({"to-string", {"get", "name"}}));
+        return layer["layout"].value("symbol-sort-key", Json()).dump();
+    };
+    EXPECT_EQ(keyWith(""), "null");
+    EXPECT_THAT(keyWith(R"(,"scalerank":3)"), HasSubstr(R"(["to-number",["get","scalerank"],100.0])"));
+    EXPECT_THAT(keyWith(R"(,"pop_max":3)"), StartsWith(R"(["-",0,["/",["case",["has","pop_max"])"));
+    EXPECT_THAT(keyWith(R"(,"scalerank":3,"pop_max":3)"), StartsWith(R"(["+",["case",["has","scalerank"])"));
 }

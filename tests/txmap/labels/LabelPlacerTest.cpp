@@ -13,7 +13,7 @@ namespace
 
 const TXRect kFrame(0, 1000, 0, 500);
 
-bool Overlap(const TXRect& a, const TXRect& b)
+bool Meet(const TXRect& a, const TXRect& b)
 {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 }
@@ -34,7 +34,7 @@ TEST(LabelPlacer, KeepsRandomBoxesApartAndInTheFrame)
         const TXRect box(left, left + width, top, top + random.Real(1, 30));
         bool expected = box.left >= 0 && box.right <= 1000 && box.top >= 0 && box.bottom <= 500;
         for (const TXRect& other : placed)
-            expected = expected && !Overlap(box, other);
+            expected = expected && !Meet(box, other);
         EXPECT_EQ(placer.IsFree(box), expected);
         ASSERT_EQ(placer.Place(box), expected);
         if (expected)

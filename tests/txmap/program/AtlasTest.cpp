@@ -40,6 +40,26 @@ TEST(Atlas, WritesAStyleThatIsDrawn)
     EXPECT_TRUE(IsWater(picture.At(200, 256)));
 }
 
+TEST(Atlas, WritesNamesThatAreDrawn)
+{
+    const TemporaryFolder folder;
+    const auto drawn = [&](const std::vector<std::string>& options)
+    {
+        const std::string style = folder / "style.json";
+        std::vector<std::string> all = With(options);
+        all.insert(all.end(), {"--write-style", style});
+        Draw(all);
+        const ProgramRun run = RunTxmap(
+            {"render", style, "--center", "20,10", "--zoom", "2", "--size", "512x512", "-o", folder / "map.png"});
+        EXPECT_EQ(run.exitCode, 0) << run.errors;
+        EXPECT_EQ(run.errors, "");
+        return Picture(folder / "map.png");
+    };
+    const Picture bare = drawn({});
+    EXPECT_GT(Compare(bare, drawn({"--labels"})).pixels, 3000);
+    EXPECT_EQ(Compare(bare, drawn({})).pixels, 0);
+}
+
 TEST(Atlas, HasALegendAndAScaleBarInItsLowerCorners)
 {
     const Picture bare = Draw(kCountries);

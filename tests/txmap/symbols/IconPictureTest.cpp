@@ -110,6 +110,12 @@ TEST_F(IconPicture, AnchorsAndOffsets)
     EXPECT_EQ(Differing(Icon(layout + R"(, "icon-offset": [10, -5])"), BoardAt(106, 92)), 0u);
 }
 
+TEST_F(IconPicture, HangsBelowTheLineWithinATextAsInBrowsers)
+{
+    const std::string text = R"("text-font": ["DejaVu Sans"], "text-field": ["format", ["image", "board"], {}])";
+    EXPECT_EQ(Differing(Icon(text + R"(, "text-size": 24)"), BoardAt(96, 104)), 0u);
+}
+
 TEST_F(IconPicture, OpacityAndTranslation)
 {
     EXPECT_EQ(Differing(Icon(kBoard, {100, 100}, R"("icon-opacity": 0.4)"), BoardAt(96, 97, 0.4)), 0u);

@@ -76,16 +76,16 @@ protected:
     }
 
     /// What is shown: the texts with their anchors, in the order of placement.
-    std::vector<std::string> Shown(const std::string& layout, const std::vector<PlacedFeatures>& features)
+    std::vector<std::string> Shown(const std::string& layout, const std::vector<PlacedFeatures>& features,
+                                   const MercatorView& view = View())
     {
         const MapStyle style = StyleOf(layout);
-        const MercatorView view = View();
         SourceDiagnostics diagnostics(true);
         const Sprites sprites({}, SourceFolder(""), 1.0, diagnostics);
         EvaluationContext context;
         context.zoom = 0.0;
         const auto laidOut = LayOutSymbols({style.layers.at(0), features, sprites, view, fonts, context});
-        CollisionIndex index(view.PictureBox(kSymbolMargin));
+        CollisionIndex index(view.PictureBox(kSymbolMargin * view.Scale()));
         const std::vector<SymbolVerdict> verdicts = PlaceSymbols(laidOut->candidates, index);
         std::vector<std::string> shown;
         for (std::size_t i = 0; i < verdicts.size(); ++i)
@@ -231,6 +231,27 @@ TEST_F(SymbolLayer, PaddingKeepsTextsApart)
     const std::vector<Feature> pair = {{GeometryType::Point, {{{100, 100}}}, "First"},
                                        {GeometryType::Point, {{{99, 100}}}, "Second"}};
     EXPECT_EQ(Shown(sides, {Placed(pair)}), (Names{"First 100 100 0", "Second 99 100 1"}));
+}
+
+TEST_F(SymbolLayer, TwiceAsDenseTheSameAreShown)
+{
+    const PlacedFeatures placed = Placed({{GeometryType::Point, {{{100, 100}}}, "First"},
+                                          {GeometryType::Point, {{{100, 118}}}, "Second"},
+                                          {GeometryType::Point, {{{100, 132}}}, "Third"}});
+    EXPECT_EQ(Shown(kText, {placed}), (Names{"First 100 100", "Second 100 118"}));
+    EXPECT_EQ(Shown(kText, {placed}, MercatorView({0.0, 0.0, 0.0, 0.0}, {256, 256}, 2.0)),
+              (Names{"First 200 200", "Second 200 236"}));
+}
+
+TEST_F(SymbolLayer, NamesMakeRoomAcrossTheDateLine)
+{
+    const auto at = [](double longitude) { return TXPoint(128.0 + longitude / 360.0 * 512.0, 128.0); };
+    PlacedFeatures placed = Placed({{GeometryType::Point, {{at(179)}}, "A"},
+                                    {GeometryType::Point, {{at(-179)}}, "B"},
+                                    {GeometryType::Point, {{at(-150)}}, "C"}});
+    placed.worlds = {0, 1};
+    EXPECT_EQ(Shown(kText, {placed}, MercatorView({180.0, 0.0, 0.0, 0.0}, {256, 256})),
+              (Names{"A 127 128", "C 171 128"}));
 }
 
 TEST_F(SymbolLayer, TextsOfLinesAreBrokenOnlyWhereTheyAskForIt)

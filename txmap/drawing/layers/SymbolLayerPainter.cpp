@@ -25,6 +25,9 @@ using TZObjects::TXString;
 namespace
 {
 
+// Pictures within texts hang below the line by this much, in their own pixels, as in browsers.
+constexpr double kPictureDrop = 3.0;
+
 constexpr double kPi = 3.141592653589793;
 
 TXPoint Turned(const TXPoint& point, double degrees)
@@ -208,7 +211,8 @@ private:
         const SpritePicture* const picture = scene.data.Pictures().Find(image.image);
         if (!picture || !(image.width > 0.0 && image.height > 0.0))
             return;
-        const TXPoint corner = Turned({image.topLeft.x - origin.x, image.topLeft.y - origin.y}, angle);
+        const double drop = kPictureDrop * image.height / picture->Height();
+        const TXPoint corner = Turned({image.topLeft.x - origin.x, image.topLeft.y - origin.y + drop}, angle);
         const IconShape shape{picture,
                               {{0.0, 0.0}, {image.width, 1.0 * picture->pixels.size.width}},
                               {{0.0, 0.0}, {image.height, 1.0 * picture->pixels.size.height}}};

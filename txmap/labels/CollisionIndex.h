@@ -42,6 +42,8 @@ public:
     /// Takes a box or circle. @param overlap what it lets lie on itself.
     void Take(const TZObjects::TXRect& box, Overlap overlap);
     void Take(const CollisionCircle& circle, Overlap overlap);
+    /// Gives back one box like this that was taken with `Overlap::Never`, if there is one.
+    void Release(const TZObjects::TXRect& box);
 
 private:
     /// A box, or a circle if there is a radius.

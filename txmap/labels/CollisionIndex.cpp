@@ -1,4 +1,4 @@
-#include <txmap/symbols/CollisionIndex.h>
+#include <txmap/labels/CollisionIndex.h>
 
 #include <algorithm>
 #include <cmath>
@@ -51,6 +51,27 @@ void CollisionIndex::Take(const TXRect& box, Overlap overlap) { Take(Item{box}, 
 void CollisionIndex::Take(const CollisionCircle& circle, Overlap overlap)
 {
     Take(Item{Around(circle), circle.radius}, overlap);
+}
+
+void CollisionIndex::Release(const TXRect& box)
+{
+    if (!Reaches(box))
+        return;
+    const auto isSame = [&](std::uint32_t number)
+    {
+        const Item& item = items[number];
+        return item.radius < 0.0 && item.box.left == box.left && item.box.right == box.right &&
+               item.box.top == box.top && item.box.bottom == box.bottom;
+    };
+    // Numbers stay in the order of taking, so that it is the same item that leaves every cell.
+    const CellRange range = CellsOf(box);
+    for (std::size_t row = range.top; row <= range.bottom; ++row)
+        for (std::size_t column = range.left; column <= range.right; ++column)
+        {
+            std::vector<std::uint32_t>& taken = cells[row * columns + column].never;
+            if (const auto found = std::find_if(taken.begin(), taken.end(), isSame); found != taken.end())
+                taken.erase(found);
+        }
 }
 
 TXRect CollisionIndex::Around(const CollisionCircle& circle)

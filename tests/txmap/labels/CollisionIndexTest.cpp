@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <tests/support/RandomSource.h>
-#include <txmap/symbols/CollisionIndex.h>
+#include <txmap/labels/CollisionIndex.h>
 
 using namespace TZObjects;
 using namespace txmap;
@@ -97,4 +97,18 @@ TEST(CollisionIndex, FindsWhatASearchThroughAllFinds)
         ++free;
     }
     EXPECT_GT(free, 300u);
+}
+
+TEST(CollisionIndex, GivesBackOneBoxOfTwo)
+{
+    CollisionIndex index(kArea);
+    const TXRect box(10, 150, 10, 90);
+    index.Take(box, Overlap::Never);
+    index.Take(box, Overlap::Never);
+    index.Release({10, 150, 10, 89});
+    index.Release(box);
+    for (const TXRect& part : {TXRect(10, 11, 10, 11), TXRect(149, 150, 89, 90)})
+        EXPECT_FALSE(index.IsFree(part, Overlap::Never));
+    index.Release(box);
+    EXPECT_TRUE(index.IsFree(box, Overlap::Never));
 }
