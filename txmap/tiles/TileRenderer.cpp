@@ -12,6 +12,7 @@
 #include <txmap/sources/KeptSources.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/support/Failure.h>
+#include <txmap/symbols/PlacementGrid.h>
 
 namespace txmap
 {
@@ -58,7 +59,7 @@ const MapStyle& TileRenderer::Style() const { return state->style; }
 BlockPixels TileRenderer::Draw(const TileBlock& block)
 {
     const TileView view(block, state->look.tileSize, state->look.scale);
-    MapData data = state->sources.Read(view, 0.0, state->diagnostics);
+    MapData data = state->sources.Read(view, PlacementGrid(view).Margin(), state->diagnostics);
     DrawingReport report;
     MapCanvas canvas(state->plugin.Engine(), view);
     DrawLayers(canvas, state->style, data, report);
