@@ -9,9 +9,11 @@
 #include <txmap/cli/MessageLine.h>
 #include <txmap/cli/Options.h>
 #include <txmap/cli/RenderCommand.h>
+#include <txmap/cli/TilesCommand.h>
 #include <txmap/cli/ValidateCommand.h>
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/support/Failure.h>
+#include <txmap/tiles/TileWorker.h>
 
 namespace txmap
 {
@@ -42,6 +44,10 @@ void Run(int argc, const char* const* argv)
         RunExpressionCommand(argc - 1, argv + 1, std::cin, std::cout);
     else if (command == "render")
         RunRenderCommand(argc - 1, argv + 1, std::cout);
+    else if (command == "tiles")
+        RunTilesCommand(argc - 1, argv + 1, std::cout);
+    else if (command == "merge")
+        RunMergeCommand(argc - 1, argv + 1, std::cout);
     else if (command == "validate")
         RunValidateCommand(argc - 1, argv + 1, std::cout);
     else if (command == "atlas")
@@ -68,6 +74,8 @@ int main(int argc, char** argv)
     setenv("QT_LOGGING_RULES", "*.debug=false", 0);
     try
     {
+        if (argc > 1 && argv[1] == std::string(kWorkerAction))
+            return RunTileWorker({argv + 2, argv + argc});
         Run(argc, argv);
         return static_cast<int>(ExitCode::Success);
     }

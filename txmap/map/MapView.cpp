@@ -34,6 +34,15 @@ MapView::MapView(const Projection& projection, const Parts& parts)
     toPlaces = toPixels.Inverted();
 }
 
+void MapView::SetGridOrigin(const TXPoint& origin)
+{
+    gridOrigin = origin;
+    // Exactly, without what the middle of the picture was rounded by.
+    toPixels.x0 = -origin.x;
+    toPixels.y0 = -origin.y;
+    toPlaces = toPixels.Inverted();
+}
+
 AffineMatrix MapView::ToPixels(int world) const
 {
     AffineMatrix matrix = toPixels;

@@ -36,6 +36,10 @@ public:
     double WorldSize() const { return worldSize; }
     /// The part of the picture that the map fills, in whole pixels; the rest is margin.
     const TZObjects::TXRect& Frame() const { return frame; }
+    /// Where the top left corner of the picture lies in the pixels of the world, in whole pixels, for a picture that
+    /// joins others without a seam. What is drawn then depends on places in the world, not on where the picture begins.
+    /// Nothing for other pictures.
+    const std::optional<TZObjects::TXPoint>& GridOrigin() const { return gridOrigin; }
 
     /// World coordinates to pixels, for the world that is so many worlds further east.
     AffineMatrix ToPixels(int world = 0) const;
@@ -80,6 +84,7 @@ protected:
     /// The map fills the picture.
     MapView(const Projection& projection, const Parts& parts);
     void SetFrame(const TZObjects::TXRect& shown) { frame = shown; }
+    void SetGridOrigin(const TZObjects::TXPoint& origin);
 
 private:
     Projection projection;
@@ -91,6 +96,7 @@ private:
     AffineMatrix toPixels;
     AffineMatrix toPlaces;
     TZObjects::TXRect frame;
+    std::optional<TZObjects::TXPoint> gridOrigin;
 };
 
 } // namespace txmap

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <utility>
 
 #include <txmap/map/LineSimplifier.h>
 #include <txmap/map/PixelGeometry.h>
@@ -15,6 +17,12 @@ using TZObjects::TXRect;
 namespace
 {
 
+// Surfaces round to this part of a pixel.
+constexpr double kSteps = 64.0;
+// The lines of a grid are so many pixels apart: a multiple of all sides of tiles would be more than surfaces take.
+constexpr double kGrid = 1024.0;
+// So many pixels outside of what is seen, lines go on where nobody sees them.
+constexpr double kFar = 256.0;
 // How far from the edge of the world a point of cut data may lie: some 12 cm.
 constexpr double kEdge = 3e-9;
 // Data that ends at a pole ends there up to what its makers took for one.
@@ -23,6 +31,53 @@ constexpr double kNearPole = 2.5e-4;
 bool Close(const TXPoint& a, const TXPoint& b, double distance)
 {
     return std::abs(a.x - b.x) < distance && std::abs(a.y - b.y) < distance;
+}
+
+double Rounded(double value) { return std::round(value * kSteps) / kSteps; }
+
+bool MayTouch(const TXPoint& a, const TXPoint& b, const TXRect& box)
+{
+    return std::max(a.x, b.x) >= box.left && std::min(a.x, b.x) <= box.right && std::max(a.y, b.y) >= box.top &&
+           std::min(a.y, b.y) <= box.bottom;
+}
+
+/// Appends a line as one piece if a part of it may be seen, because surfaces blend pieces with each other where they
+/// cross. What is not seen goes along the sides of a larger box.
+void AppendSeenLine(const std::vector<TXPoint>& line, const TXRect& box, Parts& result)
+{
+    std::size_t first = line.size(), last = 0;
+    for (std::size_t i = 1; i < line.size(); ++i)
+        if (MayTouch(line[i - 1], line[i], box))
+        {
+            first = std::min(first, i - 1);
+            last = i;
+        }
+    if (first >= last)
+        return;
+    const std::size_t before = result.points.size();
+    for (std::size_t i = first; i <= last; ++i)
+    {
+        const bool isSeen =
+            (i > first && MayTouch(line[i - 1], line[i], box)) || (i < last && MayTouch(line[i], line[i + 1], box));
+        // On whichever side of the box a point is, it stays there.
+        const TXPoint point = isSeen ? line[i]
+                                     : TXPoint(std::clamp(line[i].x, box.left - kFar, box.right + kFar),
+                                               std::clamp(line[i].y, box.top - kFar, box.bottom + kFar));
+        if (result.points.size() == before || point.x != result.points.back().x || point.y != result.points.back().y)
+            result.points.push_back(point);
+    }
+    result.counts.push_back(static_cast<int>(result.points.size() - before));
+}
+
+/// The numbers from one value to another, of those between, at which a line of the grid is crossed, in the order of the
+/// way; without the ends. @param nearest,farthest no others are wanted.
+template <class Visit>
+void ForEachCrossing(double from, double to, double nearest, double farthest, Visit visit)
+{
+    const double low = std::max(std::min(from, to), nearest), high = std::min(std::max(from, to), farthest);
+    for (double line = std::ceil(low / kGrid) * kGrid; line <= high; line += kGrid)
+        if (line != from && line != to)
+            visit(line, (line - from) / (to - from));
 }
 
 TXRect ToRect(const MercatorBox& box) { return {box.left, box.right, box.top, box.bottom}; }
@@ -64,6 +119,52 @@ void PixelParts::SetTolerance(double pixels)
     joinsSpots = true;
 }
 
+void PixelParts::SnapToGrid(const TXPoint& corner, bool keeps)
+{
+    origin = corner;
+    keepsLines = keeps;
+    toPixels.x0 += corner.x;
+    toPixels.y0 += corner.y;
+    seen = pictureClipper.Box();
+    // Cut at lines of the grid, where there are points already, edges stay as they are.
+    const auto before = [](double value, double start) { return std::floor((value + start) / kGrid) * kGrid - start; };
+    const auto behind = [](double value, double start) { return std::ceil((value + start) / kGrid) * kGrid - start; };
+    pictureClipper = RectangleClipper({before(seen.left, corner.x), behind(seen.right, corner.x),
+                                       before(seen.top, corner.y), behind(seen.bottom, corner.y)});
+}
+
+void PixelParts::Snap(bool splits)
+{
+    const TXRect& box = pictureClipper.Box();
+    snapped.clear();
+    std::vector<std::pair<double, TXPoint>> crossings;
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+    {
+        if (splits && i > 0)
+        {
+            const TXPoint& a = pixels[i - 1];
+            const TXPoint& b = pixels[i];
+            crossings.clear();
+            ForEachCrossing(a.x, b.x, box.left + origin->x, box.right + origin->x,
+                            [&](double x, double at) {
+                                crossings.push_back({at, {x, a.y + (b.y - a.y) * at}});
+                            });
+            ForEachCrossing(a.y, b.y, box.top + origin->y, box.bottom + origin->y,
+                            [&](double y, double at) {
+                                crossings.push_back({at, {a.x + (b.x - a.x) * at, y}});
+                            });
+            std::sort(crossings.begin(), crossings.end(),
+                      [](const auto& one, const auto& other) { return one.first < other.first; });
+            for (const auto& crossing : crossings)
+                snapped.push_back(crossing.second);
+        }
+        snapped.push_back(pixels[i]);
+    }
+    pixels.clear();
+    for (const TXPoint& point : snapped)
+        pixels.emplace_back(Rounded(point.x) - origin->x, Rounded(point.y) - origin->y);
+}
+
 void PixelParts::Reduce(const TXPoint* points, std::size_t count)
 {
     pixels.clear();
@@ -89,6 +190,8 @@ void PixelParts::AddRing(const TXPoint* points, std::size_t count)
         count = cut.points.size();
     }
     Reduce(points, count);
+    if (origin)
+        Snap(true);
     pictureClipper.ClipRing(pixels.data(), pixels.size(), result);
 }
 
@@ -104,6 +207,15 @@ void PixelParts::AddLinePiece(const TXPoint* points, std::size_t count, std::vec
         if (joinsSpots && !spots.insert(SpotOf(pixels[0], tolerance)).second)
             return;
         pixels.push_back(toPixels.Map(points[count - 1]));
+    }
+    if (origin)
+    {
+        Snap(!keepsLines);
+        if (!keepsLines && !spans)
+            return AppendSeenLine(pixels, seen, result);
+        const double all = std::numeric_limits<double>::infinity();
+        return AppendSeenSegments(pixels.data(), pixels.size(), keepsLines ? TXRect{-all, all, -all, all} : seen,
+                                  result, spans);
     }
     pictureClipper.ClipLine(pixels.data(), pixels.size(), result, spans);
 }
@@ -154,8 +266,14 @@ void PixelParts::AddOutline(const TXPoint* ring, std::size_t count, const Mercat
 {
     if (FirstEdgeOfWorld(ring, count, world) == 0)
     {
-        AddLine(ring, count, spans);
-        return;
+        if (!origin || count < 4)
+            return AddLine(ring, count, spans);
+        // From the middle of a side, so that no picture need know whether the ring closes in it: ends meet without a
+        // corner.
+        std::vector<TXPoint> turned(ring, ring + count);
+        turned.front() = {(ring[0].x + ring[1].x) / 2.0, (ring[0].y + ring[1].y) / 2.0};
+        turned.push_back(turned.front());
+        return AddLine(turned.data(), turned.size(), spans);
     }
     Parts lines;
     AppendOutline(ring, count, world, lines);
@@ -175,8 +293,10 @@ void PixelParts::AddPoint(const TXPoint& point)
         if (point.x < tile.left || point.x >= tile.right || point.y < tile.top || point.y >= tile.bottom)
             return;
     }
-    const TXPoint pixel = toPixels.Map(point);
-    const TXRect& picture = pictureClipper.Box();
+    TXPoint pixel = toPixels.Map(point);
+    if (origin)
+        pixel = {Rounded(pixel.x) - origin->x, Rounded(pixel.y) - origin->y};
+    const TXRect& picture = origin ? seen : pictureClipper.Box();
     if (pixel.x < picture.left || pixel.x > picture.right || pixel.y < picture.top || pixel.y > picture.bottom)
         return;
     result.points.push_back(pixel);
@@ -214,6 +334,37 @@ void AppendOutline(const TXPoint* ring, std::size_t count, const MercatorBox& wo
         lines.points.push_back(b);
         ++lines.counts.back();
         open = true;
+    }
+}
+
+void AppendSeenSegments(const TXPoint* line, std::size_t count, const TXRect& box, Parts& result,
+                        std::vector<LineSpan>* spans)
+{
+    bool open = false;
+    double distance = 0.0;
+    for (std::size_t i = 1; i < count; ++i)
+    {
+        const TXPoint& a = line[i - 1];
+        const TXPoint& b = line[i];
+        const double length = spans ? std::hypot(b.x - a.x, b.y - a.y) : 0.0;
+        if (MayTouch(a, b, box))
+        {
+            if (!open)
+            {
+                result.points.push_back(a);
+                result.counts.push_back(1);
+                if (spans)
+                    spans->push_back({distance, distance});
+            }
+            open = true;
+            result.points.push_back(b);
+            ++result.counts.back();
+            if (spans)
+                spans->back().end = distance + length;
+        }
+        else
+            open = false;
+        distance += length;
     }
 }
 

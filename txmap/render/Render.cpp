@@ -10,6 +10,7 @@
 #include <txmap/map/MercatorView.h>
 #include <txmap/output/OutputFile.h>
 #include <txmap/render/PictureFile.h>
+#include <txmap/render/StyleFile.h>
 #include <txmap/sources/DataExtent.h>
 #include <txmap/sources/FittedData.h>
 #include <txmap/sources/Gdal.h>
@@ -24,23 +25,6 @@ namespace txmap
 {
 namespace
 {
-
-constexpr std::size_t kLargestStyle = std::size_t(256) << 20;
-
-MapStyle ReadStyleFile(const RenderOptions& options, const MessageSink& warn)
-{
-    StyleReading reading = ReadStyle(ReadSourceFile(options.style, kLargestStyle));
-    if (reading.problems.empty())
-        return std::move(reading.style);
-    const std::string first = options.style + ": " + reading.problems.front().ToString();
-    const std::size_t more = reading.problems.size() - 1;
-    if (!options.lenient || (reading.style.layers.empty() && reading.style.sources.empty()))
-        throw Failure(ExitCode::Data,
-                      first + (more == 0 ? "" : " (and " + std::to_string(more) + " more; see txmap validate)"));
-    for (const StyleProblem& problem : reading.problems)
-        warn(options.style + ": " + problem.ToString());
-    return std::move(reading.style);
-}
 
 /// @param box what is shown; nothing for what style and options say.
 MercatorView ViewOf(const RenderOptions& options, const MapStyle& style, const std::optional<GeoBox>& box)
@@ -86,7 +70,7 @@ void RenderMap(const RenderOptions& options, const MessageSink& warn, const Mess
     Stopwatch encoding;
 
     reading.Start();
-    const MapStyle style = ReadStyleFile(options, warn);
+    const MapStyle style = ReadStyleFile(options.style, options.lenient, warn);
     PrepareGdal();
     SourceDiagnostics diagnostics(!options.lenient);
     const SourceFolder folder = SourceFolder::Of(options.style);

@@ -11,16 +11,17 @@ namespace txmap
 
 MapData::MapData(const MapStyle& style, const SourceFolder& folder, const MapView& view, SourceDiagnostics& diagnostics,
                  LoadedSources loaded)
-    : features(std::move(loaded.features)), images(std::move(loaded.images)),
-      sprites(style.sprites, folder, view.Scale(), diagnostics)
+    : opened(std::move(loaded))
 {
+    if (!opened.sprites)
+        opened.sprites = std::make_shared<const Sprites>(style.sprites, folder, view.Scale(), diagnostics);
     for (const StyleSource& source : style.sources)
     {
         if (!IsUsed(source, style, view.Zoom()))
             continue;
         try
         {
-            if (features.count(source.name) == 0 && images.count(source.name) == 0)
+            if (opened.features.count(source.name) == 0 && opened.images.count(source.name) == 0)
                 Read(source, style, folder, view, diagnostics);
             parts.push_back(PartOf(source.name, view.MapProjection()));
         }
@@ -38,31 +39,33 @@ void MapData::Read(const StyleSource& source, const MapStyle& style, const Sourc
     {
         auto made = MakeFeatureSource(source.name, source.json, folder);
         made->Load(view, RequestFor(source, style, view.Zoom(), view.Scale()), diagnostics);
-        features.emplace(source.name, std::move(made));
+        opened.features.emplace(source.name, std::move(made));
     }
     else if (source.type == "raster" || source.type == "image")
     {
         auto made = MakeRasterSource(source.name, source.json, folder, view.Scale());
         made->Load(view, diagnostics);
-        images.emplace(source.name, std::move(made));
+        opened.images.emplace(source.name, std::move(made));
     }
     else if (source.type == "raster-dem")
     {
-        ElevationSource made(source.json, folder);
-        grids.emplace(source.name, Grid{made.Load(view, diagnostics), made.Extent()});
+        std::unique_ptr<ElevationSource>& heights = opened.heights[source.name];
+        if (!heights)
+            heights = std::make_unique<ElevationSource>(source.json, folder);
+        grids.emplace(source.name, Grid{heights->Load(view, diagnostics), heights->Extent()});
     }
 }
 
 DataPart MapData::PartOf(const std::string& name, const Projection& projection) const
 {
     DataPart part{name, false, std::nullopt};
-    if (const auto found = features.find(name); found != features.end())
+    if (const auto found = opened.features.find(name); found != opened.features.end())
     {
         part.isSeen = found->second->HasFeatures();
         if (const std::optional<MercatorBox> extent = found->second->Extent())
             part.extent = projection.ToDegrees(*extent);
     }
-    else if (const auto pictures = images.find(name); pictures != images.end())
+    else if (const auto pictures = opened.images.find(name); pictures != opened.images.end())
     {
         part.isSeen = !pictures->second->IsBlank();
         part.extent = pictures->second->Extent();
@@ -78,15 +81,15 @@ DataPart MapData::PartOf(const std::string& name, const Projection& projection) 
 const std::vector<PlacedFeatures>& MapData::Features(const StyleLayer& layer) const
 {
     static const std::vector<PlacedFeatures> kNone;
-    const auto found = features.find(layer.source);
-    return found == features.end() ? kNone : found->second->Features(layer.sourceLayer);
+    const auto found = opened.features.find(layer.source);
+    return found == opened.features.end() ? kNone : found->second->Features(layer.sourceLayer);
 }
 
 const std::vector<PlacedImage>& MapData::Images(const StyleLayer& layer) const
 {
     static const std::vector<PlacedImage> kNone;
-    const auto found = images.find(layer.source);
-    return found == images.end() ? kNone : found->second->Images();
+    const auto found = opened.images.find(layer.source);
+    return found == opened.images.end() ? kNone : found->second->Images();
 }
 
 const ElevationGrid& MapData::Heights(const StyleLayer& layer) const

@@ -19,11 +19,13 @@ class MapView;
 class SourceDiagnostics;
 class SourceFolder;
 
-/// Sources that were read before their style was made.
+/// Sources that were opened or read before.
 struct LoadedSources
 {
-    std::map<std::string, std::unique_ptr<FeatureSource>> features; ///< By their names in the style.
-    std::map<std::string, std::unique_ptr<RasterSource>> images;
+    std::map<std::string, std::unique_ptr<FeatureSource>> features;  ///< Read, by their names in the style.
+    std::map<std::string, std::unique_ptr<RasterSource>> images;     ///< Read.
+    std::map<std::string, std::unique_ptr<ElevationSource>> heights; ///< Opened.
+    std::shared_ptr<const Sprites> sprites;                          ///< Null for those that are still to be read.
 };
 
 /// Everything that a picture of a style is made of: what the sources have in the view, and the sprites.
@@ -39,9 +41,11 @@ public:
     const std::vector<PlacedFeatures>& Features(const StyleLayer& layer) const;
     const std::vector<PlacedImage>& Images(const StyleLayer& layer) const;
     const ElevationGrid& Heights(const StyleLayer& layer) const;
-    const Sprites& Pictures() const { return sprites; }
+    const Sprites& Pictures() const { return *opened.sprites; }
     /// The sources that are drawn, in the order of the style, but for those that could not be read.
     const std::vector<DataPart>& Sources() const { return parts; }
+    /// Gives away all that was opened and read; this object has no data left.
+    LoadedSources Release() { return std::move(opened); }
 
 private:
     struct Grid
@@ -54,11 +58,9 @@ private:
     void Read(const StyleSource& source, const MapStyle& style, const SourceFolder& folder, const MapView& view,
               SourceDiagnostics& diagnostics);
 
-    std::map<std::string, std::unique_ptr<FeatureSource>> features;
-    std::map<std::string, std::unique_ptr<RasterSource>> images;
+    LoadedSources opened;
     std::map<std::string, Grid> grids;
     std::vector<DataPart> parts;
-    Sprites sprites;
 };
 
 } // namespace txmap

@@ -79,6 +79,8 @@ private:
         const std::optional<LineLook> common =
             properties.AreConstant() ? std::optional(properties.At(context)) : std::nullopt;
         PixelParts parts(TranslatedPixels(scene, "line", world), scene.canvas.View().PictureBox(reach));
+        if (const std::optional<TXPoint>& origin = scene.canvas.View().GridOrigin())
+            parts.SnapToGrid(*origin, scene.layer.Find("line-dasharray") != nullptr);
         // Of a stroke, corners show that are a good part of its width.
         if (common && common->width * kCornerOfWidth > PixelParts::kFinest)
             parts.SetFinest(common->width * kCornerOfWidth);
@@ -142,7 +144,7 @@ private:
                 const double phase = look.dashes.empty() || part <= 0.0 || span.start <= 0.0
                                          ? 0.0
                                          : LengthOf(points, count) / part * span.start;
-                stroker.Add(points, count, look, phase, isArea);
+                stroker.Add(points, count, look, phase, isArea && !scene.canvas.View().GridOrigin());
             }
             points += count;
         }

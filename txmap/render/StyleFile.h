@@ -1,0 +1,18 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include <txmap/style/document/MapStyle.h>
+
+namespace txmap
+{
+
+/// Where messages go, one line each.
+using MessageSink = std::function<void(const std::string&)>;
+
+/// Reads a style. @param lenient draws what it can: problems go to @p warn.
+/// @throw Failure with `ExitCode::Data` for a file that is no style, and unless lenient for any problem.
+MapStyle ReadStyleFile(const std::string& file, bool lenient, const MessageSink& warn);
+
+} // namespace txmap
