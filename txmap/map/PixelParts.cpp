@@ -17,6 +17,10 @@ namespace
 
 // Points closer than this to the one before do not change a pixel that anyone could see.
 constexpr double kFinest = 0.125;
+// Surfaces round to this part of a pixel.
+constexpr double kSteps = 64.0;
+// The lines of a grid are so many pixels apart: a multiple of all sides of tiles would be more than surfaces take.
+constexpr double kGrid = 1024.0;
 // How far from the edge of the world a point of cut data may lie: some 12 cm.
 constexpr double kEdge = 3e-9;
 // Data that ends at a pole ends there up to what its makers took for one.
@@ -25,6 +29,19 @@ constexpr double kNearPole = 2.5e-4;
 bool Close(const TXPoint& a, const TXPoint& b, double distance)
 {
     return std::abs(a.x - b.x) < distance && std::abs(a.y - b.y) < distance;
+}
+
+double Rounded(double value) { return std::round(value * kSteps) / kSteps; }
+
+/// The numbers from one value to another, of those between, at which a line of the grid is crossed, in the order of the
+/// way; without the ends. @param nearest,farthest no others are wanted.
+template <class Visit>
+void ForEachCrossing(double from, double to, double nearest, double farthest, Visit visit)
+{
+    const double low = std::max(std::min(from, to), nearest), high = std::min(std::max(from, to), farthest);
+    for (double line = std::ceil(low / kGrid) * kGrid; line <= high; line += kGrid)
+        if (line != from && line != to)
+            visit(line, (line - from) / (to - from));
 }
 
 TXRect ToRect(const MercatorBox& box) { return {box.left, box.right, box.top, box.bottom}; }
@@ -66,6 +83,82 @@ void PixelParts::SetTolerance(double pixels)
     joinsSpots = true;
 }
 
+void PixelParts::SnapToGrid(const TXPoint& corner)
+{
+    origin = corner;
+    toPixels.x0 += corner.x;
+    toPixels.y0 += corner.y;
+    seen = pictureClipper.Box();
+    // Cut at lines of the grid, where there are points already, edges stay as they are.
+    const auto before = [](double value, double start) { return std::floor((value + start) / kGrid) * kGrid - start; };
+    const auto behind = [](double value, double start) { return std::ceil((value + start) / kGrid) * kGrid - start; };
+    pictureClipper = RectangleClipper({before(seen.left, corner.x), behind(seen.right, corner.x),
+                                       before(seen.top, corner.y), behind(seen.bottom, corner.y)});
+}
+
+void PixelParts::Snap()
+{
+    const TXRect& box = pictureClipper.Box();
+    snapped.clear();
+    std::vector<std::pair<double, TXPoint>> crossings;
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+    {
+        if (i > 0)
+        {
+            const TXPoint& a = pixels[i - 1];
+            const TXPoint& b = pixels[i];
+            crossings.clear();
+            ForEachCrossing(a.x, b.x, box.left + origin->x, box.right + origin->x,
+                            [&](double x, double at) {
+                                crossings.push_back({at, {x, a.y + (b.y - a.y) * at}});
+                            });
+            ForEachCrossing(a.y, b.y, box.top + origin->y, box.bottom + origin->y,
+                            [&](double y, double at) {
+                                crossings.push_back({at, {a.x + (b.x - a.x) * at, y}});
+                            });
+            std::sort(crossings.begin(), crossings.end(),
+                      [](const auto& one, const auto& other) { return one.first < other.first; });
+            for (const auto& crossing : crossings)
+                snapped.push_back(crossing.second);
+        }
+        snapped.push_back(pixels[i]);
+    }
+    pixels.clear();
+    for (const TXPoint& point : snapped)
+        pixels.emplace_back(Rounded(point.x) - origin->x, Rounded(point.y) - origin->y);
+}
+
+void PixelParts::AddSeenSegments(std::vector<LineSpan>* spans)
+{
+    bool open = false;
+    double distance = 0.0;
+    for (std::size_t i = 1; i < pixels.size(); ++i)
+    {
+        const TXPoint& a = pixels[i - 1];
+        const TXPoint& b = pixels[i];
+        const double length = spans ? std::hypot(b.x - a.x, b.y - a.y) : 0.0;
+        if (std::max(a.x, b.x) >= seen.left && std::min(a.x, b.x) <= seen.right && std::max(a.y, b.y) >= seen.top &&
+            std::min(a.y, b.y) <= seen.bottom)
+        {
+            if (!open)
+            {
+                result.points.push_back(a);
+                result.counts.push_back(1);
+                if (spans)
+                    spans->push_back({distance, distance});
+            }
+            open = true;
+            result.points.push_back(b);
+            ++result.counts.back();
+            if (spans)
+                spans->back().end = distance + length;
+        }
+        else
+            open = false;
+        distance += length;
+    }
+}
+
 void PixelParts::Reduce(const TXPoint* points, std::size_t count)
 {
     pixels.clear();
@@ -91,6 +184,8 @@ void PixelParts::AddRing(const TXPoint* points, std::size_t count)
         count = cut.points.size();
     }
     Reduce(points, count);
+    if (origin)
+        Snap();
     pictureClipper.ClipRing(pixels.data(), pixels.size(), result);
 }
 
@@ -106,6 +201,11 @@ void PixelParts::AddLinePiece(const TXPoint* points, std::size_t count, std::vec
         if (joinsSpots && !spots.insert(SpotOf(pixels[0], tolerance)).second)
             return;
         pixels.push_back(toPixels.Map(points[count - 1]));
+    }
+    if (origin)
+    {
+        Snap();
+        return AddSeenSegments(spans);
     }
     pictureClipper.ClipLine(pixels.data(), pixels.size(), result, spans);
 }
@@ -177,8 +277,10 @@ void PixelParts::AddPoint(const TXPoint& point)
         if (point.x < tile.left || point.x >= tile.right || point.y < tile.top || point.y >= tile.bottom)
             return;
     }
-    const TXPoint pixel = toPixels.Map(point);
-    const TXRect& picture = pictureClipper.Box();
+    TXPoint pixel = toPixels.Map(point);
+    if (origin)
+        pixel = {Rounded(pixel.x) - origin->x, Rounded(pixel.y) - origin->y};
+    const TXRect& picture = origin ? seen : pictureClipper.Box();
     if (pixel.x < picture.left || pixel.x > picture.right || pixel.y < picture.top || pixel.y > picture.bottom)
         return;
     result.points.push_back(pixel);

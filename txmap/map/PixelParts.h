@@ -33,6 +33,11 @@ public:
     /// each spot: what a line is too wide to show. In pixels.
     void SetTolerance(double pixels);
 
+    /// Makes pixels that are the same in every picture that shows a place: points are rounded to 1/64 of a pixel, and
+    /// edges get points where they cross the lines of a grid, both in the pixels of the world, so that nothing depends
+    /// on what a picture is cut to. @param origin see `MapView::GridOrigin`.
+    void SnapToGrid(const TZObjects::TXPoint& origin);
+
     /// Adds a closed ring that is to be filled. One that is smaller than a few tenths of a pixel leaves nothing.
     void AddRing(const TZObjects::TXPoint* points, std::size_t count);
     /// Adds a line, or the outline of a ring, that is to be stroked: the pieces that are seen.
@@ -49,9 +54,16 @@ public:
 
 private:
     void Reduce(const TZObjects::TXPoint* points, std::size_t count);
+    /// Rounds `pixels`, and brings them from the pixels of the world to those of the picture.
+    void Snap();
+    /// Appends the segments of `pixels` that may be seen, whole. @param spans as of `AddLine`, in pixels.
+    void AddSeenSegments(std::vector<LineSpan>* spans);
     void AddLinePiece(const TZObjects::TXPoint* points, std::size_t count, std::vector<LineSpan>* spans);
 
-    AffineMatrix toPixels;
+    AffineMatrix toPixels;                    ///< To the pixels of the world where there is a grid.
+    std::optional<TZObjects::TXPoint> origin; ///< Of a grid.
+    TZObjects::TXRect seen;                   ///< What a segment of a grid must touch to be kept.
+    std::vector<TZObjects::TXPoint> snapped;
     double tolerance;
     std::unordered_set<std::uint64_t> spots; ///< Where there is a short line already; of a tolerance that was set.
     bool joinsSpots = false;

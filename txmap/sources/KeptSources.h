@@ -18,7 +18,7 @@ public:
     KeptSources(const MapStyle& style, const SourceFolder& folder) : style(style), folder(folder) {}
 
     /// What a view shows. Give it back by `Keep` before the next one.
-    /// @param margin so many pixels around the view are read at least.
+    /// @param margin so many pixels around the view are read for symbols.
     /// @throw Failure with `ExitCode::Data`.
     MapData Read(const MapView& view, double margin, SourceDiagnostics& diagnostics);
     void Keep(MapData& data) { opened = data.Release(); }

@@ -15,7 +15,7 @@ VectorTileSource::VectorTileSource(const Json& source, const SourceFolder& folde
 void VectorTileSource::Load(const MapView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics)
 {
     layers.clear();
-    for (const CoveringTile& tile : CoveringTiles(view, tiles.Pyramid()))
+    for (const CoveringTile& tile : CoveringTiles(view, tiles.Pyramid(), view.GridOrigin() ? request.margin : 0.0))
         LoadTile(tile, request, diagnostics);
 }
 

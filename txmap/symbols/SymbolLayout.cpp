@@ -10,6 +10,7 @@
 #include <txmap/sources/PassingFeatures.h>
 #include <txmap/symbols/LineAnchors.h>
 #include <txmap/symbols/LineTiles.h>
+#include <txmap/symbols/PlacementGrid.h>
 #include <txmap/symbols/PoleOfInaccessibility.h>
 #include <txmap/symbols/RepeatedTexts.h>
 #include <txmap/symbols/SymbolCandidates.h>
@@ -43,13 +44,19 @@ MercatorBox BoundsOf(const FeatureSet& set, const SetFeature& feature)
     return box;
 }
 
+/// How far around the picture anchors matter, in pixels.
+double MarginOf(const MapView& view)
+{
+    return view.GridOrigin() ? PlacementGrid(view).Margin() : kAnchorMargin * view.Scale();
+}
+
 /// Finds the anchors of one set of features.
 class AnchorSearch
 {
 public:
     AnchorSearch(const SymbolLayerData& data, SymbolLayout& layout, const PlacedFeatures& placed)
         : data(data), layout(layout), placed(placed), attributes(*placed.features), context(data.context),
-          margin(kAnchorMargin * data.view.Scale()), picture(data.view.PictureBox(margin)),
+          margin(MarginOf(data.view)), picture(data.view.PictureBox(margin)),
           layoutZoom(std::max(0.0, std::floor(data.view.Zoom()))), worldSize(kTileSize * std::exp2(layoutZoom))
     {
         context.feature = &attributes;
@@ -210,7 +217,9 @@ private:
         for (const PassedFeature& passed : passing)
         {
             Begin(passed);
-            if (passed.feature->type == GeometryType::Point || !MayBeSeen(BoundsOf(*placed.features, *passed.feature)))
+            // With what is far away a line may be one whose direction, and place among others, depends on it.
+            if (passed.feature->type == GeometryType::Point ||
+                (!data.view.GridOrigin() && !MayBeSeen(BoundsOf(*placed.features, *passed.feature))))
                 continue;
             const std::string key = layout.texts->TextOf(context).ToString();
             placed.features->ForEachPart(*passed.feature,

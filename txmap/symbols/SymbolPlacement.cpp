@@ -132,4 +132,41 @@ std::vector<SymbolVerdict> PlaceSymbols(const LayerCandidates& layer, CollisionI
     return verdicts;
 }
 
+void PlaceSymbols(const LayerCandidates& layer, CollisionIndex& index, const std::vector<bool>& wanted,
+                  std::vector<SymbolVerdict>& verdicts)
+{
+    LayerPlacement placement(layer, index);
+    verdicts.resize(layer.symbols.size());
+    for (std::size_t i = 0; i < layer.symbols.size(); ++i)
+        if (wanted[i])
+            verdicts[i] = placement.Place(layer.symbols[i]);
+}
+
+TXRect ExtentOf(const LayerCandidates& layer, const SymbolCandidate& symbol)
+{
+    TXRect extent{1e300, -1e300, 1e300, -1e300};
+    const auto add = [&](const TXRect& box)
+    {
+        if (box.left <= box.right && box.top <= box.bottom)
+            extent = {std::min(extent.left, box.left), std::max(extent.right, box.right), std::min(extent.top, box.top),
+                      std::max(extent.bottom, box.bottom)};
+    };
+    if (symbol.hasIcon)
+        add(symbol.icon);
+    for (std::uint32_t i = 0; i < symbol.choices; ++i)
+    {
+        const TextChoice& choice = layer.choices[symbol.firstChoice + i];
+        add(choice.box);
+        if (symbol.hasIcon && symbol.movesIcon)
+            add(Moved(symbol.icon, choice.iconMove));
+    }
+    for (std::uint32_t i = 0; i < symbol.circles; ++i)
+    {
+        const CollisionCircle& circle = layer.circles[symbol.firstCircle + i];
+        add({circle.centre.x - circle.radius, circle.centre.x + circle.radius, circle.centre.y - circle.radius,
+             circle.centre.y + circle.radius});
+    }
+    return extent;
+}
+
 } // namespace txmap

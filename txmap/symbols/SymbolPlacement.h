@@ -57,6 +57,13 @@ struct SymbolVerdict
     std::uint32_t choice = 0; ///< Which of its places the text takes, from 0.
 };
 
+/// Places those symbols of a layer that @p wanted has a mark for, one for each symbol; nothing is shown of others.
+void PlaceSymbols(const LayerCandidates& layer, CollisionIndex& index, const std::vector<bool>& wanted,
+                  std::vector<SymbolVerdict>& verdicts);
+
+/// The box around all that a symbol may cover.
+TZObjects::TXRect ExtentOf(const LayerCandidates& layer, const SymbolCandidate& symbol);
+
 /// Places the symbols of a layer, clear of what is taken already, and takes their room. What comes out depends on the
 /// symbols and their order alone.
 std::vector<SymbolVerdict> PlaceSymbols(const LayerCandidates& layer, CollisionIndex& index);

@@ -12,6 +12,7 @@
 #include <txmap/sources/KeptSources.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/support/Failure.h>
+#include <txmap/symbols/PlacementGrid.h>
 
 namespace txmap
 {
@@ -33,7 +34,7 @@ struct TileRenderer::State
 
     TZObjects::TXRefPtr<TZObjects::TXImage> Draw(const MapView& view)
     {
-        MapData data = sources.Read(view, 0.0, diagnostics);
+        MapData data = sources.Read(view, view.GridOrigin() ? PlacementGrid(view).Margin() : 0.0, diagnostics);
         DrawingReport report;
         MapCanvas canvas(plugin.Engine(), view);
         DrawLayers(canvas, style, data, report);

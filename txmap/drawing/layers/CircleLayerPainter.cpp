@@ -109,6 +109,8 @@ private:
             isKnown ? radius.Constant() * ReachOf(marker) + strokeWidth.Constant() + 2.0 : kUnknownReach;
         PixelParts parts(TranslatedPixels(scene, "circle", world),
                          scene.canvas.View().PictureBox(reach * scene.Scale()), placed.tile);
+        if (const std::optional<TXPoint>& origin = scene.canvas.View().GridOrigin())
+            parts.SnapToGrid(*origin);
         FeatureAttributes attributes(*placed.features);
         context.feature = &attributes;
         context.tileZoom = placed.tileZoom;

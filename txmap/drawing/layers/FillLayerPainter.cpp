@@ -84,6 +84,8 @@ private:
         if (placed.tile)
             tile = view.AlignedToPixels(*placed.tile);
         PixelParts parts(TranslatedPixels(scene, "fill", world), view.PictureBox(kMargin), tile);
+        if (view.GridOrigin())
+            parts.SnapToGrid(*view.GridOrigin());
         FeatureAttributes attributes(*placed.features);
         context.feature = &attributes;
         context.tileZoom = placed.tileZoom;

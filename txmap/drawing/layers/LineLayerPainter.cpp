@@ -76,6 +76,8 @@ private:
         const std::optional<LineLook> common =
             properties.AreConstant() ? std::optional(properties.At(context)) : std::nullopt;
         PixelParts parts(TranslatedPixels(scene, "line", world), scene.canvas.View().PictureBox(reach));
+        if (const std::optional<TXPoint>& origin = scene.canvas.View().GridOrigin())
+            parts.SnapToGrid(*origin);
         if (scene.layer.tolerance > 0.0)
             parts.SetTolerance(scene.layer.tolerance * scene.Scale());
         FeatureAttributes attributes(*placed.features);

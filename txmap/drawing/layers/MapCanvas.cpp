@@ -24,6 +24,8 @@ using TZObjects::TXRefPtr;
 namespace
 {
 
+constexpr double kSeamlessHairline = 1.01;
+
 int Channel(double value) { return static_cast<int>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0)); }
 
 } // namespace
@@ -50,7 +52,9 @@ void MapCanvas::UsePen(const PenLook& look)
     if (pen && *pen == look)
         return;
     const TXRefPtr<TXPen> made(engine.NewPen());
-    RequireDrawn(made && made->Create(TXPen::SolidLine, look.width, ToTXColor(look.color), look.cap, look.join));
+    // Surfaces may draw lines of one pixel another way, which depends on where in the picture they begin.
+    const double width = view.GridOrigin() && look.width == 1.0 ? kSeamlessHairline : look.width;
+    RequireDrawn(made && made->Create(TXPen::SolidLine, width, ToTXColor(look.color), look.cap, look.join));
     if (!look.dashes.empty())
         made->SetSteps(look.dashes);
     surface->SelectPen(made);

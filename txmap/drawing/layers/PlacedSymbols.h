@@ -13,6 +13,7 @@ namespace txmap
 
 class MapCanvas;
 class MapData;
+class MapView;
 struct DrawingReport;
 struct MapStyle;
 
@@ -33,6 +34,9 @@ public:
     const Layer* Find(const StyleLayer& layer) const;
 
 private:
+    /// Places the symbols of a picture that joins others without a seam.
+    void PlaceInCells(const MapView& view, const MapStyle& style, DrawingReport& report);
+
     std::unique_ptr<SymbolFonts> fonts;
     std::map<const StyleLayer*, Layer> layers;
 };

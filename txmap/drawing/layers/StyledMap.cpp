@@ -90,6 +90,8 @@ void ClipTo(const LayerClip& clip, MapCanvas& canvas)
          ++world)
     {
         PixelParts parts(view.ToPixels(world), view.PictureBox(kClipMargin));
+        if (view.GridOrigin())
+            parts.SnapToGrid(*view.GridOrigin());
         for (const std::vector<TXPoint>& ring : clip.rings)
         {
             std::vector<TXPoint> places;
