@@ -260,8 +260,10 @@ TEST_F(TilesProgram, KilledRunsLeaveWholeTilesAndCanBeResumed)
                 int status = 0;
                 waitpid(process, &status, 0);
                 if (ending.empty() && fs::exists(output))
+                {
                     for (const auto& [name, bytes] : FilesIn(output))
                         ASSERT_EQ(bytes, good.at(name)) << name << ", seed " << seed;
+                }
             }
             const ProgramRun last = Make(output, {"--resume"});
             ASSERT_EQ(last.exitCode, 0) << last.errors;

@@ -6,7 +6,7 @@ std::string SquareStyle(const std::string& color)
         "coordinates": [[[-90, -60], [90, -60], [90, 60], [-90, 60], [-90, -60]]]}}}, "layers": [
         {"id": "b", "type": "background", "paint": {"background-color": "#00ff00"}},
         {"id": "f", "type": "fill", "source": "s", "paint": {"fill-color": ")" +
-           color + R"("}}]})";
+           color + R"(", "fill-antialias": false}}]})";
 }
 
 ServedFolder::ServedFolder(const std::vector<std::string>& options, const std::string& content)

@@ -48,7 +48,8 @@ PlacedSymbols::PlacedSymbols(MapCanvas& canvas, const MapStyle& style, const Map
     if (canvas.View().GridOrigin())
     {
         PlaceInCells(canvas.View(), style, report);
-        return report.placing.Stop();
+        report.placing.Stop();
+        return;
     }
     CollisionIndex index(canvas.View().PictureBox(kSymbolMargin * canvas.View().Scale()));
     for (auto layer = style.layers.rbegin(); layer != style.layers.rend(); ++layer)
