@@ -14,8 +14,8 @@ const program = option('--program', path.join(tree, 'build/release/bin/txmap'));
 const picture = option('--picture');
 const build = path.join(tree, 'build/test-page');
 const size = { width: 900, height: 600 };
-// The measure of scripts/compare-browser for styles with texts: a blur of 7 x 7, and the part of pixels that may differ.
-const [REACH, MOST] = [3, 0.06];
+// The measure of scripts/compare-browser: a blur of 3 x 3, and the part of pixels that may differ.
+const [REACH, MOST] = [1, 0.02];
 
 const problems = [];
 const expect = (condition, what) => {

@@ -1,5 +1,4 @@
 // txmap serve as a program: what it serves and refuses.
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -18,9 +17,7 @@ namespace
 
 const std::string kPlugin = TX_TEST_PLUGIN;
 
-/// @param tolerance tiles round edges to 1/64 of a pixel.
-void ExpectPictureOfRender(const ServedFolder& served, const std::string& target, std::vector<std::string> options,
-                           int tolerance = 0)
+void ExpectPictureOfRender(const ServedFolder& served, const std::string& target, std::vector<std::string> options)
 {
     const HttpReply reply = served.server->Get(target);
     ASSERT_EQ(reply.status, 200) << reply.body;
@@ -31,10 +28,7 @@ void ExpectPictureOfRender(const ServedFolder& served, const std::string& target
     const Picture rendered(served.folder / "map.png");
     EXPECT_EQ(picture.Width(), rendered.Width());
     EXPECT_EQ(picture.Height(), rendered.Height());
-    int farthest = 0;
-    for (std::size_t i = 0; i < std::min(picture.Pixels().size(), rendered.Pixels().size()); ++i)
-        farthest = std::max(farthest, Distance(picture.Pixels()[i], rendered.Pixels()[i]));
-    EXPECT_LE(farthest, tolerance) << target;
+    EXPECT_TRUE(picture.Pixels() == rendered.Pixels()) << target;
 }
 
 } // namespace

@@ -9,7 +9,8 @@
 #include "ServerRun.h"
 #include "TemporaryFolder.h"
 
-/// A square around the middle of a green world, in a colour.
+/// A square around the middle of a green world, in a colour. Its edges are not smooth: tiles draw the lines around
+/// smooth areas a little wider than single pictures do, to join without seams.
 std::string SquareStyle(const std::string& color);
 
 /// A server of a style, with its folder.
