@@ -304,7 +304,7 @@ void MakeTiles(const TilesOptions& options, const MessageSink& warn)
                                            " are made in one run, see --bbox");
     const TileSetFacts facts = FactsOf(options, warn);
     const SignalNotes notes;
-    const std::unique_ptr<TileOutput> output = OpenTileOutput(options.output, facts);
+    std::unique_ptr<TileOutput> output = OpenTileOutput(options.output, facts);
     try
     {
         TileRun(options, *output, TilesOfShard(options.wish), warn).Run();
@@ -314,6 +314,7 @@ void MakeTiles(const TilesOptions& options, const MessageSink& warn)
     {
         output->Commit();
     }
+    output.reset();
     std::signal(stopSignal, SIG_DFL);
     std::raise(stopSignal);
 }
