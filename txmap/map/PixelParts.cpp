@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <utility>
 
 #include <txmap/map/LineSimplifier.h>
 #include <txmap/map/PixelGeometry.h>
@@ -83,9 +85,10 @@ void PixelParts::SetTolerance(double pixels)
     joinsSpots = true;
 }
 
-void PixelParts::SnapToGrid(const TXPoint& corner)
+void PixelParts::SnapToGrid(const TXPoint& corner, bool keeps)
 {
     origin = corner;
+    keepsLines = keeps;
     toPixels.x0 += corner.x;
     toPixels.y0 += corner.y;
     seen = pictureClipper.Box();
@@ -96,14 +99,14 @@ void PixelParts::SnapToGrid(const TXPoint& corner)
                                        before(seen.top, corner.y), behind(seen.bottom, corner.y)});
 }
 
-void PixelParts::Snap()
+void PixelParts::Snap(bool splits)
 {
     const TXRect& box = pictureClipper.Box();
     snapped.clear();
     std::vector<std::pair<double, TXPoint>> crossings;
     for (std::size_t i = 0; i < pixels.size(); ++i)
     {
-        if (i > 0)
+        if (splits && i > 0)
         {
             const TXPoint& a = pixels[i - 1];
             const TXPoint& b = pixels[i];
@@ -126,37 +129,6 @@ void PixelParts::Snap()
     pixels.clear();
     for (const TXPoint& point : snapped)
         pixels.emplace_back(Rounded(point.x) - origin->x, Rounded(point.y) - origin->y);
-}
-
-void PixelParts::AddSeenSegments(std::vector<LineSpan>* spans)
-{
-    bool open = false;
-    double distance = 0.0;
-    for (std::size_t i = 1; i < pixels.size(); ++i)
-    {
-        const TXPoint& a = pixels[i - 1];
-        const TXPoint& b = pixels[i];
-        const double length = spans ? std::hypot(b.x - a.x, b.y - a.y) : 0.0;
-        if (std::max(a.x, b.x) >= seen.left && std::min(a.x, b.x) <= seen.right && std::max(a.y, b.y) >= seen.top &&
-            std::min(a.y, b.y) <= seen.bottom)
-        {
-            if (!open)
-            {
-                result.points.push_back(a);
-                result.counts.push_back(1);
-                if (spans)
-                    spans->push_back({distance, distance});
-            }
-            open = true;
-            result.points.push_back(b);
-            ++result.counts.back();
-            if (spans)
-                spans->back().end = distance + length;
-        }
-        else
-            open = false;
-        distance += length;
-    }
 }
 
 void PixelParts::Reduce(const TXPoint* points, std::size_t count)
@@ -185,7 +157,7 @@ void PixelParts::AddRing(const TXPoint* points, std::size_t count)
     }
     Reduce(points, count);
     if (origin)
-        Snap();
+        Snap(true);
     pictureClipper.ClipRing(pixels.data(), pixels.size(), result);
 }
 
@@ -204,8 +176,10 @@ void PixelParts::AddLinePiece(const TXPoint* points, std::size_t count, std::vec
     }
     if (origin)
     {
-        Snap();
-        return AddSeenSegments(spans);
+        Snap(!keepsLines);
+        const double all = std::numeric_limits<double>::infinity();
+        return AppendSeenSegments(pixels.data(), pixels.size(), keepsLines ? TXRect{-all, all, -all, all} : seen,
+                                  result, spans);
     }
     pictureClipper.ClipLine(pixels.data(), pixels.size(), result, spans);
 }
@@ -256,8 +230,14 @@ void PixelParts::AddOutline(const TXPoint* ring, std::size_t count, const Mercat
 {
     if (FirstEdgeOfWorld(ring, count, world) == 0)
     {
-        AddLine(ring, count, spans);
-        return;
+        if (!origin || count < 4)
+            return AddLine(ring, count, spans);
+        // From the middle of a side, so that no picture need know whether the ring closes in it: ends meet without a
+        // corner.
+        std::vector<TXPoint> turned(ring, ring + count);
+        turned.front() = {(ring[0].x + ring[1].x) / 2.0, (ring[0].y + ring[1].y) / 2.0};
+        turned.push_back(turned.front());
+        return AddLine(turned.data(), turned.size(), spans);
     }
     Parts lines;
     AppendOutline(ring, count, world, lines);
@@ -318,6 +298,38 @@ void AppendOutline(const TXPoint* ring, std::size_t count, const MercatorBox& wo
         lines.points.push_back(b);
         ++lines.counts.back();
         open = true;
+    }
+}
+
+void AppendSeenSegments(const TXPoint* line, std::size_t count, const TXRect& box, Parts& result,
+                        std::vector<LineSpan>* spans)
+{
+    bool open = false;
+    double distance = 0.0;
+    for (std::size_t i = 1; i < count; ++i)
+    {
+        const TXPoint& a = line[i - 1];
+        const TXPoint& b = line[i];
+        const double length = spans ? std::hypot(b.x - a.x, b.y - a.y) : 0.0;
+        if (std::max(a.x, b.x) >= box.left && std::min(a.x, b.x) <= box.right && std::max(a.y, b.y) >= box.top &&
+            std::min(a.y, b.y) <= box.bottom)
+        {
+            if (!open)
+            {
+                result.points.push_back(a);
+                result.counts.push_back(1);
+                if (spans)
+                    spans->push_back({distance, distance});
+            }
+            open = true;
+            result.points.push_back(b);
+            ++result.counts.back();
+            if (spans)
+                spans->back().end = distance + length;
+        }
+        else
+            open = false;
+        distance += length;
     }
 }
 

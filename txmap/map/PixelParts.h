@@ -36,7 +36,8 @@ public:
     /// Makes pixels that are the same in every picture that shows a place: points are rounded to 1/64 of a pixel, and
     /// edges get points where they cross the lines of a grid, both in the pixels of the world, so that nothing depends
     /// on what a picture is cut to. @param origin see `MapView::GridOrigin`.
-    void SnapToGrid(const TZObjects::TXPoint& origin);
+    /// @param keepsLines keeps lines whole, for dashes, which go on from where the line begins.
+    void SnapToGrid(const TZObjects::TXPoint& origin, bool keepsLines = false);
 
     /// Adds a closed ring that is to be filled. One that is smaller than a few tenths of a pixel leaves nothing.
     void AddRing(const TZObjects::TXPoint* points, std::size_t count);
@@ -55,14 +56,14 @@ public:
 private:
     void Reduce(const TZObjects::TXPoint* points, std::size_t count);
     /// Rounds `pixels`, and brings them from the pixels of the world to those of the picture.
-    void Snap();
-    /// Appends the segments of `pixels` that may be seen, whole. @param spans as of `AddLine`, in pixels.
-    void AddSeenSegments(std::vector<LineSpan>* spans);
+    /// @param splits gives edges points at the lines of the grid.
+    void Snap(bool splits);
     void AddLinePiece(const TZObjects::TXPoint* points, std::size_t count, std::vector<LineSpan>* spans);
 
     AffineMatrix toPixels;                    ///< To the pixels of the world where there is a grid.
     std::optional<TZObjects::TXPoint> origin; ///< Of a grid.
-    TZObjects::TXRect seen;                   ///< What a segment of a grid must touch to be kept.
+    bool keepsLines = false;
+    TZObjects::TXRect seen; ///< What a segment of a grid must touch to be kept.
     std::vector<TZObjects::TXPoint> snapped;
     double tolerance;
     std::unordered_set<std::uint64_t> spots; ///< Where there is a short line already; of a tolerance that was set.
@@ -78,5 +79,10 @@ private:
 /// come from where the data was cut, at the date line or at the poles, and are no border of anything. One closed line
 /// where there is no such edge.
 void AppendOutline(const TZObjects::TXPoint* ring, std::size_t count, const MercatorBox& world, Parts& lines);
+
+/// Appends the pieces of a line that may be seen in a box, of whole segments.
+/// @param spans gets where each piece lies on the line, in its units; null for not wanted.
+void AppendSeenSegments(const TZObjects::TXPoint* line, std::size_t count, const TZObjects::TXRect& box, Parts& result,
+                        std::vector<LineSpan>* spans);
 
 } // namespace txmap

@@ -18,26 +18,30 @@ Picture::Picture(const std::string& path)
 {
     GDALAllRegister();
     const GDALDatasetUniquePtr dataset(GDALDataset::Open(path.c_str(), GDAL_OF_RASTER));
-    const int bands = dataset ? dataset->GetRasterCount() : 0;
-    const GDALColorTable* const colors = bands == 1 ? dataset->GetRasterBand(1)->GetColorTable() : nullptr;
-    if (!colors && bands != 3 && bands != 4)
+    GDALColorTable* const table =
+        dataset && dataset->GetRasterCount() == 1 ? dataset->GetRasterBand(1)->GetColorTable() : nullptr;
+    if (!dataset || (!table && dataset->GetRasterCount() != 3 && dataset->GetRasterCount() != 4))
         throw std::runtime_error(path + " is no picture in colour");
     width = dataset->GetRasterXSize();
     height = dataset->GetRasterYSize();
     pixels.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), Pixel{0, 0, 0, 255});
-    if (dataset->RasterIO(GF_Read, 0, 0, width, height, pixels.data(), width, height, GDT_Byte, bands, nullptr, 4,
-                          GSpacing{4} * width, 1, nullptr) != CE_None)
-        throw std::runtime_error(path + " cannot be read");
-    if (!colors)
-        return;
-    for (Pixel& pixel : pixels)
+    if (table)
     {
-        const GDALColorEntry* const color = colors->GetColorEntry(pixel[0]);
-        if (!color)
-            throw std::runtime_error(path + " has a pixel without a colour");
-        pixel = {static_cast<std::uint8_t>(color->c1), static_cast<std::uint8_t>(color->c2),
-                 static_cast<std::uint8_t>(color->c3), static_cast<std::uint8_t>(color->c4)};
+        std::vector<std::uint8_t> numbers(pixels.size());
+        if (dataset->GetRasterBand(1)->RasterIO(GF_Read, 0, 0, width, height, numbers.data(), width, height, GDT_Byte,
+                                                0, 0) != CE_None)
+            throw std::runtime_error(path + " cannot be read");
+        for (std::size_t i = 0; i < pixels.size(); ++i)
+        {
+            const GDALColorEntry& color = *table->GetColorEntry(numbers[i]);
+            pixels[i] = {static_cast<std::uint8_t>(color.c1), static_cast<std::uint8_t>(color.c2),
+                         static_cast<std::uint8_t>(color.c3), static_cast<std::uint8_t>(color.c4)};
+        }
+        return;
     }
+    if (dataset->RasterIO(GF_Read, 0, 0, width, height, pixels.data(), width, height, GDT_Byte,
+                          dataset->GetRasterCount(), nullptr, 4, GSpacing{4} * width, 1, nullptr) != CE_None)
+        throw std::runtime_error(path + " cannot be read");
 }
 
 const Pixel& Picture::AtPlace(double longitude, double latitude) const

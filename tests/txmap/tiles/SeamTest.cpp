@@ -125,10 +125,12 @@ constexpr double kPixels = 16.0 * 16.0 * kTile * kTile;
 const char* const kFills = R"({"id":"f","type":"fill","source":"areas","paint":{"fill-color":
     ["interpolate",["linear"],["get","n"],0,"#336699",6,"#ffcc00"],"fill-opacity":0.7}},
     {"id":"g","type":"fill","source":"areas","filter":["==",["get","n"],3],"paint":{"fill-color":"#883322"}})";
-const char* const kLines = R"({"id":"o","type":"line","source":"areas","paint":{"line-width":1}},
-    {"id":"l","type":"line","source":"ways","paint":{"line-width":["+",1,["get","n"]],"line-color":"#aa2200"}},
-    {"id":"d","type":"line","source":"ways","layout":{"line-cap":"round","line-join":"round"},
-     "paint":{"line-width":3,"line-dasharray":[2,3],"line-color":"#00aa22","line-offset":4}})";
+const char* const kHairlines = R"({"id":"o","type":"line","source":"areas","paint":{"line-width":1}})";
+const char* const kWideLines = R"({"id":"l","type":"line","source":"ways","paint":{"line-width":["+",1,["get","n"]],
+    "line-color":"#aa2200"}})";
+const char* const kDashes =
+    R"({"id":"d","type":"line","source":"ways","layout":{"line-cap":"round","line-join":"round"},
+    "paint":{"line-width":3,"line-dasharray":[2,3],"line-color":"#00aa22","line-offset":4}})";
 const char* const kNames = R"({"id":"r","type":"symbol","source":"ways","layout":{"symbol-placement":"line",
      "text-field":["get","name"],"text-font":["DejaVu Sans"],"text-size":13,"symbol-spacing":120}},
     {"id":"p","type":"symbol","source":"places","layout":{"text-field":["get","name"],"text-font":["DejaVu Sans"],
@@ -144,10 +146,13 @@ TEST_F(Seam, FillsAreTheSamePixels)
 
 TEST_F(Seam, LinesAreNearlyTheSamePixels)
 {
-    TileRenderer renderer = Renderer(kLines);
-    const Difference difference = Compare(renderer, {4, 0, 0, 16, 16}, 8);
-    EXPECT_LE(static_cast<double>(difference.pixels), kPixels / 10000.0);
-    EXPECT_LE(difference.most, 4);
+    for (const char* const layer : {kHairlines, kWideLines, kDashes})
+    {
+        TileRenderer renderer = Renderer(layer);
+        const Difference difference = Compare(renderer, {4, 0, 0, 16, 16}, 8);
+        EXPECT_LE(static_cast<double>(difference.pixels), kPixels / 10000.0) << layer;
+        EXPECT_LE(difference.most, 4) << layer;
+    }
 }
 
 TEST_F(Seam, NamesAcrossAnEdgeAreInBothBlocksOrInNeither)
@@ -167,7 +172,8 @@ TEST_F(Seam, NamesAcrossAnEdgeAreInBothBlocksOrInNeither)
 
 TEST_F(Seam, BlocksOfTwiceThePixelsJoinAsWell)
 {
-    TileRenderer renderer = Renderer(std::string(kFills) + "," + kLines + "," + kNames, 2.0);
+    TileRenderer renderer =
+        Renderer(std::string(kFills) + "," + kHairlines + "," + kWideLines + "," + kDashes + "," + kNames, 2.0);
     const Difference difference = Compare(renderer, {3, 2, 1, 4, 4}, 2);
     EXPECT_LE(static_cast<double>(difference.pixels), 16.0 * 4.0 * kTile * kTile / 10000.0);
     EXPECT_LE(difference.most, 4);

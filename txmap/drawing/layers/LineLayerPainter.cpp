@@ -77,7 +77,7 @@ private:
             properties.AreConstant() ? std::optional(properties.At(context)) : std::nullopt;
         PixelParts parts(TranslatedPixels(scene, "line", world), scene.canvas.View().PictureBox(reach));
         if (const std::optional<TXPoint>& origin = scene.canvas.View().GridOrigin())
-            parts.SnapToGrid(*origin);
+            parts.SnapToGrid(*origin, scene.layer.Find("line-dasharray") != nullptr);
         if (scene.layer.tolerance > 0.0)
             parts.SetTolerance(scene.layer.tolerance * scene.Scale());
         FeatureAttributes attributes(*placed.features);
@@ -138,7 +138,7 @@ private:
                 const double phase = look.dashes.empty() || part <= 0.0 || span.start <= 0.0
                                          ? 0.0
                                          : LengthOf(points, count) / part * span.start;
-                stroker.Add(points, count, look, phase, isArea);
+                stroker.Add(points, count, look, phase, isArea && !scene.canvas.View().GridOrigin());
             }
             points += count;
         }

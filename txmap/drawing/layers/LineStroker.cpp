@@ -142,14 +142,15 @@ void LineStroker::AddShape(PixelLine line, const LineLook& look, double phase, b
 
 void LineStroker::AddDashes(const PixelLine& line, const LineLook& look, double phase, Parts& pieces) const
 {
-    // What is cut to one picture would differ in its neighbour; pieces of a grid are short.
-    if (canvas.View().GridOrigin())
-        return AppendDashes(line.data(), line.size(), look.dashes, phase, pieces);
     // A line may have been moved far out of the picture, where nobody sees its dashes.
-    RectangleClipper clipper(canvas.View().PictureBox(2.0 * look.width + 4.0));
+    const TZObjects::TXRect box = canvas.View().PictureBox(2.0 * look.width + 4.0);
     Parts seen;
     std::vector<LineSpan> spans;
-    clipper.ClipLine(line.data(), line.size(), seen, &spans);
+    // What is cut to one picture would differ in its neighbour.
+    if (canvas.View().GridOrigin())
+        AppendSeenSegments(line.data(), line.size(), box, seen, &spans);
+    else
+        RectangleClipper(box).ClipLine(line.data(), line.size(), seen, &spans);
     const TXPoint* points = seen.points.data();
     for (std::size_t i = 0; i < seen.counts.size(); ++i)
     {
