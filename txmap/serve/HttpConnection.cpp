@@ -132,7 +132,7 @@ HttpConnection::~HttpConnection() { close(socket); }
 
 void HttpConnection::Serve(const HttpHandler& handler)
 {
-    for (int i = 0; i < kMostRequests && ReadHead() && AnswerNext(handler); ++i)
+    for (int left = kMostRequests; left > 0 && ReadHead() && AnswerNext(handler, left == 1); --left)
         ;
 }
 
@@ -175,7 +175,7 @@ bool HttpConnection::ReadHead()
     }
 }
 
-bool HttpConnection::AnswerNext(const HttpHandler& handler)
+bool HttpConnection::AnswerNext(const HttpHandler& handler, bool isLast)
 {
     const HttpHead head = CheckHead(std::string_view(received).substr(0, headLength));
     received.erase(0, headLength);
@@ -184,7 +184,7 @@ bool HttpConnection::AnswerNext(const HttpHandler& handler)
         Refuse(head.status, head.reason);
         return false;
     }
-    bool closes = head.closes || IsReadable(stop);
+    bool closes = head.closes || isLast || IsReadable(stop);
     const std::string answer = RequestProcessor(handler).Answer(head, closes);
     return SendAll(socket, answer, steady_clock::now() + kLongestReading) == Exchange::Done && !closes;
 }

@@ -26,7 +26,7 @@ public:
 
 private:
     bool ReadHead();
-    bool AnswerNext(const HttpHandler& handler);
+    bool AnswerNext(const HttpHandler& handler, bool isLast);
 
     const int socket;
     const int stop;

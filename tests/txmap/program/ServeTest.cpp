@@ -117,6 +117,20 @@ TEST(Serve, AnswersSeveralRequestsOfAConnection)
     EXPECT_TRUE(client.IsClosed());
 }
 
+TEST(Serve, TellsWhichAnswerIsTheLastOfAConnection)
+{
+    const ServedFolder served;
+    HttpClient client(served.server->Port());
+    for (int i = 1; i <= 1000; ++i)
+    {
+        ASSERT_TRUE(client.Send("GET /state HTTP/1.1\r\nHost: a\r\n\r\n"));
+        const HttpReply reply = client.Receive();
+        ASSERT_EQ(reply.status, 200);
+        ASSERT_EQ(reply.headers.count("connection"), i == 1000 ? 1u : 0u) << i;
+    }
+    EXPECT_TRUE(client.IsClosed());
+}
+
 TEST(Serve, HasAPageThatNeedsNothingFromOutside)
 {
     const ServedFolder served;
