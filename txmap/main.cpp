@@ -9,6 +9,7 @@
 #include <txmap/cli/MessageLine.h>
 #include <txmap/cli/Options.h>
 #include <txmap/cli/RenderCommand.h>
+#include <txmap/cli/ServeCommand.h>
 #include <txmap/cli/TilesCommand.h>
 #include <txmap/cli/ValidateCommand.h>
 #include <txmap/drawing/PluginSession.h>
@@ -44,6 +45,10 @@ void Run(int argc, const char* const* argv)
         RunExpressionCommand(argc - 1, argv + 1, std::cin, std::cout);
     else if (command == "render")
         RunRenderCommand(argc - 1, argv + 1, std::cout);
+    else if (command == "serve")
+        RunServeCommand(argc - 1, argv + 1, std::cout);
+    else if (command == "serve-worker")
+        RunServeWorker(argc - 1, argv + 1);
     else if (command == "tiles")
         RunTilesCommand(argc - 1, argv + 1, std::cout);
     else if (command == "merge")

@@ -1,9 +1,9 @@
 #include <txmap/cli/ParseView.h>
 
-#include <cmath>
 #include <vector>
 
 #include <txmap/cli/OptionValues.h>
+#include <txmap/map/BoxRules.h>
 
 namespace txmap
 {
@@ -11,7 +11,6 @@ namespace
 {
 
 constexpr int kMaxSide = 16384;
-constexpr double kSmallestBox = 1e-6;
 
 } // namespace
 
@@ -32,18 +31,8 @@ GeoBox ParseBox(const std::string& text, const Projection& projection)
     if (edges.size() != 4)
         Refuse("--bbox", text, "must be WEST,SOUTH,EAST,NORTH in degrees, such as -10,35,30,60");
     GeoBox box{edges[0], edges[1], edges[2], edges[3]};
-    // Written so that a NaN is refused as well.
-    if (!(std::abs(box.west) <= 360.0 && std::abs(box.east) <= 360.0))
-        Refuse("--bbox", text, "longitudes must be from -360 to 360");
-    if (!(box.south >= -90.0 && box.north <= 90.0 && box.north - box.south >= kSmallestBox))
-        Refuse("--bbox", text, "SOUTH must be less than NORTH, both from -90 to 90");
-    if (box.east < box.west)
-        box.east += 360.0;
-    if (!(box.east - box.west >= kSmallestBox && box.east - box.west <= 360.0))
-        Refuse("--bbox", text, "must be up to 360 degrees wide, and not empty");
-    const double maxLatitude = projection.MaxLatitude();
-    if (box.north <= kSmallestBox - maxLatitude || box.south >= maxLatitude - kSmallestBox)
-        Refuse("--bbox", text, "lies beyond the outermost latitudes of the projection");
+    if (const std::string problem = CompleteBox(box, projection.MaxLatitude()); !problem.empty())
+        Refuse("--bbox", text, problem);
     return box;
 }
 

@@ -14,7 +14,12 @@ constexpr std::size_t kLargestStyle = std::size_t(256) << 20;
 
 MapStyle ReadStyleFile(const std::string& file, bool lenient, const MessageSink& warn)
 {
-    StyleReading reading = ReadStyle(ReadSourceFile(file, kLargestStyle));
+    return ReadStyleText(ReadSourceFile(file, kLargestStyle), file, lenient, warn);
+}
+
+MapStyle ReadStyleText(const std::string& text, const std::string& file, bool lenient, const MessageSink& warn)
+{
+    StyleReading reading = ReadStyle(text);
     if (reading.problems.empty())
         return std::move(reading.style);
     const std::string first = file + ": " + reading.problems.front().ToString();

@@ -66,18 +66,17 @@ std::vector<std::uint8_t> Rgb(const TilePixels& tile)
     return rgb;
 }
 
-std::string WritePng(int side, const std::uint8_t* rows, int channels, const ColorPalette* palette)
+std::string WritePng(const PixelSize& size, const std::uint8_t* rows, int channels, const ColorPalette* palette)
 {
     std::string file;
     PngWriter writer;
     if (!writer.info || setjmp(png_jmpbuf(writer.png)))
         Fail("PNG");
     png_set_write_fn(writer.png, &file, Append, nullptr);
-    const auto size = static_cast<png_uint_32>(side);
     const int type = channels == 1 ? PNG_COLOR_TYPE_PALETTE : channels == 3 ? PNG_COLOR_TYPE_RGB : PNG_COLOR_TYPE_RGBA;
     const int depth = palette ? palette->Depth() : 8;
-    png_set_IHDR(writer.png, writer.info, size, size, depth, type, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_BASE,
-                 PNG_FILTER_TYPE_BASE);
+    png_set_IHDR(writer.png, writer.info, static_cast<png_uint_32>(size.width), static_cast<png_uint_32>(size.height),
+                 depth, type, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_BASE, PNG_FILTER_TYPE_BASE);
     if (palette)
     {
         std::array<png_color, 256> colors{};
@@ -100,8 +99,9 @@ std::string WritePng(int side, const std::uint8_t* rows, int channels, const Col
     png_write_info(writer.png, writer.info);
     if (palette)
         png_set_packing(writer.png);
-    for (int row = 0; row < side; ++row)
-        png_write_row(writer.png, rows + static_cast<std::size_t>(row) * static_cast<std::size_t>(side * channels));
+    for (int row = 0; row < size.height; ++row)
+        png_write_row(writer.png,
+                      rows + static_cast<std::size_t>(row) * static_cast<std::size_t>(size.width * channels));
     png_write_end(writer.png, writer.info);
     return file;
 }
@@ -114,11 +114,11 @@ std::string EncodePng(const TilePixels& tile, bool reduces)
     if (palette)
     {
         const std::vector<std::uint8_t> indices = palette->IndicesOf(tile);
-        return WritePng(tile.side, indices.data(), 1, &*palette);
+        return WritePng(tile.size, indices.data(), 1, &*palette);
     }
     if (IsOpaque(tile))
-        return WritePng(tile.side, Rgb(tile).data(), 3, nullptr);
-    return WritePng(tile.side, tile.rgba.data(), 4, nullptr);
+        return WritePng(tile.size, Rgb(tile).data(), 3, nullptr);
+    return WritePng(tile.size, tile.rgba.data(), 4, nullptr);
 }
 
 /// Through a driver of GDAL. @param channels 3 for colours alone.
@@ -129,10 +129,10 @@ std::string EncodeWith(const char* driverName, const TilePixels& tile, int chann
     GDALDriver* const driver = drivers.GetDriverByName(driverName);
     if (!memory || !driver)
         Fail(driverName);
-    const Dataset pixels(memory->Create("", tile.side, tile.side, channels, GDT_Byte, nullptr));
-    if (!pixels ||
-        pixels->RasterIO(GF_Write, 0, 0, tile.side, tile.side, const_cast<std::uint8_t*>(tile.rgba.data()), tile.side,
-                         tile.side, GDT_Byte, channels, nullptr, 4, 4 * tile.side, 1, nullptr) != CE_None)
+    const Dataset pixels(memory->Create("", tile.size.width, tile.size.height, channels, GDT_Byte, nullptr));
+    if (!pixels || pixels->RasterIO(GF_Write, 0, 0, tile.size.width, tile.size.height,
+                                    const_cast<std::uint8_t*>(tile.rgba.data()), tile.size.width, tile.size.height,
+                                    GDT_Byte, channels, nullptr, 4, 4 * tile.size.width, 1, nullptr) != CE_None)
         Fail(driverName);
     if (channels == 4)
         pixels->GetRasterBand(4)->SetColorInterpretation(GCI_AlphaBand);
@@ -170,16 +170,17 @@ TilePixels OnWhite(TilePixels tile)
 TilePixels BlockPixels::Tile(int column, int row) const
 {
     TilePixels tile;
-    tile.side = side;
-    const auto width = static_cast<std::size_t>(side);
-    tile.rgba.resize(width * width * 4);
+    tile.size = size;
+    const auto width = static_cast<std::size_t>(size.width);
+    const auto height = static_cast<std::size_t>(size.height);
+    tile.rgba.resize(width * height * 4);
     const auto* const bits = static_cast<const std::uint32_t*>(image->GetBits());
     const std::size_t stride = width * static_cast<std::size_t>(columns);
     std::uint8_t* out = tile.rgba.data();
-    for (std::size_t y = 0; y < width; ++y)
+    for (std::size_t y = 0; y < height; ++y)
     {
         const std::uint32_t* in =
-            bits + (static_cast<std::size_t>(row) * width + y) * stride + static_cast<std::size_t>(column) * width;
+            bits + (static_cast<std::size_t>(row) * height + y) * stride + static_cast<std::size_t>(column) * width;
         for (std::size_t x = 0; x < width; ++x, ++in, out += 4)
         {
             const std::uint32_t pixel = *in;

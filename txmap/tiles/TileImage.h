@@ -6,6 +6,7 @@
 
 #include <txbase/TXRefPtr.h>
 #include <txgraphics/TXImage.h>
+#include <txmap/map/GeoBox.h>
 
 namespace txmap
 {
@@ -22,7 +23,7 @@ enum class TileFormat
 /// The pixels of one tile: red, green, blue and alpha, not premultiplied, row by row.
 struct TilePixels
 {
-    int side = 0;
+    PixelSize size;
     std::vector<std::uint8_t> rgba;
 };
 
@@ -31,8 +32,8 @@ class BlockPixels
 {
 public:
     /// @param image premultiplied pixels of 32 bits.
-    BlockPixels(const TZObjects::TXRefPtr<TZObjects::TXImage>& image, int columns, int rows, int side)
-        : image(image), columns(columns), rows(rows), side(side)
+    BlockPixels(const TZObjects::TXRefPtr<TZObjects::TXImage>& image, int columns, int rows, const PixelSize& size)
+        : image(image), columns(columns), rows(rows), size(size)
     {
     }
 
@@ -45,7 +46,7 @@ private:
     TZObjects::TXRefPtr<TZObjects::TXImage> image;
     int columns;
     int rows;
-    int side;
+    PixelSize size; ///< Of a tile.
 };
 
 /// The file of a tile. The same pixels give the same bytes. @throw Failure with `ExitCode::Drawing`.

@@ -20,7 +20,9 @@ namespace txmap
 struct TileRenderer::State
 {
     State(const TileLook& look, MessageSink sink)
-        : look(look), warn(std::move(sink)), style(ReadStyleFile(look.style, look.lenient, warn)),
+        : look(look), warn(std::move(sink)),
+          style(look.styleText ? ReadStyleText(*look.styleText, look.style, look.lenient, warn)
+                               : ReadStyleFile(look.style, look.lenient, warn)),
           sources(style, SourceFolder::Of(look.style)), diagnostics(!look.lenient), plugin(look.plugin, TextPath::Qt),
           side(static_cast<int>(std::lround(look.tileSize * look.scale)))
     {
@@ -28,6 +30,20 @@ struct TileRenderer::State
         if (side < 1 || std::abs(look.tileSize * look.scale - side) > 1e-9)
             throw Failure(ExitCode::Usage, "--scale " + NumberText(look.scale) + ": a tile of " +
                                                std::to_string(look.tileSize) + " would not be of whole pixels");
+    }
+
+    TZObjects::TXRefPtr<TZObjects::TXImage> Draw(const MapView& view)
+    {
+        MapData data = sources.Read(view, view.GridOrigin() ? PlacementGrid(view).Margin() : 0.0, diagnostics);
+        DrawingReport report;
+        MapCanvas canvas(plugin.Engine(), view);
+        DrawLayers(canvas, style, data, report);
+        sources.Keep(data);
+        for (const std::string& warning : diagnostics.Warnings())
+            Warn(warning);
+        for (const std::string& warning : report.warnings)
+            Warn(look.style + ": " + warning);
+        return canvas.Surface().GetImage();
     }
 
     void Warn(const std::string& text)
@@ -59,16 +75,12 @@ const MapStyle& TileRenderer::Style() const { return state->style; }
 BlockPixels TileRenderer::Draw(const TileBlock& block)
 {
     const TileView view(block, state->look.tileSize, state->look.scale);
-    MapData data = state->sources.Read(view, PlacementGrid(view).Margin(), state->diagnostics);
-    DrawingReport report;
-    MapCanvas canvas(state->plugin.Engine(), view);
-    DrawLayers(canvas, state->style, data, report);
-    state->sources.Keep(data);
-    for (const std::string& warning : state->diagnostics.Warnings())
-        state->Warn(warning);
-    for (const std::string& warning : report.warnings)
-        state->Warn(state->look.style + ": " + warning);
-    return BlockPixels(canvas.Surface().GetImage(), block.columns, block.rows, state->side);
+    return BlockPixels(state->Draw(view), block.columns, block.rows, {state->side, state->side});
+}
+
+TilePixels TileRenderer::DrawPicture(const MapView& view)
+{
+    return BlockPixels(state->Draw(view), 1, 1, view.Size()).Tile(0, 0);
 }
 
 } // namespace txmap

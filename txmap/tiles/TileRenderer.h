@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include <txmap/map/TileView.h>
@@ -13,10 +14,11 @@ namespace txmap
 /// How tiles are drawn of which style.
 struct TileLook
 {
-    std::string style;    ///< The file.
-    double scale = 1.0;   ///< Pixels for each logical one.
-    int tileSize = 512;   ///< Logical pixels across a tile: 512 or 256.
-    bool lenient = false; ///< Draws what it can.
+    std::string style;                    ///< The file.
+    std::optional<std::string> styleText; ///< What stands in it, where that is known.
+    double scale = 1.0;                   ///< Pixels for each logical one.
+    int tileSize = 512;                   ///< Logical pixels across a tile: 512 or 256.
+    bool lenient = false;                 ///< Draws what it can.
     std::string plugin = "txpluginqt";
 };
 
@@ -38,6 +40,8 @@ public:
 
     /// Draws a block. @throw Failure. The renderer can be used afterwards.
     BlockPixels Draw(const TileBlock& block);
+    /// Draws any other picture, of the scale that tiles have.
+    TilePixels DrawPicture(const MapView& view);
 
 private:
     struct State;

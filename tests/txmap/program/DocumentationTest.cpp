@@ -54,6 +54,13 @@ TEST(Documentation, HasTheOptionsOfHelpAndNoOthers)
     EXPECT_THAT(OptionsIn(Content(TX_TEST_DOCS "/txmap.md")), ContainerEq(known));
 }
 
+TEST(Documentation, HasTheOptionsOfServingAndNoOthers)
+{
+    const std::set<std::string> known = OptionsIn(RunTxmap({"serve", "--help"}).output);
+    ASSERT_THAT(known, Contains("--port"));
+    EXPECT_THAT(OptionsIn(Content(TX_TEST_DOCS "/serving.md")), ContainerEq(known));
+}
+
 TEST(Documentation, HasTheOptionsOfStylesAndNoOthers)
 {
     std::set<std::string> known = OptionsIn(RunTxmap({"render", "--help"}).output);

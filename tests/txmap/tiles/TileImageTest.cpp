@@ -31,7 +31,7 @@ TilePixels TileOf(int side, int colors, bool opaque)
                            static_cast<std::uint8_t>(random.Int(0, 255)),
                            static_cast<std::uint8_t>(opaque ? 255 : random.Int(1, 255))});
     TilePixels tile;
-    tile.side = side;
+    tile.size = {side, side};
     for (int i = 0; i < side * side; ++i)
         for (const std::uint8_t channel : palette[static_cast<std::size_t>(i < colors ? i : random.Int(0, colors - 1))])
             tile.rgba.push_back(channel);
@@ -87,7 +87,7 @@ TEST_F(TileFile, Png8HasAtMost256Colours)
 
 TEST_F(TileFile, OtherFormatsAreNear)
 {
-    TilePixels tile{64, {}};
+    TilePixels tile{{64, 64}, {}};
     for (int i = 0; i < 64 * 64; ++i)
         for (const int channel : {i % 64 * 2, 100, i / 64 * 3, 255})
             tile.rgba.push_back(static_cast<std::uint8_t>(channel));
