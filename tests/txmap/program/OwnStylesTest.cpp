@@ -48,7 +48,7 @@ std::vector<Run> Runs()
 
 TEST(OwnStyles, AreDrawnWithoutAWarning)
 {
-    for (const char* const style : {"political", "physical"})
+    for (const char* const style : {"political", "physical", "city"})
     {
         const TemporaryFolder folder;
         const ProgramRun run = Render(OwnStyleFile(style), folder / "map.png", {"--size", "200x150"});
