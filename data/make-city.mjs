@@ -8,20 +8,9 @@ import fs from 'node:fs';
 import path from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { AVENUES, LANES, LANTERN_PLACES, LANTERN_STREETS, PLACES, QUARTERS, STREETS } from './city-names.mjs';
+import { between, chance, dense, oval, random, thinned } from './city-shapes.mjs';
 
 const out = path.resolve(process.argv[2] ?? path.dirname(fileURLToPath(import.meta.url)));
-
-let state = 20;
-/** A random number from 0 to 1; the same ones on every machine. */
-function random() {
-    state = state + 0x6d2b79f5 | 0;
-    let value = Math.imul(state ^ state >>> 15, 1 | state);
-    value = value + Math.imul(value ^ value >>> 7, 61 | value) ^ value;
-    return ((value ^ value >>> 14) >>> 0) / 2 ** 32;
-}
-const between = (low, high) => low + (high - low) * random();
-const chance = part => random() < part;
-const pick = list => list[Math.floor(random() * list.length)];
 
 // ---- The grid
 
@@ -66,50 +55,11 @@ const place = ([u, v]) => {
     return [round(0.055 + x / METRES), round(0.055 + y / METRES)];
 };
 
-/** More points where the way between two is long, so that it bends. */
-function dense(points, step = 24) {
-    const all = [points[0]];
-    for (let i = 1; i < points.length; i++) {
-        const [from, to] = [points[i - 1], points[i]];
-        const pieces = Math.max(1, Math.ceil(Math.hypot(to[0] - from[0], to[1] - from[1]) / step));
-        for (let part = 1; part <= pieces; part++)
-            all.push([from[0] + (to[0] - from[0]) * part / pieces, from[1] + (to[1] - from[1]) * part / pieces]);
-    }
-    return all;
-}
-
-/** Without points that lie closer than half a metre to the line between those that stay. */
-function thinned(points, tolerance = 4e-6) {
-    if (points.length < 3)
-        return points;
-    const [a, b] = [points[0], points.at(-1)];
-    const [dx, dy] = [b[0] - a[0], b[1] - a[1]];
-    const length = Math.hypot(dx, dy);
-    let [most, index] = [0, 0];
-    points.forEach(([x, y], i) => {
-        const distance = length > 0 ? Math.abs((x - a[0]) * dy - (y - a[1]) * dx) / length : Math.hypot(x - a[0], y - a[1]);
-        if (distance > most)
-            [most, index] = [distance, i];
-    });
-    if (most <= tolerance)
-        return [a, b];
-    return [...thinned(points.slice(0, index + 1), tolerance).slice(0, -1), ...thinned(points.slice(index), tolerance)];
-}
-
 const line = points => ({ type: 'LineString', coordinates: thinned(dense(points).map(place)) });
 const ringOf = points => thinned(dense([...points, points[0]], 30).map(place));
 const area = (...rings) => ({ type: 'Polygon', coordinates: rings.map(ringOf) });
 const point = at => ({ type: 'Point', coordinates: place(at) });
 const box = (left, bottom, right, top) => [[left, bottom], [right, bottom], [right, top], [left, top]];
-function oval(u, v, width, height, wobble = 0, corners = 28) {
-    const phase = between(0, 6);
-    return Array.from({ length: corners }, (_, i) => {
-        const angle = 2 * Math.PI * i / corners;
-        const reach = 1 + wobble * (Math.sin(2 * angle + phase) + 0.6 * Math.sin(3 * angle + 2 * phase));
-        return [u + width * reach * Math.cos(angle), v + height * reach * Math.sin(angle)];
-    });
-}
-
 const files = { areas: [], roads: [], buildings: [], points: [] };
 const add = (file, geometry, properties) => files[file].push({ type: 'Feature', properties, geometry });
 

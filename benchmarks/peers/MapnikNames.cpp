@@ -23,10 +23,11 @@ constexpr double kHalfWidth = 20037508.342789244;
 std::string StyleText(const std::string& mode)
 {
     const std::string overlap = mode == "all" ? "true" : "false";
-    const std::string rule = mode == "none" ? ""
-                                            : "<TextSymbolizer face-name=\"DejaVu Sans Book\" size=\"12\" fill=\"#28283c\" "
-                                              "halo-fill=\"white\" halo-radius=\"1\" margin=\"2\" allow-overlap=\"" +
-                                                  overlap + "\">[name]</TextSymbolizer>";
+    const std::string rule = mode == "none"
+                                 ? ""
+                                 : "<TextSymbolizer face-name=\"DejaVu Sans Book\" size=\"12\" fill=\"#28283c\" "
+                                   "halo-fill=\"white\" halo-radius=\"1\" margin=\"2\" allow-overlap=\"" +
+                                       overlap + "\">[name]</TextSymbolizer>";
     return "<Map srs=\"epsg:3857\" background-color=\"#c8d7e1\"><Style name=\"names\"><Rule>" + rule +
            "</Rule></Style></Map>";
 }
