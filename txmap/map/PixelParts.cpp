@@ -23,6 +23,8 @@ constexpr double kFinest = 0.125;
 constexpr double kSteps = 64.0;
 // The lines of a grid are so many pixels apart: a multiple of all sides of tiles would be more than surfaces take.
 constexpr double kGrid = 1024.0;
+// So many pixels outside of what is seen, lines go on where nobody sees them.
+constexpr double kFar = 256.0;
 // How far from the edge of the world a point of cut data may lie: some 12 cm.
 constexpr double kEdge = 3e-9;
 // Data that ends at a pole ends there up to what its makers took for one.
@@ -34,6 +36,40 @@ bool Close(const TXPoint& a, const TXPoint& b, double distance)
 }
 
 double Rounded(double value) { return std::round(value * kSteps) / kSteps; }
+
+bool MayTouch(const TXPoint& a, const TXPoint& b, const TXRect& box)
+{
+    return std::max(a.x, b.x) >= box.left && std::min(a.x, b.x) <= box.right && std::max(a.y, b.y) >= box.top &&
+           std::min(a.y, b.y) <= box.bottom;
+}
+
+/// Appends a line as one piece if a part of it may be seen, because surfaces blend pieces with each other where they
+/// cross. What is not seen goes along the sides of a larger box.
+void AppendSeenLine(const std::vector<TXPoint>& line, const TXRect& box, Parts& result)
+{
+    std::size_t first = line.size(), last = 0;
+    for (std::size_t i = 1; i < line.size(); ++i)
+        if (MayTouch(line[i - 1], line[i], box))
+        {
+            first = std::min(first, i - 1);
+            last = i;
+        }
+    if (first >= last)
+        return;
+    const std::size_t before = result.points.size();
+    for (std::size_t i = first; i <= last; ++i)
+    {
+        const bool isSeen =
+            (i > first && MayTouch(line[i - 1], line[i], box)) || (i < last && MayTouch(line[i], line[i + 1], box));
+        // On whichever side of the box a point is, it stays there.
+        const TXPoint point = isSeen ? line[i]
+                                     : TXPoint(std::clamp(line[i].x, box.left - kFar, box.right + kFar),
+                                               std::clamp(line[i].y, box.top - kFar, box.bottom + kFar));
+        if (result.points.size() == before || point.x != result.points.back().x || point.y != result.points.back().y)
+            result.points.push_back(point);
+    }
+    result.counts.push_back(static_cast<int>(result.points.size() - before));
+}
 
 /// The numbers from one value to another, of those between, at which a line of the grid is crossed, in the order of the
 /// way; without the ends. @param nearest,farthest no others are wanted.
@@ -177,6 +213,8 @@ void PixelParts::AddLinePiece(const TXPoint* points, std::size_t count, std::vec
     if (origin)
     {
         Snap(!keepsLines);
+        if (!keepsLines && !spans)
+            return AppendSeenLine(pixels, seen, result);
         const double all = std::numeric_limits<double>::infinity();
         return AppendSeenSegments(pixels.data(), pixels.size(), keepsLines ? TXRect{-all, all, -all, all} : seen,
                                   result, spans);
@@ -311,8 +349,7 @@ void AppendSeenSegments(const TXPoint* line, std::size_t count, const TXRect& bo
         const TXPoint& a = line[i - 1];
         const TXPoint& b = line[i];
         const double length = spans ? std::hypot(b.x - a.x, b.y - a.y) : 0.0;
-        if (std::max(a.x, b.x) >= box.left && std::min(a.x, b.x) <= box.right && std::max(a.y, b.y) >= box.top &&
-            std::min(a.y, b.y) <= box.bottom)
+        if (MayTouch(a, b, box))
         {
             if (!open)
             {

@@ -13,7 +13,8 @@ enum class ExitCode : int
     Drawing = 1, ///< Rendering, or writing the picture, failed.
     Usage = 2,   ///< The command line makes no sense.
     Plugin = 3,  ///< There is no usable drawing plugin.
-    Data = 4     ///< The geodata cannot be used.
+    Data = 4,    ///< The geodata cannot be used.
+    Tiles = 5    ///< Some tiles could not be drawn, or are missing.
 };
 
 /// Why there is no picture, or not the one that was asked for: one line for people, which names the file or the option

@@ -23,7 +23,7 @@ struct TilesOptions
 };
 
 /// What the process answers when some tiles are missing.
-constexpr auto kTilesMissing = static_cast<ExitCode>(5);
+constexpr ExitCode kTilesMissing = ExitCode::Tiles;
 /// The most tiles of one run.
 constexpr std::uint64_t kMostTiles = 100'000'000;
 

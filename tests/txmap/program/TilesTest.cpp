@@ -1,10 +1,6 @@
 // txmap tiles and txmap merge as programs: folders and databases, runs that end early, and shards.
-#include <fcntl.h>
-#include <spawn.h>
-#include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -20,127 +16,14 @@
 #include <gtest/gtest.h>
 #include <tests/support/RandomSource.h>
 #include <tests/txmap/support/Picture.h>
-#include <tests/txmap/support/ProgramRun.h>
-#include <tests/txmap/support/TemporaryFolder.h>
+#include <tests/txmap/support/TilesProgram.h>
 
 using ::testing::HasSubstr;
 
-namespace
-{
-
 namespace fs = std::filesystem;
 
-const char* const kStyle = R"({"version": 8, "name": "Test", "sources": {"s": {"type": "geojson",
-    "attribution": "nobody", "data": {"type": "FeatureCollection", "features": [
-    {"type": "Feature", "properties": {"name": "Middle"}, "geometry": {"type": "Point", "coordinates": [1, 2]}},
-    {"type": "Feature", "properties": {}, "geometry": {"type": "Polygon",
-    "coordinates": [[[-60, -40], [75, -30], [50, 60], [-60, 45], [-60, -40]]]}}]}}},
-    "layers": [{"id": "b", "type": "background", "paint": {"background-color": "#88bbdd"}},
-    {"id": "f", "type": "fill", "source": "s", "paint": {"fill-color": "#ddddaa"}},
-    {"id": "t", "type": "symbol", "source": "s", "layout": {"text-field": ["get", "name"],
-    "text-font": ["DejaVu Sans"]}}]})";
-
-using Tiles = std::map<std::string, std::string>;
-
-/// The files of a folder of tiles, by "z/x/y.png".
-Tiles FilesIn(const std::string& folder)
+namespace
 {
-    Tiles tiles;
-    for (const auto& entry : fs::recursive_directory_iterator(folder))
-    {
-        const std::string name = fs::relative(entry.path(), folder).string();
-        if (entry.is_regular_file() && name[0] != '.')
-            tiles[name] = ContentOf(entry.path());
-    }
-    return tiles;
-}
-
-std::vector<std::vector<std::string>> Query(const std::string& file, const std::string& text)
-{
-    sqlite3* database = nullptr;
-    sqlite3_stmt* statement = nullptr;
-    std::vector<std::vector<std::string>> rows;
-    EXPECT_EQ(sqlite3_open_v2(file.c_str(), &database, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
-    EXPECT_EQ(sqlite3_prepare_v2(database, text.c_str(), -1, &statement, nullptr), SQLITE_OK)
-        << sqlite3_errmsg(database);
-    while (statement && sqlite3_step(statement) == SQLITE_ROW)
-    {
-        std::vector<std::string>& row = rows.emplace_back();
-        for (int i = 0; i < sqlite3_column_count(statement); ++i)
-            row.emplace_back(static_cast<const char*>(sqlite3_column_blob(statement, i)),
-                             static_cast<std::size_t>(sqlite3_column_bytes(statement, i)));
-    }
-    sqlite3_finalize(statement);
-    sqlite3_close(database);
-    return rows;
-}
-
-/// The tiles of a database, named as files are.
-Tiles TilesIn(const std::string& file)
-{
-    Tiles tiles;
-    for (const auto& row : Query(file, "SELECT zoom_level, tile_column, (1 << zoom_level) - 1 - tile_row, tile_data "
-                                       "FROM tiles"))
-        tiles[row[0] + "/" + row[1] + "/" + row[2] + ".png"] = row[3];
-    return tiles;
-}
-
-bool IsWholePng(const std::string& bytes)
-{
-    const std::string end("IEND\xae\x42\x60\x82", 8);
-    return bytes.size() > 16 && bytes.compare(0, 4, "\x89PNG") == 0 && bytes.substr(bytes.size() - 8) == end;
-}
-
-/// Starts a run whose process the caller ends.
-pid_t Start(std::vector<std::string> arguments)
-{
-    arguments.insert(arguments.begin(), TX_TEST_TXMAP);
-    std::vector<char*> argv;
-    for (std::string& argument : arguments)
-        argv.push_back(argument.data());
-    argv.push_back(nullptr);
-    posix_spawn_file_actions_t files;
-    posix_spawn_file_actions_init(&files);
-    posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    pid_t process = -1;
-    EXPECT_EQ(posix_spawn(&process, TX_TEST_TXMAP, &files, nullptr, argv.data(), environ), 0);
-    posix_spawn_file_actions_destroy(&files);
-    return process;
-}
-
-class TilesProgram : public ::testing::Test
-{
-protected:
-    /// The command of a run with small blocks. @param more options instead of these, and flags.
-    std::vector<std::string> Command(const std::string& output, const std::vector<std::string>& more = {}) const
-    {
-        std::map<std::string, std::string> options{{"--zoom", "0-3"},   {"--tile-size", "256"},
-                                                   {"--metatile", "2"}, {"--plugin", TX_TEST_PLUGIN},
-                                                   {"--jobs", "2"},     {"-o", output}};
-        std::vector<std::string> command{"tiles", style};
-        for (std::size_t i = 0; i < more.size(); ++i)
-            if (more[i] == "--resume" || more[i] == "--quiet")
-                command.push_back(more[i]);
-            else
-            {
-                options[more[i]] = more[i + 1];
-                ++i;
-            }
-        for (const auto& [name, value] : options)
-            command.insert(command.end(), {name, value});
-        return command;
-    }
-
-    ProgramRun Make(const std::string& output, const std::vector<std::string>& more = {},
-                    const std::vector<std::string>& environment = {}) const
-    {
-        return RunTxmap(Command(output, more), environment);
-    }
-
-    TemporaryFolder folder;
-    std::string style = folder.Write("style.json", kStyle);
-    static constexpr std::size_t kCount = 85;
-};
 
 TEST_F(TilesProgram, AFolderHasEachTileOfTheZooms)
 {
@@ -330,85 +213,6 @@ TEST_F(TilesProgram, ShardsMakeTheSameTogether)
     EXPECT_THAT(doubled.errors, HasSubstr("part0.mbtiles: "));
     EXPECT_THAT(doubled.errors, HasSubstr("in a part before as well\n"));
     EXPECT_EQ(TilesIn(folder / "doubled.mbtiles"), good);
-}
-
-TEST_F(TilesProgram, PartsThatDoNotBelongTogetherAreNotMerged)
-{
-    ASSERT_EQ(Make(folder / "a.mbtiles", {"--zoom", "0"}).exitCode, 0);
-    ASSERT_EQ(Make(folder / "b.mbtiles", {"--zoom", "0", "--format", "jpg"}).exitCode, 0);
-    const ProgramRun run = RunTxmap({"merge", folder / "a.mbtiles", folder / "b.mbtiles", "-o", folder / "c.mbtiles"});
-    EXPECT_EQ(run.exitCode, 4);
-    EXPECT_THAT(run.errors, HasSubstr("does not belong to"));
-    EXPECT_FALSE(fs::exists(folder / "c.mbtiles"));
-    EXPECT_EQ(RunTxmap({"merge", style, "-o", folder / "c.mbtiles"}).exitCode, 4);
-    EXPECT_EQ(RunTxmap({"merge", folder / "none.mbtiles", "-o", folder / "c.mbtiles"}).exitCode, 4);
-    EXPECT_EQ(RunTxmap({"merge", folder / "a.mbtiles", "-o", folder / "c.png"}).exitCode, 2);
-}
-
-TEST_F(TilesProgram, TilesOfAnotherLookAreNotMixed)
-{
-    for (const char* const name : {"tiles", "tiles.mbtiles"})
-    {
-        ASSERT_EQ(Make(folder / name, {"--zoom", "0"}).exitCode, 0);
-        const ProgramRun run = Make(folder / name, {"--zoom", "0", "--scale", "2", "--resume"});
-        EXPECT_EQ(run.exitCode, 1);
-        EXPECT_THAT(run.errors, HasSubstr("has tiles of another style, size, scale or format"));
-    }
-    const std::string strange = folder.Write("strange.mbtiles", "This is no database, but a text of some length.");
-    EXPECT_EQ(Make(strange).exitCode, 1);
-    EXPECT_EQ(ContentOf(strange), "This is no database, but a text of some length.");
-}
-
-TEST_F(TilesProgram, WhatCannotBeIsSaidInOneLine)
-{
-    struct Refusal
-    {
-        std::vector<std::string> options;
-        int exitCode;
-        const char* text;
-    };
-    for (const Refusal& refusal :
-         std::vector<Refusal>{{{"--zoom", "5-3"}, 2, "has no zoom in it"},
-                              {{"--zoom", "0-40"}, 2, "--zoom 0-40"},
-                              {{"--zoom", "x"}, 2, "--zoom x"},
-                              {{"--zoom", "0-15"}, 2, "would be 1431655765 tiles"},
-                              {{"--tile-size", "300"}, 2, "--tile-size 300"},
-                              {{"--scale", "1.001"}, 2, "--scale 1.001"},
-                              {{"--metatile", "0"}, 2, "--metatile 0"},
-                              {{"--metatile", "64", "--scale", "8"}, 2, "--metatile 64"},
-                              {{"--format", "gif"}, 2, "--format gif"},
-                              {{"--shard", "4/4"}, 2, "--shard 4/4"},
-                              {{"--jobs", "0"}, 2, "--jobs 0"},
-                              {{"--bbox", "1,2,3"}, 2, "--bbox 1,2,3"},
-                              {{"--plugin", "/no/such/plugin"}, 3, "/no/such/plugin"},
-                              {{"-o", "/proc/tiles"}, 1, "/proc/tiles: cannot be written"},
-                              {{"-o", "/proc/tiles.mbtiles"}, 1, "/proc/tiles.mbtiles: cannot be written"}})
-    {
-        std::vector<std::string> command{"tiles", style, "--quiet"};
-        std::map<std::string, std::string> options{
-            {"--zoom", "0-3"}, {"-o", folder / "out"}, {"--plugin", TX_TEST_PLUGIN}};
-        for (std::size_t i = 0; i < refusal.options.size(); i += 2)
-            options[refusal.options[i]] = refusal.options[i + 1];
-        for (const auto& [name, value] : options)
-            command.insert(command.end(), {name, value});
-        const ProgramRun run = RunTxmap(command);
-        EXPECT_EQ(run.exitCode, refusal.exitCode) << run.errors;
-        EXPECT_THAT(run.errors, HasSubstr(refusal.text));
-        EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1) << run.errors;
-        EXPECT_TRUE(!fs::exists(folder / "out") || FilesIn(folder / "out").empty());
-    }
-}
-
-TEST_F(TilesProgram, AFullDiskIsSaidAndNothingIsLost)
-{
-    ASSERT_EQ(Make(folder / "tiles").exitCode, 0);
-    const Tiles before = FilesIn(folder / "tiles");
-    // A limit of files' sizes is as if there were no more room.
-    const std::string command = "trap '' XFSZ; ulimit -f 0; exec " + std::string(TX_TEST_TXMAP) + " tiles " + style +
-                                " --zoom 0-3 --tile-size 256 --quiet --plugin " + TX_TEST_PLUGIN + " -o " +
-                                (folder / "tiles") + " 2>&1 | grep -q 'cannot be written: File too large'";
-    EXPECT_EQ(std::system(command.c_str()), 0);
-    EXPECT_EQ(FilesIn(folder / "tiles"), before);
 }
 
 } // namespace
