@@ -103,9 +103,9 @@ public:
                 const HttpAnswer answer = handler({request.target, request.get_header_value("If-None-Match")});
                 response.status = answer.status;
                 for (const auto& [name, value] : answer.headers)
-                    response.set_header(name.c_str(), value.c_str());
+                    response.set_header(name, value);
                 if (!answer.type.empty())
-                    response.set_content(answer.body, answer.type.c_str());
+                    response.set_content(answer.body, answer.type);
                 return HandlerResponse::Handled;
             });
         set_exception_handler(

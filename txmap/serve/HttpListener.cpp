@@ -22,8 +22,6 @@ namespace
 {
 
 using std::chrono::milliseconds;
-using std::chrono::seconds;
-using std::chrono::steady_clock;
 
 constexpr std::size_t kMostConnections = 128;
 constexpr int kBacklog = 128;
