@@ -101,10 +101,10 @@ Difference Compare(TileRenderer& renderer, const TileBlock& all, int side)
                             difference.where +=
                                 " " +
                                 std::to_string((left + column) * kTile +
-                                               static_cast<int>(i / 4 % static_cast<std::size_t>(one.side))) +
+                                               static_cast<int>(i / 4 % static_cast<std::size_t>(one.size.width))) +
                                 "," +
                                 std::to_string((top + row) * kTile +
-                                               static_cast<int>(i / 4 / static_cast<std::size_t>(one.side))) +
+                                               static_cast<int>(i / 4 / static_cast<std::size_t>(one.size.width))) +
                                 ":" + std::to_string(most);
                         difference.most = std::max(difference.most, most);
                     }

@@ -94,7 +94,7 @@ TEST_F(TileFile, OtherFormatsAreNear)
     for (const TileFormat format : {TileFormat::Jpeg, TileFormat::WebP})
         EXPECT_LT(FarthestPixel(tile, Written(tile, format)), 40) << NameOf(format);
     // What is transparent is white where there is no transparency.
-    const TilePixels empty{64, std::vector<std::uint8_t>(64 * 64 * 4, 0)};
+    const TilePixels empty{{64, 64}, std::vector<std::uint8_t>(64 * 64 * 4, 0)};
     EXPECT_EQ(Written(empty, TileFormat::Jpeg).At(30, 30), (Pixel{255, 255, 255, 255}));
     EXPECT_EQ(Written(empty, TileFormat::WebP).At(30, 30)[3], 0);
 }
