@@ -40,7 +40,7 @@ public:
 
 private:
     double scale;
-    double widest; ///< In pixels.
+    double widest;    ///< In pixels.
     double dashScale; ///< Dashes grow from one whole zoom to the next.
     LayerProperty<Color> color;
     LayerProperty<double> opacity;
