@@ -77,6 +77,21 @@ const std::vector<Mistake>& Mistakes()
          WithLayers(R"({"id": "a", "type": "line", "source": "s", "paint": {"line-dasharray": [1, -1]}})"),
          {},
          "/layers/0/paint/line-dasharray/1"},
+        {"DashesWithoutLength",
+         kData,
+         WithLayers(R"({"id": "a", "type": "line", "source": "s", "paint": {"line-dasharray": [0, 0]}})"),
+         {},
+         "/layers/0/paint/line-dasharray: all dashes and gaps are without length"},
+        {"HugeWidth",
+         kData,
+         WithLayers(R"({"id": "a", "type": "line", "source": "s", "paint": {"line-width": 1e300}})"),
+         {},
+         "/layers/0/paint/line-width: "},
+        {"HugeRadius",
+         kData,
+         WithLayers(R"({"id": "a", "type": "circle", "source": "s", "paint": {"circle-radius": 1e300}})"),
+         {},
+         "/layers/0/paint/circle-radius: "},
         {"NaN", kData, R"({"version": 8, "zoom": NaN, "sources": {}, "layers": []})", {}, "no JSON"},
         {"HugeNumber", kData, R"({"version": 8, "zoom": 1e999, "sources": {}, "layers": []})", {}, "no JSON"},
         {"Pitch", kData, WithLayers(kFill, R"("pitch": 30, )"), {}, "/pitch"},
@@ -286,7 +301,7 @@ TEST(Render, RefusesPicturesWhoseCornersAreNone)
 {
     const TemporaryFolder folder;
     const std::pair<const char*, const char*> mistakes[] = {
-        {"[[-1e300, 10], [10, 10], [10, -10], [-10, -10]]", "corners that are no degrees"},
+        {"[[-1e9, 10], [10, 10], [10, -10], [-10, -10]]", "corners that are no degrees"},
         {"[[1, 10], [10, 10], [10, 99], [1, 99]]", "corners that are no degrees"},
         {"[[1, 10], [1, 10], [1, 10], [1, 10]]", "corners without an area"}};
     for (const auto& [corners, culprit] : mistakes)

@@ -52,17 +52,17 @@ TEST_F(StrangeSymbols, TextsOfAMebibyte)
 TEST_F(StrangeSymbols, NumbersThatAreNoneOrTooLarge)
 {
     for (const char* const layout :
-         {R"(, "text-size": ["/", 0, 0])", R"(, "text-size": ["/", 1, 0])", R"(, "text-size": 1e300)",
-          R"(, "text-max-width": 1e300, "text-line-height": 1e300)", R"(, "text-line-height": -1e300)",
-          R"(, "text-letter-spacing": 1e300)", R"(, "text-letter-spacing": -1e300)", R"(, "text-rotate": ["/", 1, 0])",
-          R"(, "text-offset": ["literal", [1e300, -1e300]])", R"(, "text-padding": 1e300)",
+         {R"(, "text-size": ["/", 0, 0])", R"(, "text-size": ["/", 1, 0])", R"(, "text-size": 1e12)",
+          R"(, "text-max-width": 1e12, "text-line-height": 1e12)", R"(, "text-line-height": -1e12)",
+          R"(, "text-letter-spacing": 1e12)", R"(, "text-letter-spacing": -1e12)", R"(, "text-rotate": ["/", 1, 0])",
+          R"(, "text-offset": ["literal", [1e12, -1e12]])", R"(, "text-padding": 1e12)",
           R"(, "text-radial-offset": ["/", 0, 0])", R"(, "symbol-sort-key": ["/", 0, 0])",
-          R"(, "symbol-placement": "line", "text-max-angle": -1e300)",
+          R"(, "symbol-placement": "line", "text-max-angle": -1e12)",
           R"(, "symbol-placement": "line", "symbol-spacing": 1)",
-          R"(, "symbol-placement": "line", "text-offset": [1e300, 1e300])"})
+          R"(, "symbol-placement": "line", "text-offset": [1e12, 1e12])"})
         Named("Name", layout, R"("text-halo-width": 1, "text-halo-color": "red")");
-    for (const char* const paint : {R"("text-halo-width": 1e300)", R"("text-halo-blur": 1e300)",
-                                    R"("text-translate": [1e300, 0])", R"("text-opacity": ["/", 0, 0])"})
+    for (const char* const paint : {R"("text-halo-width": 1e12)", R"("text-halo-blur": 1e12)",
+                                    R"("text-translate": [1e12, 0])", R"("text-opacity": ["/", 0, 0])"})
         Named("Name", "", std::string(R"("text-halo-color": "red", )") + paint);
     EXPECT_GT(Drawn(Named("Name")), 50u);
 }

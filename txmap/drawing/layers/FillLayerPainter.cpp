@@ -124,7 +124,15 @@ private:
     void Fill(const Parts& parts, const FillLook& look)
     {
         MapCanvas& canvas = scene.canvas;
-        canvas.UseNoPen();
+        // The outline has the colour of the fill unless the style says otherwise, and closes the gaps that would be
+        // seen between neighbours. Where it is translucent it would be seen twice.
+        const bool isPlain = look.pattern.empty() && !scene.layer.gradient && !scene.layer.hatch;
+        Color filled = look.color;
+        filled.alpha *= look.opacity;
+        if (isPlain && antialias.Constant() && !look.outline && filled.alpha >= 1.0)
+            canvas.UsePen({filled, 1.0, TZObjects::TXPen::FlatCap, TZObjects::TXPen::BevelJoin, {}});
+        else
+            canvas.UseNoPen();
         if (!look.pattern.empty())
         {
             const auto image = scene.patterns.Find(look.pattern);
@@ -140,18 +148,12 @@ private:
         }
         else
         {
-            Color filled = look.color;
-            filled.alpha *= look.opacity;
             if (filled.alpha <= 0.0)
                 return;
             if (scene.layer.hatch)
                 canvas.UseHatch(filled, BrushOf(*scene.layer.hatch));
             else
                 canvas.UseBrush(filled);
-            // The outline has the colour of the fill unless the style says otherwise, and closes the gaps that would
-            // be seen between neighbours. Where it is translucent it would be seen twice.
-            if (antialias.Constant() && !scene.layer.hatch && !look.outline && filled.alpha >= 1.0)
-                canvas.UsePen({filled, 1.0, TZObjects::TXPen::FlatCap, TZObjects::TXPen::BevelJoin, {}});
         }
         RequireDrawn(canvas.Surface().PolyPolygon(parts.points.data(), parts.counts.data(),
                                                   static_cast<int>(parts.counts.size())));

@@ -1,6 +1,7 @@
 #include <txmap/style/document/ValueCheck.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include <txmap/style/Color.h>
 
@@ -8,6 +9,9 @@ namespace txmap
 {
 namespace
 {
+
+// Numbers of inhabitants and identifiers are smaller.
+constexpr double kLargest = 1e12;
 
 std::string Shown(const Json& json)
 {
@@ -50,6 +54,9 @@ void CheckArray(const Json& json, const MemberRule& rule, const std::string& poi
     if (spec.length && json.size() != *spec.length)
         problems.Add(pointer, "an array of length " + std::to_string(*spec.length) + " expected, but one of length " +
                                   std::to_string(json.size()) + " found");
+    const auto isLong = [](const Json& length) { return !length.is_number() || length.get<double>() > 0.0; };
+    if (std::string(rule.name) == "line-dasharray" && !json.empty() && std::none_of(json.begin(), json.end(), isLong))
+        problems.Add(pointer, "all dashes and gaps are without length");
     MemberRule item = rule;
     item.type = spec.item.c_str();
     for (std::size_t i = 0; i < json.size(); ++i)
@@ -90,6 +97,8 @@ bool RequireKind(const Json& json, const char* kind, const std::string& pointer,
 
 void CheckRange(double number, const MemberRule& rule, const std::string& pointer, StyleProblems& problems)
 {
+    if (std::abs(number) > kLargest)
+        return problems.Add(pointer, NumberText(number) + " is larger than anything on a map");
     if (number < rule.minimum)
         problems.Add(pointer, NumberText(number) + " is less than the minimum " + NumberText(rule.minimum));
     if (number > rule.maximum)

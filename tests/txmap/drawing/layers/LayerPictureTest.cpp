@@ -343,7 +343,7 @@ TEST_F(LayerPicture, SortKeysMayBeNumbersOfInhabitants)
 
 TEST_F(LayerPicture, LinesWiderThanThePictureCoverIt)
 {
-    for (const char* const width : {"4000", "1e6", "1e300"})
+    for (const char* const width : {"4000", "1e6", "1e12"})
     {
         const std::vector<unsigned> drawn = Line(R"("line-color": "#804020", "line-width": )" + std::string(width));
         EXPECT_EQ(std::count(drawn.begin(), drawn.end(), 0xFF804020u), 256 * 256) << width;
