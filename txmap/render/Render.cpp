@@ -69,9 +69,9 @@ void RenderMap(const RenderOptions& options, const MessageSink& warn, const Mess
     Stopwatch drawing;
     Stopwatch encoding;
 
+    PrepareGdal();
     reading.Start();
     const MapStyle style = ReadStyleFile(options.style, options.lenient, warn);
-    PrepareGdal();
     SourceDiagnostics diagnostics(!options.lenient);
     const SourceFolder folder = SourceFolder::Of(options.style);
     std::optional<GeoBox> box = options.box;
