@@ -14,4 +14,9 @@ namespace txmap
     throw Failure(ExitCode::Usage, option + " " + value + ": " + reason);
 }
 
+/// The value of an option that is one number within limits. @throw Failure with `ExitCode::Usage`.
+double ParseNumber(const char* option, const std::string& text, double least, double greatest);
+/// The same for whole numbers.
+int ParseWholeNumber(const char* option, const std::string& text, int least, int greatest);
+
 } // namespace txmap

@@ -6,6 +6,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <txmap/cli/CommandLine.h>
 #include <txmap/cli/MessageLine.h>
 #include <txmap/cli/OptionValues.h>
 #include <txmap/cli/ParseView.h>
@@ -55,14 +56,6 @@ void Declare(CLI::App& app, RawOptions& raw)
     app.add_flag("--timings", raw.timings, "Print how long reading, evaluating, drawing and encoding took");
     app.add_option("--plugin", raw.plugin, "The drawing plugin, by path or by name (default txpluginqt)")
         ->type_name("PATH|NAME");
-}
-
-double ParseNumber(const char* option, const std::string& text, double least, double greatest)
-{
-    const std::vector<double> numbers = NumbersIn<double>(text, ',');
-    if (numbers.size() != 1 || !(numbers[0] >= least && numbers[0] <= greatest))
-        Refuse(option, text, "must be a number from " + NumberText(least) + " to " + NumberText(greatest));
-    return numbers[0];
 }
 
 LonLat ParseCenter(const std::string& text)
@@ -132,23 +125,9 @@ std::optional<RenderOptions> ParseRenderOptions(int argc, const char* const* arg
     CLI::App app("Draws a map from a style, through a drawing plugin that is loaded at run time.", "txmap render");
     RawOptions raw;
     Declare(app, raw);
-    try
-    {
-        app.parse(argc, argv);
-    }
-    catch (const CLI::CallForHelp&)
-    {
-        out << app.help();
+    if (!ReadCommandLine(app, argc, argv, out,
+                         {"--output", "--size", "--center", "--zoom", "--bearing", "--bbox", "--scale", "--plugin"}))
         return std::nullopt;
-    }
-    catch (const CLI::ParseError& error)
-    {
-        throw Failure(ExitCode::Usage, error.what());
-    }
-    for (const char* const option :
-         {"--output", "--size", "--center", "--zoom", "--bearing", "--bbox", "--scale", "--plugin"})
-        if (app.count(option) > 0 && app.get_option(option)->as<std::string>().empty())
-            Refuse(option, "''", "must not be empty");
     return Interpret(raw);
 }
 

@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <txmap/cli/CommandLine.h>
 #include <txmap/cli/MessageLine.h>
 #include <txmap/cli/OptionValues.h>
 #include <txmap/serve/Serve.h>
@@ -48,39 +49,22 @@ void Declare(CLI::App& app, RawOptions& raw)
         ->type_name("PATH|NAME");
 }
 
-double ParseNumber(const char* option, const std::string& text, double least, double greatest)
-{
-    const std::vector<double> numbers = NumbersIn<double>(text, ',');
-    if (numbers.size() != 1 || !(numbers[0] >= least && numbers[0] <= greatest))
-        Refuse(option, text, "must be a number from " + NumberText(least) + " to " + NumberText(greatest));
-    return numbers[0];
-}
-
-int ParseCount(const char* option, const std::string& text, int least, int greatest)
-{
-    const std::vector<int> numbers = NumbersIn<int>(text, ',');
-    if (numbers.size() != 1 || numbers[0] < least || numbers[0] > greatest)
-        Refuse(option, text,
-               "must be a whole number from " + std::to_string(least) + " to " + std::to_string(greatest));
-    return numbers[0];
-}
-
 ServeOptions Interpret(const RawOptions& raw)
 {
     ServeOptions options;
     options.style = raw.style;
     if (!raw.port.empty())
-        options.port = ParseCount("--port", raw.port, 0, 65535);
+        options.port = ParseWholeNumber("--port", raw.port, 0, 65535);
     if (!raw.bind.empty())
         options.address = raw.bind;
     if (!raw.workers.empty())
-        options.workers = static_cast<std::size_t>(ParseCount("--workers", raw.workers, 1, 256));
+        options.workers = static_cast<std::size_t>(ParseWholeNumber("--workers", raw.workers, 1, 256));
     if (!raw.queue.empty())
-        options.queue = static_cast<std::size_t>(ParseCount("--queue", raw.queue, 1, 10000));
+        options.queue = static_cast<std::size_t>(ParseWholeNumber("--queue", raw.queue, 1, 10000));
     if (!raw.timeout.empty())
         options.timeout = ParseNumber("--timeout", raw.timeout, 0.1, 3600.0);
     if (!raw.cache.empty())
-        options.cacheBytes = static_cast<std::size_t>(ParseCount("--cache", raw.cache, 0, 1 << 20)) << 20u;
+        options.cacheBytes = static_cast<std::size_t>(ParseWholeNumber("--cache", raw.cache, 0, 1 << 20)) << 20u;
     options.lenient = raw.lenient;
     options.plugin = raw.plugin;
     return options;
@@ -92,22 +76,9 @@ std::optional<ServeOptions> ParseServeOptions(int argc, const char* const* argv,
                  "txmap serve");
     RawOptions raw;
     Declare(app, raw);
-    try
-    {
-        app.parse(argc, argv);
-    }
-    catch (const CLI::CallForHelp&)
-    {
-        out << app.help();
+    if (!ReadCommandLine(app, argc, argv, out,
+                         {"--port", "--bind", "--workers", "--queue", "--timeout", "--cache", "--plugin"}))
         return std::nullopt;
-    }
-    catch (const CLI::ParseError& error)
-    {
-        throw Failure(ExitCode::Usage, error.what());
-    }
-    for (const char* const option : {"--port", "--bind", "--workers", "--queue", "--timeout", "--cache", "--plugin"})
-        if (app.count(option) > 0 && app.get_option(option)->as<std::string>().empty())
-            Refuse(option, "''", "must not be empty");
     return Interpret(raw);
 }
 

@@ -9,6 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <txmap/cli/CommandLine.h>
 #include <txmap/cli/MessageLine.h>
 #include <txmap/cli/OptionValues.h>
 #include <txmap/cli/ParseView.h>
@@ -63,15 +64,6 @@ void Declare(CLI::App& app, RawOptions& raw)
     app.add_flag("--lenient", raw.lenient, "Draw what can be drawn, with a warning for each problem");
     app.add_option("--plugin", raw.plugin, "The drawing plugin, by path or by name (default txpluginqt)")
         ->type_name("PATH|NAME");
-}
-
-int WholeNumber(const char* option, const std::string& text, int least, int greatest)
-{
-    const std::vector<int> numbers = NumbersIn<int>(text, ',');
-    if (numbers.size() != 1 || numbers[0] < least || numbers[0] > greatest)
-        Refuse(option, text,
-               "must be a whole number from " + std::to_string(least) + " to " + std::to_string(greatest));
-    return numbers[0];
 }
 
 void ParseZooms(const std::string& text, TileWish& wish)
@@ -130,7 +122,7 @@ TilesOptions Interpret(const RawOptions& raw)
     options.look.style = raw.style;
     options.look.lenient = raw.lenient;
     options.look.plugin = raw.plugin;
-    options.look.tileSize = WholeNumber("--tile-size", raw.tileSize, 256, 512);
+    options.look.tileSize = ParseWholeNumber("--tile-size", raw.tileSize, 256, 512);
     if (options.look.tileSize != 256 && options.look.tileSize != 512)
         Refuse("--tile-size", raw.tileSize, "must be 512 or 256");
     const std::vector<double> scale = NumbersIn<double>(raw.scale, ',');
@@ -140,7 +132,7 @@ TilesOptions Interpret(const RawOptions& raw)
     const double side = options.look.tileSize * scale[0];
     if (side != std::floor(side))
         Refuse("--scale", raw.scale, "a tile would be " + NumberText(side) + " pixels wide");
-    options.wish.metatile = WholeNumber("--metatile", raw.metatile, 1, 64);
+    options.wish.metatile = ParseWholeNumber("--metatile", raw.metatile, 1, 64);
     if (options.wish.metatile * side > kLongestBlock)
         Refuse("--metatile", raw.metatile, "would be more than " + NumberText(kLongestBlock) + " pixels wide");
     ParseZooms(raw.zoom, options.wish);
@@ -150,29 +142,10 @@ TilesOptions Interpret(const RawOptions& raw)
     options.format = ParseFormat(raw.format);
     options.output = raw.output;
     options.jobs = raw.jobs.empty() ? std::max(1, static_cast<int>(std::thread::hardware_concurrency()))
-                                    : WholeNumber("--jobs", raw.jobs, 1, kMostJobs);
+                                    : ParseWholeNumber("--jobs", raw.jobs, 1, kMostJobs);
     options.resume = raw.resume;
     options.quiet = raw.quiet;
     return options;
-}
-
-/// Reads a command line; false if help was asked for and shown.
-bool Parse(CLI::App& app, int argc, const char* const* argv, std::ostream& out)
-{
-    try
-    {
-        app.parse(argc, argv);
-        return true;
-    }
-    catch (const CLI::CallForHelp&)
-    {
-        out << app.help();
-        return false;
-    }
-    catch (const CLI::ParseError& error)
-    {
-        throw Failure(ExitCode::Usage, error.what());
-    }
 }
 
 void Warn(const std::string& warning) { PrintMessage("warning: " + warning); }
@@ -184,7 +157,7 @@ void RunTilesCommand(int argc, const char* const* argv, std::ostream& out)
     CLI::App app("Makes web tiles of a style in worker processes.", "txmap tiles");
     RawOptions raw;
     Declare(app, raw);
-    if (!Parse(app, argc, argv, out))
+    if (!ReadCommandLine(app, argc, argv, out))
         return;
     if (raw.output.empty())
         Refuse("--output", "''", "must not be empty");
@@ -198,7 +171,7 @@ void RunMergeCommand(int argc, const char* const* argv, std::ostream& out)
     std::string output;
     app.add_option("part", parts, "The databases")->required()->type_name("PART.mbtiles");
     app.add_option("-o,--output", output, "The database to write")->required()->type_name("FILE.mbtiles");
-    if (!Parse(app, argc, argv, out))
+    if (!ReadCommandLine(app, argc, argv, out))
         return;
     if (!IsTileDatabase(output))
         Refuse("--output", output, "must end with .mbtiles");

@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <txmap/cli/CommandLine.h>
 #include <txmap/sources/SourcePath.h>
 #include <txmap/style/document/MapStyle.h>
 #include <txmap/support/Failure.h>
@@ -25,19 +26,8 @@ void RunValidateCommand(int argc, const char* const* argv, std::ostream& out)
     bool lenient = false;
     app.add_option("style", file, "The style, a JSON file")->required()->type_name("STYLE.json");
     app.add_flag("--lenient", lenient, "What is right, but not drawn by txmap, is no fault");
-    try
-    {
-        app.parse(argc, argv);
-    }
-    catch (const CLI::CallForHelp&)
-    {
-        out << app.help();
+    if (!ReadCommandLine(app, argc, argv, out))
         return;
-    }
-    catch (const CLI::ParseError& error)
-    {
-        throw Failure(ExitCode::Usage, error.what());
-    }
     const StyleReading reading = ReadStyle(ReadSourceFile(file, kLargestStyle));
     std::size_t faults = 0;
     for (const StyleProblem& problem : reading.problems)
