@@ -43,6 +43,7 @@ const PROPERTIES = [
     ['icon-rotation-alignment', ARROWS, ['map', 'viewport']],
     ['icon-size', ICON, [0.5, 1.7, 3, byKind(1, 2, 0.7), { $: 1, scale: 2 }]],
     ['icon-text-fit', PLATE, ['none', 'width', 'height', 'both', { $: 'both', 'icon-image': 'checks' }, { $: 'both', scale: 2 }]],
+    ['icon-text-fit', { ...PLATE, 'text-field': '東京都', 'text-writing-mode': ['vertical'] }, ['both']],
     ['icon-text-fit-padding', PLATE, [[2, 4, 6, 8]]],
     ['icon-image', ICON, ['pin', byKind('pin', 'spots', 'checks'), 'nothing', ['coalesce', ['image', 'nothing'], ['image', 'spots']], { $: 'pin', scale: 2 }, { $: 'pin', zoom: 2.3 }]],
     ['icon-rotate', ICON, [30, { $: byKind(0, 90, -45), 'icon-size': 2 }]],

@@ -69,18 +69,18 @@ public:
         candidate.hasText = content.lineText || !content.places.empty();
         candidate.hasIcon = content.icon.has_value();
         candidate.followsLine = content.lineText != nullptr;
-        candidate.movesIcon = content.iconMovesWithText && !content.places.empty();
+        candidate.movesIcon = (content.iconMovesWithText || content.columnIcon) && !content.places.empty();
         candidate.firstChoice = static_cast<std::uint32_t>(layout.candidates.choices.size());
         candidate.firstCircle = static_cast<std::uint32_t>(layout.candidates.circles.size());
         if (candidate.followsLine)
             AddCircles(instance);
         else
-            AddChoices(instance);
+            AddChoices(instance, candidate.hasIcon && candidate.movesIcon);
         candidate.choices = static_cast<std::uint32_t>(layout.candidates.choices.size()) - candidate.firstChoice;
         candidate.circles = static_cast<std::uint32_t>(layout.candidates.circles.size()) - candidate.firstCircle;
         if (candidate.hasIcon)
         {
-            candidate.icon = IconBox(instance);
+            candidate.icon = IconBox(instance, *content.icon, {});
             if (layout.properties.avoidsEdges && TileEdges(view, instance).Cross(candidate.icon))
                 candidate.hasIcon = candidate.hasText = false;
         }
@@ -107,29 +107,32 @@ private:
         }
     }
 
-    void AddChoices(const SymbolInstance& instance)
+    void AddChoices(const SymbolInstance& instance, bool movesIcon)
     {
+        const SymbolContent& content = *instance.content;
         const double angle = TextAngle(layout.properties, instance, view);
         const TXPoint anchor(instance.pixel.x + layout.textMove.x, instance.pixel.y + layout.textMove.y);
         const TileEdges edges(view, instance);
-        for (const TextPlace& place : instance.content->places)
+        for (const TextPlace& place : content.places)
         {
             TXRect box = Moved(TurnedBox(place.box, angle), anchor);
             // A place that is left out stays in the list, so that its number is that of the text.
             if (layout.properties.avoidsEdges && edges.Cross(box))
                 box = {0.0, -1.0, 0.0, -1.0};
-            layout.candidates.choices.push_back({box, instance.content->iconMovesWithText ? place.centre : TXPoint()});
+            TextChoice choice{box, {}};
+            if (movesIcon)
+                choice.icon = IconBox(instance, content.IconFor(place), content.IconMove(place));
+            layout.candidates.choices.push_back(choice);
         }
     }
 
-    TXRect IconBox(const SymbolInstance& instance) const
+    TXRect IconBox(const SymbolInstance& instance, const IconShape& icon, const TXPoint& move) const
     {
-        const SymbolContent& content = *instance.content;
-        TXRect box = content.icon->Box();
-        const auto padding = [&](std::size_t side) { return content.iconPadding[side] * view.Scale(); };
+        TXRect box = icon.Box();
+        const auto padding = [&](std::size_t side) { return instance.content->iconPadding[side] * view.Scale(); };
         box = {box.left - padding(3), box.right + padding(1), box.top - padding(0), box.bottom + padding(2)};
         return Moved(TurnedBox(box, IconAngle(layout.properties, instance, view)),
-                     {instance.pixel.x + layout.iconMove.x, instance.pixel.y + layout.iconMove.y});
+                     {instance.pixel.x + layout.iconMove.x + move.x, instance.pixel.y + layout.iconMove.y + move.y});
     }
 
     const MapView& view;

@@ -212,6 +212,7 @@ void SymbolContents::AddPlaces(const EvaluationContext& context, const std::vect
     for (const WritingMode mode : modes)
     {
         style.mode = mode;
+        const std::size_t first = content.places.size();
         if (isOne)
         {
             const double radius = properties.textRadialOffset.At(context);
@@ -225,6 +226,8 @@ void SymbolContents::AddPlaces(const EvaluationContext& context, const std::vect
             style.justify = JustifyFor(justify, entry.anchor);
             AddPlace(BlockOf(sections, style), entry.anchor, {entry.offset[0], entry.offset[1]}, false, content);
         }
+        for (std::size_t i = first; i < content.places.size(); ++i)
+            content.places[i].isColumn = mode == WritingMode::Vertical;
     }
     content.iconMovesWithText = !isOne;
 }
@@ -243,7 +246,37 @@ void SymbolContents::AddPlace(const TextBlock& block, const std::string& anchor,
     const double halfWidth = block.width / 2.0 + padding;
     const double halfHeight = block.height / 2.0 + padding;
     content.places.push_back(
-        {&block, centre, {centre.x - halfWidth, centre.x + halfWidth, centre.y - halfHeight, centre.y + halfHeight}});
+        {&block,
+         centre,
+         {centre.x - halfWidth, centre.x + halfWidth, centre.y - halfHeight, centre.y + halfHeight},
+         false});
+}
+
+void SymbolContents::FitIcons(const SpritePicture& picture, double size, const EvaluationContext& context,
+                              SymbolContent& content) const
+{
+    IconTextFit fit;
+    fit.width = properties.iconFitsWidth;
+    fit.height = properties.iconFitsHeight;
+    fit.padding = properties.iconFitPadding;
+    fit.offset = properties.iconOffset.At(context);
+    fit.scale = scale;
+    for (const TextPlace& place : content.places)
+    {
+        std::optional<IconShape>& icon = place.isColumn ? content.columnIcon : content.icon;
+        if (icon)
+            continue;
+        const double x = content.iconMovesWithText ? 0.0 : place.centre.x;
+        const double y = content.iconMovesWithText ? 0.0 : place.centre.y;
+        fit.text = {x - place.block->width / 2.0, x + place.block->width / 2.0, y - place.block->height / 2.0,
+                    y + place.block->height / 2.0};
+        icon = FitIcon(picture, fit);
+        for (std::vector<IconStop>* const stops : {&icon->across, &icon->down})
+            for (IconStop& stop : *stops)
+                stop.place *= size;
+    }
+    if (!content.icon)
+        content.icon = content.columnIcon;
 }
 
 void SymbolContents::AddIcon(const EvaluationContext& context, SymbolContent& content) const
@@ -264,21 +297,7 @@ void SymbolContents::AddIcon(const EvaluationContext& context, SymbolContent& co
     content.iconTurnsWithMap = properties.stand == SymbolStand::Point && alignment == "map";
     if (picture && properties.FitsIconToText() && !content.places.empty())
     {
-        const TextPlace& place = content.places.front();
-        const double x = content.iconMovesWithText ? 0.0 : place.centre.x;
-        const double y = content.iconMovesWithText ? 0.0 : place.centre.y;
-        IconTextFit fit;
-        fit.text = {x - place.block->width / 2.0, x + place.block->width / 2.0, y - place.block->height / 2.0,
-                    y + place.block->height / 2.0};
-        fit.width = properties.iconFitsWidth;
-        fit.height = properties.iconFitsHeight;
-        fit.padding = properties.iconFitPadding;
-        fit.offset = properties.iconOffset.At(context);
-        fit.scale = scale;
-        content.icon = FitIcon(*picture, fit);
-        for (std::vector<IconStop>* const stops : {&content.icon->across, &content.icon->down})
-            for (IconStop& stop : *stops)
-                stop.place *= size;
+        FitIcons(*picture, size, context, content);
         return;
     }
     content.iconMovesWithText = false;

@@ -24,6 +24,7 @@ struct TextPlace
     const TextBlock* block = nullptr;
     TZObjects::TXPoint centre; ///< Of the block, in pixels from the anchor.
     TZObjects::TXRect box;     ///< With padding, in pixels from the anchor.
+    bool isColumn = false;     ///< Whether the text goes down rather than across.
 };
 
 /// What a symbol looks like, for all anchors of a feature. Sizes are in pixels of the map.
@@ -40,12 +41,24 @@ struct SymbolContent
     double anchorSize = 0.0;              ///< The size of the text for that.
 
     std::optional<IconShape> icon;
-    double iconScale = 1.0; ///< Pixels of the map for each logical one of the icon.
+    std::optional<IconShape> columnIcon; ///< The same around a text that goes down.
+    double iconScale = 1.0;              ///< Pixels of the map for each logical one of the icon.
     double iconRotate = 0.0;
     bool iconFollowsLine = false;        ///< Whether it turns with the line.
     bool iconTurnsWithMap = false;       ///< Whether it turns with the map.
     bool iconMovesWithText = false;      ///< From the middle of the text in one place to that in another.
     std::array<double, 4> iconPadding{}; ///< Top, right, bottom, left.
+
+    /// The icon beside, or around, the text in one of its places. There must be one.
+    const IconShape& IconFor(const TextPlace& place) const
+    {
+        return place.isColumn && columnIcon ? *columnIcon : *icon;
+    }
+    /// By how much it moves with the text, in pixels.
+    TZObjects::TXPoint IconMove(const TextPlace& place) const
+    {
+        return iconMovesWithText ? place.centre : TZObjects::TXPoint();
+    }
 };
 
 /// Makes the content of symbols. Texts that are the same are laid out once.
@@ -66,6 +79,8 @@ private:
     void AddPlaces(const EvaluationContext& context, const std::vector<TextSection>& sections, TextStyle style,
                    SymbolContent& content);
     void AddPlace(const TextBlock& block, const std::string& anchor, const TZObjects::TXPoint& offset, bool isOne,
+                  SymbolContent& content) const;
+    void FitIcons(const SpritePicture& picture, double size, const EvaluationContext& context,
                   SymbolContent& content) const;
     void AddIcon(const EvaluationContext& context, SymbolContent& content) const;
     VariableAnchorOffsets VariableAnchors(const EvaluationContext& context) const;

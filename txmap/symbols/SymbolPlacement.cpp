@@ -6,16 +6,10 @@
 namespace txmap
 {
 
-using TZObjects::TXPoint;
 using TZObjects::TXRect;
 
 namespace
 {
-
-TXRect Moved(const TXRect& box, const TXPoint& by)
-{
-    return {box.left + by.x, box.right + by.x, box.top + by.y, box.bottom + by.y};
-}
 
 class LayerPlacement
 {
@@ -28,8 +22,7 @@ public:
         const std::optional<std::uint32_t> choice = ChooseBox(symbol);
         verdict.choice = choice.value_or(0);
         bool text = symbol.hasText && (symbol.followsLine ? FitsOnLine(symbol) : choice.has_value());
-        const TXRect icon =
-            symbol.movesIcon && choice ? Moved(symbol.icon, Choice(symbol, *choice).iconMove) : symbol.icon;
+        const TXRect icon = symbol.movesIcon && choice ? Choice(symbol, *choice).icon : symbol.icon;
         bool shownIcon = symbol.hasIcon && index.IsFree(icon, layer.icon.overlap);
 
         // Of text and icon, none is shown without the other unless that one is optional or absent.
@@ -86,8 +79,7 @@ private:
         // An icon around the text that must not overlap moves with it, and needs room there.
         const bool needsIcon =
             symbol.movesIcon && symbol.hasIcon && symbol.choices > 1 && layer.icon.overlap == Overlap::Never;
-        return index.IsFree(choice.box, overlap) &&
-               (!needsIcon || index.IsFree(Moved(symbol.icon, choice.iconMove), overlap));
+        return index.IsFree(choice.box, overlap) && (!needsIcon || index.IsFree(choice.icon, overlap));
     }
 
     /// The first place that is free; if the text may overlap, the first on which it may then lie.
@@ -158,7 +150,7 @@ TXRect ExtentOf(const LayerCandidates& layer, const SymbolCandidate& symbol)
         const TextChoice& choice = layer.choices[symbol.firstChoice + i];
         add(choice.box);
         if (symbol.hasIcon && symbol.movesIcon)
-            add(Moved(symbol.icon, choice.iconMove));
+            add(choice.icon);
     }
     for (std::uint32_t i = 0; i < symbol.circles; ++i)
     {

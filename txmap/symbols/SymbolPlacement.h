@@ -22,19 +22,19 @@ struct SymbolCandidate
     bool hasText = false; ///< Whether there is anything to draw.
     bool hasIcon = false;
     bool followsLine = false;      ///< Whether the text takes circles instead of boxes.
-    bool movesIcon = false;        ///< Whether the icon moves with the text, around which it lies.
+    bool movesIcon = false;        ///< Whether the icon's place depends on that of the text, around which it lies.
     std::uint32_t firstChoice = 0; ///< In `LayerCandidates::choices`.
     std::uint32_t choices = 0;     ///< Where there are several, the text may stand at other sides of its point.
     std::uint32_t firstCircle = 0; ///< In `LayerCandidates::circles`.
     std::uint32_t circles = 0;     ///< None for a text that does not fit on its line.
-    TZObjects::TXRect icon;        ///< The box of the icon, with padding.
+    TZObjects::TXRect icon;        ///< The box of the icon, with padding, if the text is not shown.
 };
 
 /// A place for the text of a symbol.
 struct TextChoice
 {
-    TZObjects::TXRect box;       ///< With padding.
-    TZObjects::TXPoint iconMove; ///< How far an icon around the text moves.
+    TZObjects::TXRect box;  ///< With padding.
+    TZObjects::TXRect icon; ///< The same of an icon whose place depends on that of the text.
 };
 
 /// The symbols of a layer, first come first served.

@@ -178,6 +178,28 @@ TEST_F(IconPicture, PlatesStretchAroundTheirText)
     EXPECT_EQ(At(plate, 100, 80), 0u);
 }
 
+TEST_F(IconPicture, PlatesGoDownWithAColumn)
+{
+    const auto plate = [&](const std::string& modes, const std::string& more = {})
+    {
+        return Icon(R"("icon-image": "plate", "icon-text-fit": "both", "text-field": "東京都駅前", "text-size": 20,
+             "text-font": ["DejaVu Sans"], "text-max-width": 20, "icon-text-fit-padding": [3, 3, 3, 3],
+             "text-writing-mode": )" +
+                    modes + more);
+    };
+    const std::vector<unsigned> down = plate(R"(["vertical"])");
+    const std::vector<unsigned> across = plate(R"(["horizontal"])");
+    const unsigned red = 0xffff0000u;
+    EXPECT_EQ(At(across, 100 - 50, 100 - 8), red);
+    EXPECT_EQ(At(across, 100 - 8, 100 - 50), 0u);
+    EXPECT_EQ(At(down, 100 - 8, 100 - 50), red);
+    EXPECT_EQ(At(down, 100 - 50, 100 - 8), 0u);
+    EXPECT_EQ(Differing(plate(R"(["vertical", "horizontal"])"), down), 0u);
+    EXPECT_EQ(Differing(plate(R"(["horizontal", "vertical"])"), across), 0u);
+    const std::string sides = R"(, "text-variable-anchor": ["center"])";
+    EXPECT_EQ(Differing(plate(R"(["vertical"])", sides), down), 0u);
+}
+
 TEST_F(IconPicture, AlongALineTheyTurnWithIt)
 {
     const std::string line = Geometry("LineString", {{{128, 20}, {128, 230}}});

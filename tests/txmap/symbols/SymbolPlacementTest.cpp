@@ -188,7 +188,7 @@ TEST(SymbolPlacement, AnIconAroundTheTextMovesWithIt)
     TestLayer layer;
     layer.AddIcon(100.0, 80.0);
     SymbolCandidate& symbol =
-        layer.Add({{At(100.0, 60.0), {0.0, -20.0}}, {At(100.0, 120.0), {0.0, 20.0}}}, true, {100.0, 100.0});
+        layer.Add({{At(100.0, 60.0), At(100.0, 80.0)}, {At(100.0, 120.0), At(100.0, 120.0)}}, true, {100.0, 100.0});
     symbol.movesIcon = true;
     layer.AddIcon(100.0, 120.0);
     CollisionIndex index(kArea);

@@ -134,18 +134,21 @@ private:
     void DrawIcon(const SymbolInstance& instance, const SymbolVerdict& verdict)
     {
         const SymbolContent& content = *instance.content;
+        const TextPlace* const place =
+            verdict.choice < content.places.size() ? &content.places[verdict.choice] : nullptr;
         TXPoint at = Sum(instance.pixel, layout.iconMove);
-        if (content.iconMovesWithText && verdict.choice < content.places.size())
-            at = Sum(at, content.places[verdict.choice].centre);
+        if (place)
+            at = Sum(at, content.IconMove(*place));
+        const IconShape& shape = place ? content.IconFor(*place) : *content.icon;
         scene.evaluating.Start();
-        const IconInk ink = InkOfIcon(content.icon->picture);
+        const IconInk ink = InkOfIcon(shape.picture);
         const double opacity = icon.opacity.At(context);
         scene.evaluating.Stop();
         const double angle = IconAngle(layout.properties, instance, scene.canvas.View());
-        if (content.icon->picture)
-            icons.Draw(*content.icon, at, angle, content.iconScale, ink, opacity);
+        if (shape.picture)
+            icons.Draw(shape, at, angle, content.iconScale, ink, opacity);
         else
-            DrawMark(*content.icon, at, angle, ink, opacity);
+            DrawMark(shape, at, angle, ink, opacity);
     }
 
     /// A character of a font, in the middle of an icon's place.
