@@ -175,9 +175,12 @@ PixelLine SubLine(const TXPoint* points, std::size_t count, double from, double 
 void AppendDashes(const TXPoint* points, std::size_t count, const std::vector<double>& pattern, double phase,
                   Parts& result)
 {
-    double period = 0.0;
-    for (const double length : pattern)
-        period += length;
+    double period = 0.0, gaps = 0.0;
+    for (std::size_t i = 0; i < pattern.size(); ++i)
+    {
+        period += pattern[i];
+        gaps += i % 2 == 1 ? pattern[i] : 0.0;
+    }
     const auto append = [&](const PixelLine& line)
     {
         if (line.size() < 2)
@@ -185,7 +188,7 @@ void AppendDashes(const TXPoint* points, std::size_t count, const std::vector<do
         result.points.insert(result.points.end(), line.begin(), line.end());
         result.counts.push_back(static_cast<int>(line.size()));
     };
-    if (!(period > kFinestPattern) || !std::isfinite(period))
+    if (!(period > kFinestPattern) || !std::isfinite(period) || gaps <= 0.0)
         return append(PixelLine(points, points + count));
     // Where the line begins in the pattern.
     std::size_t index = 0;
@@ -208,15 +211,19 @@ void AppendDashes(const TXPoint* points, std::size_t count, const std::vector<do
         double done = 0.0;
         while (length > 0.0 && done + left <= length)
         {
-            if (isDash())
+            const bool wasDash = isDash();
+            if (wasDash && dash.empty())
+                dash.push_back(Along(points[i - 1], points[i], done / length));
+            done += left;
+            // A gap without length parts nothing.
+            do
+                left = pattern[++index % pattern.size()];
+            while (!isDash() && left == 0.0);
+            if (wasDash && !isDash())
             {
-                if (dash.empty())
-                    dash.push_back(Along(points[i - 1], points[i], done / length));
-                dash.push_back(Along(points[i - 1], points[i], (done + left) / length));
+                dash.push_back(Along(points[i - 1], points[i], done / length));
                 end(true);
             }
-            done += left;
-            left = pattern[++index % pattern.size()];
         }
         if (isDash() && length > 0.0)
         {

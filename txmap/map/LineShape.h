@@ -36,7 +36,8 @@ PixelLine SubLine(const TZObjects::TXPoint* points, std::size_t count, double fr
 
 /// Appends the dashes of a line as parts of their own.
 /// @param pattern the lengths of dash, gap, dash and so on, in pixels; with an odd number of them the last dash and
-/// the first one are one. A pattern too fine to be seen gives the whole line.
+/// the first one are one, as are those with a gap of 0 between. A pattern without gaps, or too fine to be seen, gives
+/// the whole line.
 /// @param phase how far into the pattern the line begins.
 void AppendDashes(const TZObjects::TXPoint* points, std::size_t count, const std::vector<double>& pattern, double phase,
                   Parts& result);

@@ -43,6 +43,15 @@ TEST(LineShape, DashesGoOnFromThePhase)
 
 TEST(LineShape, DashesWithoutLengthAreDots) { EXPECT_EQ(Dashes(5.0, {0.0, 4.0}), (Spans{{0.0, 0.0}, {4.0, 4.0}})); }
 
+TEST(LineShape, GapsWithoutLengthPartNothing)
+{
+    EXPECT_EQ(Dashes(10.0, {2.0, 0.0, 1.0, 2.0}), (Spans{{0.0, 3.0}, {5.0, 8.0}}));
+    EXPECT_EQ(Dashes(10.0, {1.0, 2.0, 2.0}), (Spans{{0.0, 1.0}, {3.0, 6.0}, {8.0, 10.0}}));
+    EXPECT_EQ(Dashes(10.0, {2.0, 0.0, 1.0, 2.0}, 2.0), (Spans{{0.0, 1.0}, {3.0, 6.0}, {8.0, 10.0}}));
+    EXPECT_EQ(Dashes(10.0, {1.0, 0.0}), (Spans{{0.0, 10.0}}));
+    EXPECT_EQ(Dashes(10.0, {3.0}), (Spans{{0.0, 10.0}}));
+}
+
 TEST(LineShape, PatternsTooFineToBeSeenGiveTheLine)
 {
     EXPECT_EQ(Dashes(5.0, {0.0, 0.0}), (Spans{{0.0, 5.0}}));
