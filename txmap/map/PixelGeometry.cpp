@@ -28,6 +28,13 @@ TXRect Common(const TXRect& a, const TXRect& b)
     return {std::max(a.left, b.left), std::min(a.right, b.right), std::max(a.top, b.top), std::min(a.bottom, b.bottom)};
 }
 
+double OnGrid(double value)
+{
+    constexpr double kSteps = 64.0;
+    const double rounded = std::round(value * kSteps) / kSteps;
+    return rounded - std::floor(rounded) == 0.5 ? rounded + 1.0 / kSteps : rounded;
+}
+
 std::uint64_t SpotOf(const TXPoint& point, double size)
 {
     const auto number = [&](double place)

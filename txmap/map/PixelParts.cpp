@@ -17,8 +17,6 @@ using TZObjects::TXRect;
 namespace
 {
 
-// Surfaces round to this part of a pixel.
-constexpr double kSteps = 64.0;
 // The lines of a grid are so many pixels apart: a multiple of all sides of tiles would be more than surfaces take.
 constexpr double kGrid = 1024.0;
 // So many pixels outside of what is seen, lines go on where nobody sees them.
@@ -32,8 +30,6 @@ bool Close(const TXPoint& a, const TXPoint& b, double distance)
 {
     return std::abs(a.x - b.x) < distance && std::abs(a.y - b.y) < distance;
 }
-
-double Rounded(double value) { return std::round(value * kSteps) / kSteps; }
 
 bool MayTouch(const TXPoint& a, const TXPoint& b, const TXRect& box)
 {
@@ -162,7 +158,7 @@ void PixelParts::Snap(bool splits)
     }
     pixels.clear();
     for (const TXPoint& point : snapped)
-        pixels.emplace_back(Rounded(point.x) - origin->x, Rounded(point.y) - origin->y);
+        pixels.emplace_back(OnGrid(point.x) - origin->x, OnGrid(point.y) - origin->y);
 }
 
 void PixelParts::Reduce(const TXPoint* points, std::size_t count)
@@ -295,7 +291,7 @@ void PixelParts::AddPoint(const TXPoint& point)
     }
     TXPoint pixel = toPixels.Map(point);
     if (origin)
-        pixel = {Rounded(pixel.x) - origin->x, Rounded(pixel.y) - origin->y};
+        pixel = {OnGrid(pixel.x) - origin->x, OnGrid(pixel.y) - origin->y};
     const TXRect& picture = origin ? seen : pictureClipper.Box();
     if (pixel.x < picture.left || pixel.x > picture.right || pixel.y < picture.top || pixel.y > picture.bottom)
         return;

@@ -6,8 +6,8 @@ namespace txmap
 {
 
 TileView::TileView(const TileBlock& block, int tileSize, double scale)
-    : MapView(Projection::WebMercator(), {{static_cast<int>(std::lround(block.columns * tileSize * scale)),
-                                           static_cast<int>(std::lround(block.rows * tileSize * scale))},
+    : MapView(Projection::WebMercator(), {{static_cast<int>(std::lround(block.columns * tileSize * scale)) + 2 * kEdge,
+                                           static_cast<int>(std::lround(block.rows * tileSize * scale)) + 2 * kEdge},
                                           scale,
                                           block.z + std::log2(tileSize / kTileSize),
                                           0.0,
@@ -15,7 +15,7 @@ TileView::TileView(const TileBlock& block, int tileSize, double scale)
                                            (block.y + block.rows / 2.0) * std::exp2(-block.z)}})
 {
     const double side = std::round(tileSize * scale);
-    SetGridOrigin({block.x * side, block.y * side});
+    SetGridOrigin({block.x * side - kEdge, block.y * side - kEdge});
 }
 
 TileView TileView::World(double zoom)

@@ -15,10 +15,15 @@ struct TileBlock
     int rows = 1;
 };
 
-/// The view of a block of tiles in Web Mercator. Beside each other, the pictures of blocks make the picture of all.
+/// The view of a block of tiles in Web Mercator, with a few pixels around it. Beside each other and without these, the
+/// pictures of blocks make the picture of all.
 class TileView : public MapView
 {
 public:
+    /// So many pixels are around the block. Surfaces draw small shapes another way where they cross the side of a
+    /// picture.
+    static constexpr int kEdge = 4;
+
     /// @param tileSize logical pixels across a tile. @param scale pixels for each of these; their product is whole.
     TileView(const TileBlock& block, int tileSize, double scale);
 

@@ -175,12 +175,13 @@ TilePixels BlockPixels::Tile(int column, int row) const
     const auto height = static_cast<std::size_t>(size.height);
     tile.rgba.resize(width * height * 4);
     const auto* const bits = static_cast<const std::uint32_t*>(image->GetBits());
-    const std::size_t stride = width * static_cast<std::size_t>(columns);
+    const auto around = static_cast<std::size_t>(edge);
+    const std::size_t stride = width * static_cast<std::size_t>(columns) + 2 * around;
     std::uint8_t* out = tile.rgba.data();
     for (std::size_t y = 0; y < height; ++y)
     {
-        const std::uint32_t* in =
-            bits + (static_cast<std::size_t>(row) * height + y) * stride + static_cast<std::size_t>(column) * width;
+        const std::uint32_t* in = bits + (static_cast<std::size_t>(row) * height + y + around) * stride +
+                                  static_cast<std::size_t>(column) * width + around;
         for (std::size_t x = 0; x < width; ++x, ++in, out += 4)
         {
             const std::uint32_t pixel = *in;

@@ -31,9 +31,10 @@ struct TilePixels
 class BlockPixels
 {
 public:
-    /// @param image premultiplied pixels of 32 bits.
-    BlockPixels(const TZObjects::TXRefPtr<TZObjects::TXImage>& image, int columns, int rows, const PixelSize& size)
-        : image(image), columns(columns), rows(rows), size(size)
+    /// @param image premultiplied pixels of 32 bits. @param edge pixels around the block. @param size of a tile.
+    BlockPixels(const TZObjects::TXRefPtr<TZObjects::TXImage>& image, int columns, int rows, const PixelSize& size,
+                int edge = 0)
+        : image(image), columns(columns), rows(rows), size(size), edge(edge)
     {
     }
 
@@ -46,7 +47,8 @@ private:
     TZObjects::TXRefPtr<TZObjects::TXImage> image;
     int columns;
     int rows;
-    PixelSize size; ///< Of a tile.
+    PixelSize size;
+    int edge;
 };
 
 /// The file of a tile. The same pixels give the same bytes. @throw Failure with `ExitCode::Drawing`.

@@ -75,7 +75,7 @@ const MapStyle& TileRenderer::Style() const { return state->style; }
 BlockPixels TileRenderer::Draw(const TileBlock& block)
 {
     const TileView view(block, state->look.tileSize, state->look.scale);
-    return BlockPixels(state->Draw(view), block.columns, block.rows, {state->side, state->side});
+    return BlockPixels(state->Draw(view), block.columns, block.rows, {state->side, state->side}, TileView::kEdge);
 }
 
 TilePixels TileRenderer::DrawPicture(const MapView& view)

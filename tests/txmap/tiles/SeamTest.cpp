@@ -50,6 +50,21 @@ std::string Way(RandomSource& random, int count, double step, bool closes)
     return text.str() + "]";
 }
 
+/// A line within a pixel beside a corner of tiles of zoom 4 on the equator, of whole 64ths of a pixel.
+std::string Crumb(RandomSource& random)
+{
+    constexpr double kPixel = 360.0 / (16.0 * kTile);
+    const double corner = 22.5 * random.Int(1, 15) - 180.0;
+    const double x = random.Int(-512, 512), y = random.Int(-512, 512);
+    std::ostringstream text;
+    text.precision(12);
+    text << "[";
+    for (int i = 0, count = random.Int(2, 5); i < count; ++i)
+        text << (i ? "," : "") << "[" << corner + (x + random.Int(0, 32)) / 64.0 * kPixel << ","
+             << (y + random.Int(0, 32)) / 64.0 * kPixel << "]";
+    return text.str() + "]";
+}
+
 std::string Features(int count, const char* type, const std::function<std::string(int)>& coordinates)
 {
     std::string text = R"({"type":"geojson","data":{"type":"FeatureCollection","features":[)";
@@ -66,8 +81,9 @@ std::string StyleOf(const std::string& layers, unsigned seed)
     const std::string areas = Features(80, "Polygon", [&](int) { return "[" + Way(random, 9, 25.0, true) + "]"; });
     const std::string ways = Features(150, "LineString", [&](int) { return Way(random, 12, 6.0, false); });
     const std::string places = Features(1500, "Point", [&](int) { return Place(random); });
+    const std::string crumbs = Features(300, "LineString", [&](int) { return Crumb(random); });
     return R"({"version":8,"sources":{"areas":)" + areas + R"(,"ways":)" + ways + R"(,"places":)" + places +
-           R"(},"layers":[)" + layers + "]}";
+           R"(,"crumbs":)" + crumbs + R"(},"layers":[)" + layers + "]}";
 }
 
 struct Difference
@@ -162,6 +178,19 @@ TEST_F(Seam, LinesAreNearlyTheSamePixels)
         const Difference difference = Compare(renderer, {4, 0, 0, 16, 16}, 8);
         EXPECT_LE(static_cast<double>(difference.pixels), kPixels / 10000.0) << layer;
         EXPECT_LE(difference.most, 4) << layer << " at" << difference.where;
+    }
+}
+
+TEST_F(Seam, CrumbsAtCornersAreTheSamePixels)
+{
+    for (const char* const paint :
+         {R"("line-width":24)", R"("line-width":1.54)", R"("line-width":2,"line-dasharray":[1,1])"})
+    {
+        TileRenderer renderer = Renderer(R"({"id":"c","type":"line","source":"crumbs","paint":{)" + std::string(paint) +
+                                         R"(},"layout":{"line-join":"bevel"}})");
+        const Difference difference = Compare(renderer, {4, 0, 6, 16, 4}, 1);
+        EXPECT_LE(difference.pixels, 20u) << paint;
+        EXPECT_LE(difference.most, 2) << paint << " at" << difference.where;
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include <txgraphics/TXGraphics.h>
 #include <txmap/drawing/DrawingTools.h>
+#include <txmap/map/PixelGeometry.h>
 
 namespace txmap
 {
@@ -151,6 +152,7 @@ void LineStroker::AddDashes(const PixelLine& line, const LineLook& look, double 
         AppendSeenSegments(line.data(), line.size(), box, seen, &spans);
     else
         RectangleClipper(box).ClipLine(line.data(), line.size(), seen, &spans);
+    const std::size_t first = pieces.points.size();
     const TXPoint* points = seen.points.data();
     for (std::size_t i = 0; i < seen.counts.size(); ++i)
     {
@@ -158,6 +160,10 @@ void LineStroker::AddDashes(const PixelLine& line, const LineLook& look, double 
         AppendDashes(points, count, look.dashes, phase + spans[i].start, pieces);
         points += count;
     }
+    if (canvas.View().GridOrigin())
+        for (auto point = pieces.points.begin() + static_cast<std::ptrdiff_t>(first); point != pieces.points.end();
+             ++point)
+            *point = {OnGrid(point->x), OnGrid(point->y)};
 }
 
 void LineStroker::Use(const PenLook& look)
