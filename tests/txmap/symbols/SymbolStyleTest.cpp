@@ -121,6 +121,29 @@ TEST_F(SymbolStyle, TheUppermostLayerIsPlacedFirst)
     EXPECT_EQ(Differing(Styled(point, blue + ", " + red), Styled(point, red)), 0u);
 }
 
+TEST_F(SymbolStyle, TextsOfAllScriptsAreTheSameAlongAStraightLine)
+{
+    const std::string line =
+        R"({"type": "LineString", "coordinates": [)" + Place(10, 128) + "," + Place(246, 128) + "]}";
+    for (const char* const text : {"القاهرة الكبرى", "ירושלים העתיקה", "กรุงเทพมหานคร", "नई दिल्ली क्षेत्र",
+                                   "தமிழ்நாடு மாநிலம்", "北京市朝阳区", "Αθήνα Москва", "القاهرة Cairo 12", "東京 Tokyo"})
+    {
+        const std::vector<unsigned> straight = Named(text, "");
+        const std::vector<unsigned> along =
+            Styled(line, R"({"id": "t", "type": "symbol", "source": "s", "layout": {"symbol-placement": "line-center",
+                "text-font": ["DejaVu Sans"], "text-field": ")" +
+                             std::string(text) + "\"}}");
+        const auto [width, height] = ExtentOf(straight);
+        const auto [widthAlong, heightAlong] = ExtentOf(along);
+        EXPECT_GT(width, 60) << text;
+        EXPECT_NEAR(widthAlong, width, 0.06 * width) << text;
+        EXPECT_NEAR(heightAlong, height, 2) << text;
+        // What is not joined, or is joined another way, has other ink.
+        const auto ink = static_cast<double>(Drawn(straight));
+        EXPECT_NEAR(static_cast<double>(Drawn(along)), ink, 0.12 * ink) << text;
+    }
+}
+
 TEST_F(SymbolStyle, TextsStandInColumns)
 {
     const char* const text = "東京駅";
