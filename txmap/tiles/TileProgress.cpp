@@ -46,18 +46,21 @@ void TileProgress::Tell()
     last = now;
     const double seconds = std::chrono::duration<double>(now - start).count();
     const double rate = static_cast<double>(drawn) / seconds;
-    const std::string left = rate > 0.0 ? TimeText(static_cast<double>(total - done) / rate) + " left" : "";
-    const std::string counts = std::to_string(done) + " of " + std::to_string(total) + " tiles";
-    char speed[32];
-    std::snprintf(speed, sizeof speed, "%.1f/s", rate);
+    std::string text = std::to_string(done) + " of " + std::to_string(total) + " tiles";
+    if (rate > 0.0)
+    {
+        char speed[32];
+        std::snprintf(speed, sizeof speed, ", %.1f/s, ", rate);
+        text += speed + TimeText(static_cast<double>(total - done) / rate) + " left";
+    }
     if (!isTerminal)
     {
-        std::fprintf(stderr, "%s, %s, %s\n", counts.c_str(), speed, left.c_str());
+        std::fprintf(stderr, "%s\n", text.c_str());
         return;
     }
     const auto filled = static_cast<std::size_t>(static_cast<double>(done) / static_cast<double>(total) * kBarWidth);
     const std::string bar = std::string(filled, '#') + std::string(kBarWidth - filled, '.');
-    std::fprintf(stderr, "\r\033[K[%s] %s, %s, %s", bar.c_str(), counts.c_str(), speed, left.c_str());
+    std::fprintf(stderr, "\r\033[K[%s] %s", bar.c_str(), text.c_str());
 }
 
 void TileProgress::Clear() const

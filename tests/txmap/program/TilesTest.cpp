@@ -19,6 +19,7 @@
 #include <tests/txmap/support/TilesProgram.h>
 
 using ::testing::HasSubstr;
+using ::testing::MatchesRegex;
 
 namespace fs = std::filesystem;
 
@@ -85,6 +86,27 @@ TEST_F(TilesProgram, TheNumberOfWorkersAndTheSizeOfBlocksChangeNothing)
     ASSERT_EQ(Make(folder / "one", {"--jobs", "1", "--metatile", "8"}).exitCode, 0);
     ASSERT_EQ(Make(folder / "two", {"--jobs", "3", "--metatile", "1"}).exitCode, 0);
     EXPECT_EQ(FilesIn(folder / "one"), FilesIn(folder / "two"));
+}
+
+TEST_F(TilesProgram, ATerminalShowsABarWithRateAndTimeLeft)
+{
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_TRUE(terminal >= 0 && grantpt(terminal) == 0 && unlockpt(terminal) == 0);
+    const pid_t process =
+        Start(Command(folder / "tiles", {"--zoom", "0-5", "--metatile", "1", "--jobs", "1"}), ptsname(terminal));
+    std::string shown;
+    char bytes[4096];
+    // Reading fails when nobody can write any more.
+    for (ssize_t count; (count = read(terminal, bytes, sizeof bytes)) > 0;)
+        shown.append(bytes, static_cast<std::size_t>(count));
+    close(terminal);
+    int status = -1;
+    ASSERT_EQ(waitpid(process, &status, 0), process);
+    EXPECT_EQ(status, 0);
+    EXPECT_THAT(shown, MatchesRegex("(.|[\r\n])*\r\x1b\\[K\\[#*[.]*\\] [0-9]+ of 1365 tiles, [0-9.]+/s, [0-9:]+ left\r"
+                                    "(.|[\r\n])*\r\x1b\\[K1365 tiles drawn in [0-9:]+, 0 were there, 0 failed\r\n"));
+    const ProgramRun quiet = Make(folder / "quiet", {"--quiet"});
+    EXPECT_EQ(quiet.errors, "");
 }
 
 TEST_F(TilesProgram, ResumingLeavesAloneWhatIsThere)

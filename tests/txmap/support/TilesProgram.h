@@ -75,8 +75,8 @@ inline bool IsWholePng(const std::string& bytes)
     return bytes.size() > 16 && bytes.compare(0, 4, "\x89PNG") == 0 && bytes.substr(bytes.size() - 8) == end;
 }
 
-/// Starts a run whose process the caller ends.
-inline pid_t Start(std::vector<std::string> arguments)
+/// Starts a run whose process the caller ends. @param errors the file that takes its standard error.
+inline pid_t Start(std::vector<std::string> arguments, const char* errors = "/dev/null")
 {
     arguments.insert(arguments.begin(), TX_TEST_TXMAP);
     std::vector<char*> argv;
@@ -85,7 +85,7 @@ inline pid_t Start(std::vector<std::string> arguments)
     argv.push_back(nullptr);
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
-    posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&files, STDERR_FILENO, errors, O_WRONLY | O_NOCTTY, 0);
     pid_t process = -1;
     EXPECT_EQ(posix_spawn(&process, TX_TEST_TXMAP, &files, nullptr, argv.data(), environ), 0);
     posix_spawn_file_actions_destroy(&files);
