@@ -197,6 +197,19 @@ TEST(Serve, RefusesWhatIsMalformed)
     EXPECT_EQ(served.Middle(), (Pixel{255, 0, 0, 255}));
 }
 
+TEST(Serve, GivesUpARequestThatDoesNotEnd)
+{
+    const ServedFolder served;
+    HttpClient slow(served.server->Port());
+    slow.Send("GET /0/0/0.png HTTP/1.1\r\nHost: a\r\n");
+    // Others do not wait for it.
+    EXPECT_EQ(served.server->Get("/0/0/0.png").status, 200);
+    const HttpReply reply = slow.Receive();
+    EXPECT_EQ(reply.status, 408);
+    EXPECT_TRUE(slow.IsClosed());
+    EXPECT_EQ(served.server->Get("/health").status, 200);
+}
+
 TEST(Serve, SaysInOneLineWhyItCannotBegin)
 {
     const ServedFolder served;
