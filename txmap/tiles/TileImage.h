@@ -49,6 +49,9 @@ private:
     PixelSize size; ///< Of a tile.
 };
 
+/// Whether no pixel of a tile lets anything through.
+bool IsOpaque(const TilePixels& tile);
+
 /// The file of a tile. The same pixels give the same bytes. @throw Failure with `ExitCode::Drawing`.
 std::string Encode(const TilePixels& tile, TileFormat format);
 
