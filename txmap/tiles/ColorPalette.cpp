@@ -143,6 +143,7 @@ ColorPalette ColorPalette::Reduced(const TilePixels& tile)
     for (std::size_t pixel = 0; pixel < tile.rgba.size() / 4; ++pixel)
         ++counts[ColorAt(tile, pixel)];
     std::vector<CountedColor> colors;
+    colors.reserve(counts.size());
     for (const auto& [color, count] : counts)
         colors.push_back({color, count});
     std::sort(colors.begin(), colors.end(),
@@ -181,6 +182,7 @@ ColorPalette ColorPalette::Reduced(const TilePixels& tile)
             numbers.emplace(colors[i].color, static_cast<std::uint8_t>(palette.colors.size()));
         palette.colors.push_back(MeanOf(colors, box));
     }
+    palette.numbers.reserve(tile.rgba.size() / 4);
     for (std::size_t pixel = 0; pixel < tile.rgba.size() / 4; ++pixel)
         palette.numbers.push_back(numbers.at(ColorAt(tile, pixel)));
     return palette;
