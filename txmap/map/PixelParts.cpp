@@ -37,8 +37,15 @@ bool MayTouch(const TXPoint& a, const TXPoint& b, const TXRect& box)
            std::min(a.y, b.y) <= box.bottom;
 }
 
+/// On which sides of a box a point lies, or upon which: bits.
+unsigned SidesBeyond(const TXPoint& point, const TXRect& box)
+{
+    return (point.x <= box.left ? 1u : 0u) | (point.x >= box.right ? 2u : 0u) | (point.y <= box.top ? 4u : 0u) |
+           (point.y >= box.bottom ? 8u : 0u);
+}
+
 /// Appends a line as one piece if a part of it may be seen, because surfaces blend pieces with each other where they
-/// cross. What is not seen goes along the sides of a larger box.
+/// cross. What is not seen goes along the sides of a larger box, straight from the first to the last point at a side.
 void AppendSeenLine(const std::vector<TXPoint>& line, const TXRect& box, Parts& result)
 {
     std::size_t first = line.size(), last = 0;
@@ -50,17 +57,27 @@ void AppendSeenLine(const std::vector<TXPoint>& line, const TXRect& box, Parts& 
         }
     if (first >= last)
         return;
+    const TXRect far{box.left - kFar, box.right + kFar, box.top - kFar, box.bottom + kFar};
     const std::size_t before = result.points.size();
+    unsigned sides = 0;      // Of the point before,
+    unsigned sharedSide = 0; // and those that it shares with the one before that.
     for (std::size_t i = first; i <= last; ++i)
     {
         const bool isSeen =
             (i > first && MayTouch(line[i - 1], line[i], box)) || (i < last && MayTouch(line[i], line[i + 1], box));
         // On whichever side of the box a point is, it stays there.
-        const TXPoint point = isSeen ? line[i]
-                                     : TXPoint(std::clamp(line[i].x, box.left - kFar, box.right + kFar),
-                                               std::clamp(line[i].y, box.top - kFar, box.bottom + kFar));
-        if (result.points.size() == before || point.x != result.points.back().x || point.y != result.points.back().y)
+        const TXPoint point =
+            isSeen ? line[i]
+                   : TXPoint(std::clamp(line[i].x, far.left, far.right), std::clamp(line[i].y, far.top, far.bottom));
+        if (result.points.size() > before && point.x == result.points.back().x && point.y == result.points.back().y)
+            continue;
+        const unsigned beyond = isSeen ? 0 : SidesBeyond(point, far);
+        if ((sharedSide & beyond) != 0)
+            result.points.back() = point;
+        else
             result.points.push_back(point);
+        sharedSide = (sharedSide & beyond) != 0 ? sharedSide & beyond : sides & beyond;
+        sides = beyond;
     }
     result.counts.push_back(static_cast<int>(result.points.size() - before));
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <unordered_map>
 
 namespace txmap
 {
@@ -17,6 +18,34 @@ std::uint32_t ColorAt(const TilePixels& tile, std::size_t pixel)
     return rgba[0] | (static_cast<std::uint32_t>(rgba[1]) << 8) | (static_cast<std::uint32_t>(rgba[2]) << 16) |
            (static_cast<std::uint32_t>(rgba[3]) << 24);
 }
+
+/// Finds the places of colours in a palette. Its slots are several times as many as a palette has colours.
+class ColorTable
+{
+public:
+    /// The place of a colour, which is appended if it is not there; nothing if they are too many.
+    std::optional<std::uint8_t> NumberOf(std::uint32_t color, std::vector<std::uint32_t>& colors)
+    {
+        for (std::size_t slot = (color * 2654435761u) >> (32 - kBits);; slot = (slot + 1) % slots.size())
+        {
+            const std::uint16_t place = slots[slot];
+            if (place > 0 && colors[place - 1u] == color)
+                return static_cast<std::uint8_t>(place - 1u);
+            if (place > 0)
+                continue;
+            if (colors.size() == kMost)
+                return std::nullopt;
+            colors.push_back(color);
+            slots[slot] = static_cast<std::uint16_t>(colors.size());
+            return static_cast<std::uint8_t>(colors.size() - 1);
+        }
+    }
+
+private:
+    static constexpr unsigned kBits = 11;
+
+    std::array<std::uint16_t, std::size_t(1) << kBits> slots{}; ///< One more than the place; 0 for none.
+};
 
 struct CountedColor
 {
@@ -81,20 +110,29 @@ std::uint32_t MeanOf(const std::vector<CountedColor>& colors, const ColorBox& bo
 std::optional<ColorPalette> ColorPalette::Exact(const TilePixels& tile)
 {
     ColorPalette palette;
+    ColorTable table;
+    const std::size_t count = tile.rgba.size() / 4;
+    palette.numbers.resize(count);
+    // Most tiles of the world are of one colour: the same bytes as one pixel further on.
+    if (count > 0 && std::memcmp(tile.rgba.data(), tile.rgba.data() + 4, tile.rgba.size() - 4) == 0)
+    {
+        palette.colors = {ColorAt(tile, 0)};
+        return palette;
+    }
     std::uint32_t before = 0;
-    for (std::size_t pixel = 0; pixel < tile.rgba.size() / 4; ++pixel)
+    std::uint8_t number = 0;
+    for (std::size_t pixel = 0; pixel < count; ++pixel)
     {
         const std::uint32_t color = ColorAt(tile, pixel);
-        if ((pixel > 0 && color == before) || palette.numbers.count(color) > 0)
+        if (pixel == 0 || color != before)
         {
+            const std::optional<std::uint8_t> found = table.NumberOf(color, palette.colors);
+            if (!found)
+                return std::nullopt;
+            number = *found;
             before = color;
-            continue;
         }
-        if (palette.colors.size() == kMost)
-            return std::nullopt;
-        palette.numbers.emplace(color, static_cast<std::uint8_t>(palette.colors.size()));
-        palette.colors.push_back(color);
-        before = color;
+        palette.numbers[pixel] = number;
     }
     return palette;
 }
@@ -105,6 +143,7 @@ ColorPalette ColorPalette::Reduced(const TilePixels& tile)
     for (std::size_t pixel = 0; pixel < tile.rgba.size() / 4; ++pixel)
         ++counts[ColorAt(tile, pixel)];
     std::vector<CountedColor> colors;
+    colors.reserve(counts.size());
     for (const auto& [color, count] : counts)
         colors.push_back({color, count});
     std::sort(colors.begin(), colors.end(),
@@ -136,24 +175,17 @@ ColorPalette ColorPalette::Reduced(const TilePixels& tile)
         boxes.push_back(BoxOf(colors, cut, box.last));
     }
     ColorPalette palette;
+    std::unordered_map<std::uint32_t, std::uint8_t> numbers;
     for (const ColorBox& box : boxes)
     {
         for (std::size_t i = box.first; i < box.last; ++i)
-            palette.numbers.emplace(colors[i].color, static_cast<std::uint8_t>(palette.colors.size()));
+            numbers.emplace(colors[i].color, static_cast<std::uint8_t>(palette.colors.size()));
         palette.colors.push_back(MeanOf(colors, box));
     }
+    palette.numbers.reserve(tile.rgba.size() / 4);
+    for (std::size_t pixel = 0; pixel < tile.rgba.size() / 4; ++pixel)
+        palette.numbers.push_back(numbers.at(ColorAt(tile, pixel)));
     return palette;
-}
-
-std::vector<std::uint8_t> ColorPalette::IndicesOf(const TilePixels& tile) const
-{
-    std::vector<std::uint8_t> indices(tile.rgba.size() / 4);
-    for (std::size_t pixel = 0; pixel < indices.size(); ++pixel)
-    {
-        const std::uint32_t color = ColorAt(tile, pixel);
-        indices[pixel] = pixel > 0 && color == ColorAt(tile, pixel - 1) ? indices[pixel - 1] : numbers.at(color);
-    }
-    return indices;
 }
 
 int ColorPalette::Depth() const

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <unordered_map>
 #include <vector>
 
 #include <txmap/tiles/TileImage.h>
@@ -19,16 +18,11 @@ public:
     /// The colours that a tile is shown best with, by median cut.
     static ColorPalette Reduced(const TilePixels& tile);
 
-    /// The number in `colors` of each pixel.
-    std::vector<std::uint8_t> IndicesOf(const TilePixels& tile) const;
     /// The bits that a number takes in a file: 1, 2, 4 or 8.
     int Depth() const;
 
-    /// As 0xAABBGGRR.
-    std::vector<std::uint32_t> colors;
-
-private:
-    std::unordered_map<std::uint32_t, std::uint8_t> numbers; ///< Of the colours of the tile.
+    std::vector<std::uint32_t> colors; ///< As 0xAABBGGRR.
+    std::vector<std::uint8_t> numbers; ///< The place in `colors` of each pixel.
 };
 
 } // namespace txmap

@@ -1,16 +1,15 @@
 #include <txmap/tiles/TileImage.h>
 
 #include <gdal_priv.h>
-#include <png.h>
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 #include <memory>
-#include <unordered_map>
 
 #include <txmap/support/Failure.h>
 #include <txmap/tiles/ColorPalette.h>
+#include <txmap/tiles/PngFile.h>
 
 namespace txmap
 {
@@ -28,97 +27,12 @@ using Dataset = std::unique_ptr<GDALDataset, DatasetCloser>;
     throw Failure(ExitCode::Drawing, std::string("a tile cannot be written as ") + format);
 }
 
-struct PngWriter
-{
-    PngWriter() : png(png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr))
-    {
-        info = png ? png_create_info_struct(png) : nullptr;
-    }
-    ~PngWriter() { png_destroy_write_struct(&png, &info); }
-    PngWriter(const PngWriter&) = delete;
-    PngWriter& operator=(const PngWriter&) = delete;
-
-    png_structp png;
-    png_infop info;
-};
-
-void Append(png_structp png, png_bytep data, png_size_t size)
-{
-    static_cast<std::string*>(png_get_io_ptr(png))->append(reinterpret_cast<const char*>(data), size);
-}
-
-bool IsOpaque(const TilePixels& tile)
-{
-    for (std::size_t i = 3; i < tile.rgba.size(); i += 4)
-        if (tile.rgba[i] != 255)
-            return false;
-    return true;
-}
-
-/// Pixels without their alpha.
-std::vector<std::uint8_t> Rgb(const TilePixels& tile)
-{
-    std::vector<std::uint8_t> rgb;
-    rgb.reserve(tile.rgba.size() / 4 * 3);
-    for (std::size_t i = 0; i < tile.rgba.size(); i += 4)
-        rgb.insert(rgb.end(), tile.rgba.begin() + static_cast<std::ptrdiff_t>(i),
-                   tile.rgba.begin() + static_cast<std::ptrdiff_t>(i + 3));
-    return rgb;
-}
-
-std::string WritePng(const PixelSize& size, const std::uint8_t* rows, int channels, const ColorPalette* palette)
-{
-    std::string file;
-    PngWriter writer;
-    if (!writer.info || setjmp(png_jmpbuf(writer.png)))
-        Fail("PNG");
-    png_set_write_fn(writer.png, &file, Append, nullptr);
-    const int type = channels == 1 ? PNG_COLOR_TYPE_PALETTE : channels == 3 ? PNG_COLOR_TYPE_RGB : PNG_COLOR_TYPE_RGBA;
-    const int depth = palette ? palette->Depth() : 8;
-    png_set_IHDR(writer.png, writer.info, static_cast<png_uint_32>(size.width), static_cast<png_uint_32>(size.height),
-                 depth, type, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_BASE, PNG_FILTER_TYPE_BASE);
-    if (palette)
-    {
-        std::array<png_color, 256> colors{};
-        std::array<png_byte, 256> alphas{};
-        const auto count = static_cast<int>(palette->colors.size());
-        for (std::size_t i = 0; i < palette->colors.size(); ++i)
-        {
-            const std::uint32_t color = palette->colors[i];
-            colors[i] = {static_cast<png_byte>(color), static_cast<png_byte>(color >> 8),
-                         static_cast<png_byte>(color >> 16)};
-            alphas[i] = static_cast<png_byte>(color >> 24);
-        }
-        png_set_PLTE(writer.png, writer.info, colors.data(), count);
-        if (std::any_of(alphas.begin(), alphas.begin() + count, [](png_byte alpha) { return alpha != 255; }))
-            png_set_tRNS(writer.png, writer.info, alphas.data(), count, nullptr);
-    }
-    // Flat colours pack as well without filters as with them.
-    png_set_filter(writer.png, PNG_FILTER_TYPE_BASE, palette ? PNG_FILTER_NONE : PNG_FILTER_SUB);
-    png_set_compression_level(writer.png, palette ? 6 : 4);
-    png_write_info(writer.png, writer.info);
-    if (palette)
-        png_set_packing(writer.png);
-    for (int row = 0; row < size.height; ++row)
-        png_write_row(writer.png,
-                      rows + static_cast<std::size_t>(row) * static_cast<std::size_t>(size.width * channels));
-    png_write_end(writer.png, writer.info);
-    return file;
-}
-
 std::string EncodePng(const TilePixels& tile, bool reduces)
 {
     std::optional<ColorPalette> palette = ColorPalette::Exact(tile);
     if (!palette && reduces)
         palette = ColorPalette::Reduced(tile);
-    if (palette)
-    {
-        const std::vector<std::uint8_t> indices = palette->IndicesOf(tile);
-        return WritePng(tile.size, indices.data(), 1, &*palette);
-    }
-    if (IsOpaque(tile))
-        return WritePng(tile.size, Rgb(tile).data(), 3, nullptr);
-    return WritePng(tile.size, tile.rgba.data(), 4, nullptr);
+    return palette ? PalettePng(tile.size, *palette) : ColorPng(tile);
 }
 
 /// Through a driver of GDAL. @param channels 3 for colours alone.
@@ -165,6 +79,49 @@ TilePixels OnWhite(TilePixels tile)
     return tile;
 }
 
+/// Four bytes that follow each other.
+constexpr std::uint32_t InMemory(std::uint32_t first, std::uint32_t second, std::uint32_t third, std::uint32_t fourth)
+{
+#if __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
+    return first << 24 | second << 16 | third << 8 | fourth;
+#else
+    return first | second << 8 | third << 16 | fourth << 24;
+#endif
+}
+
+/// A row of premultiplied pixels, as red, green, blue and alpha that are not.
+void CopyRow(const std::uint32_t* in, std::size_t width, std::uint8_t* out)
+{
+    std::uint32_t all = ~0u;
+    for (std::size_t x = 0; x < width; ++x)
+        all &= in[x];
+    // Nearly all rows are opaque, and processors do several pixels of a simple loop at once.
+    if (all >> 24 == 255)
+    {
+        for (std::size_t x = 0; x < width; ++x)
+        {
+            const std::uint32_t swapped = InMemory((in[x] >> 16) & 255, (in[x] >> 8) & 255, in[x] & 255, 255);
+            std::memcpy(out + x * 4, &swapped, 4);
+        }
+        return;
+    }
+    for (std::size_t x = 0; x < width; ++x, out += 4)
+    {
+        const std::uint32_t pixel = in[x];
+        const std::uint32_t alpha = pixel >> 24;
+        const auto channel = [&](std::uint32_t value)
+        {
+            return static_cast<std::uint8_t>(alpha == 255 ? value
+                                             : alpha == 0 ? 0
+                                                          : std::min(255u, (value * 255 + alpha / 2) / alpha));
+        };
+        out[0] = channel((pixel >> 16) & 255);
+        out[1] = channel((pixel >> 8) & 255);
+        out[2] = channel(pixel & 255);
+        out[3] = static_cast<std::uint8_t>(alpha);
+    }
+}
+
 } // namespace
 
 TilePixels BlockPixels::Tile(int column, int row) const
@@ -178,27 +135,19 @@ TilePixels BlockPixels::Tile(int column, int row) const
     const auto around = static_cast<std::size_t>(edge);
     const std::size_t stride = width * static_cast<std::size_t>(columns) + 2 * around;
     std::uint8_t* out = tile.rgba.data();
-    for (std::size_t y = 0; y < height; ++y)
-    {
-        const std::uint32_t* in = bits + (static_cast<std::size_t>(row) * height + y + around) * stride +
-                                  static_cast<std::size_t>(column) * width + around;
-        for (std::size_t x = 0; x < width; ++x, ++in, out += 4)
-        {
-            const std::uint32_t pixel = *in;
-            const std::uint32_t alpha = pixel >> 24;
-            const auto channel = [&](std::uint32_t value)
-            {
-                return static_cast<std::uint8_t>(alpha == 255 ? value
-                                                 : alpha == 0 ? 0
-                                                              : std::min(255u, (value * 255 + alpha / 2) / alpha));
-            };
-            out[0] = channel((pixel >> 16) & 255);
-            out[1] = channel((pixel >> 8) & 255);
-            out[2] = channel(pixel & 255);
-            out[3] = static_cast<std::uint8_t>(alpha);
-        }
-    }
+    for (std::size_t y = 0; y < height; ++y, out += width * 4)
+        CopyRow(bits + (static_cast<std::size_t>(row) * height + y + around) * stride +
+                    static_cast<std::size_t>(column) * width + around,
+                width, out);
     return tile;
+}
+
+bool IsOpaque(const TilePixels& tile)
+{
+    std::uint32_t all = ~0u;
+    for (std::size_t pixel = 0; pixel < tile.rgba.size() / 4; ++pixel)
+        all &= tile.rgba[pixel * 4 + 3];
+    return (all & 255) == 255;
 }
 
 std::string Encode(const TilePixels& tile, TileFormat format)

@@ -51,6 +51,9 @@ private:
     int edge;
 };
 
+/// Whether no pixel of a tile lets anything through.
+bool IsOpaque(const TilePixels& tile);
+
 /// The file of a tile. The same pixels give the same bytes. @throw Failure with `ExitCode::Drawing`.
 std::string Encode(const TilePixels& tile, TileFormat format);
 

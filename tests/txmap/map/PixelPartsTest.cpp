@@ -1,4 +1,5 @@
 // Geometry of the map as pixels.
+#include <algorithm>
 #include <cmath>
 
 #include <gmock/gmock.h>
@@ -87,6 +88,32 @@ TEST(PixelParts, TellsWherePiecesLieOnTheLine)
     ASSERT_EQ(spans.size(), 1u);
     EXPECT_NEAR(spans[0].start, 0.3, 1e-12);
     EXPECT_NEAR(spans[0].end, 0.4, 1e-12);
+}
+
+TEST(PixelParts, GoesStraightAlongASideWhereNobodySeesALine)
+{
+    PixelParts parts(kThousand, kPicture);
+    parts.SnapToGrid({0.0, 0.0});
+    Points line{{0.5, 0.5}, {-1.0, 0.5}};
+    for (int i = 0; i < 1000; ++i)
+        line.push_back({-1.5 - i % 2 * 0.5, 0.5 + i * 1e-4});
+    line.insert(line.end(), {{-1.0, 0.6}, {0.5, 0.6}});
+    parts.AddLine(line.data(), line.size());
+    ASSERT_THAT(parts.Result().counts.size(), 1u);
+    const Points& points = parts.Result().points;
+    // Where it crosses lines of the grid, there are points as well.
+    EXPECT_LE(points.size(), 10u);
+    EXPECT_EQ(points.front().x, 500.0);
+    EXPECT_EQ(points.back().x, 500.0);
+    EXPECT_EQ(points.back().y, 600.0);
+    // The ends of the piece at the side.
+    const auto isAtSide = [](const TXPoint& point) { return point.x == kPicture.left - 256.0; };
+    const auto first = std::find_if(points.begin(), points.end(), isAtSide);
+    ASSERT_NE(first, points.end());
+    EXPECT_NEAR(first->y, 500.0, 0.2);
+    ASSERT_TRUE(isAtSide(first[1]));
+    EXPECT_NEAR(first[1].y, 599.9, 0.01);
+    EXPECT_FALSE(isAtSide(first[2]));
 }
 
 TEST(PixelParts, LeavesTheEdgesOfTheWorldOutOfOutlines)
