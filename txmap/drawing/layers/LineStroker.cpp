@@ -77,7 +77,8 @@ std::vector<PenLook> PensFor(const LineLook& look)
     // From half a pixel outside, the line gets denser inward over the blur and that pixel.
     const double outside = look.width / 2.0 + 0.5;
     const double ramp = look.blur + 1.0;
-    const int steps = std::clamp(static_cast<int>(std::ceil(ramp * 1.5)), 2, kMostBlurSteps);
+    // An edge is a ramp of a pixel, so that steps of a pixel make one even ramp.
+    const int steps = std::clamp(static_cast<int>(std::ceil(ramp)), 2, kMostBlurSteps);
     std::vector<PenLook> pens;
     double before = 0.0;
     for (int i = 0; i < steps; ++i)
