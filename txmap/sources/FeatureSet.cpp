@@ -1,5 +1,7 @@
 #include <txmap/sources/FeatureSet.h>
 
+#include <algorithm>
+
 namespace txmap
 {
 
@@ -14,6 +16,19 @@ const Value* FeatureSet::Property(const SetFeature& feature, const std::string& 
         if (tags[i].key == found->second)
             return &values[tags[i].value];
     return nullptr;
+}
+
+MercatorBox FeatureSet::BoundsOf(const SetFeature& feature) const
+{
+    MercatorBox box{1e300, 1e300, -1e300, -1e300};
+    ForEachPart(feature,
+                [&](const TXPoint* part, std::size_t count)
+                {
+                    for (const TXPoint* point = part; point != part + count; ++point)
+                        box = {std::min(box.left, point->x), std::min(box.top, point->y), std::max(box.right, point->x),
+                               std::max(box.bottom, point->y)};
+                });
+    return box;
 }
 
 LonLatGeometry FeatureSet::ToDegrees(const SetFeature& feature) const

@@ -59,6 +59,8 @@ public:
             point += count;
         }
     }
+    /// The box around all points of a feature.
+    MercatorBox BoundsOf(const SetFeature& feature) const;
     /// An attribute of a feature, or null where it has none of that name.
     const Value* Property(const SetFeature& feature, const std::string& name) const;
     /// The geometry in degrees.

@@ -73,6 +73,7 @@ void KeptSources::ReadFeatures(const StyleSource& source, const MapView& view, d
     if (read == readAt.end() || read->second != zoom)
     {
         made->Load(TileView::World(zoom), RequestFor(source, style, std::nullopt, view.Scale()), diagnostics);
+        made->IndexFeatures();
         readAt[source.name] = zoom;
     }
     made->ShowIn(view, request.margin);

@@ -43,7 +43,7 @@ void VectorTileSource::LoadTile(const CoveringTile& tile, const FeatureRequest& 
     }
     for (std::size_t i = 0; i < sets.size(); ++i)
         if (!sets[i]->IsEmpty())
-            layers[wanted[i].name].push_back({sets[i], tile.worlds, tile.id.Box(), tile.id.z});
+            layers[wanted[i].name].push_back({sets[i], tile.worlds, tile.id.Box(), tile.id.z, nullptr});
 }
 
 const std::vector<PlacedFeatures>& VectorTileSource::Features(const std::string& sourceLayer) const

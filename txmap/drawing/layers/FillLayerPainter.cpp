@@ -70,7 +70,7 @@ public:
         const AntialiasingOff aliased(scene.canvas.Surface(), !antialias.Constant());
         for (const PlacedFeatures& placed : scene.data.Features(scene.layer))
         {
-            const std::vector<PassedFeature> passing = PassingFeatures(scene, placed, "fill-sort-key");
+            const std::vector<PassedFeature> passing = PassingFeatures(scene, placed, "fill", kMargin + scene.Scale());
             for (const int world : placed.worlds)
                 DrawWorld(placed, passing, world);
         }

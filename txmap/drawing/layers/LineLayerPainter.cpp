@@ -1,5 +1,6 @@
 #include <txmap/drawing/layers/LineLayerPainter.h>
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -21,6 +22,8 @@ namespace
 
 // Points of lines that are closer than this part of their width count as one.
 constexpr double kCornerOfWidth = 1.0 / 128.0;
+// How far dashed lines reach whose width or offset depends on the feature, in logical pixels.
+constexpr double kFarthestMove = 1024.0;
 
 /// Draws only within a tile as long as it lives. Features reach beyond their tile and are in its neighbour, too.
 class TileClip
@@ -62,7 +65,7 @@ public:
     {
         for (const PlacedFeatures& placed : scene.data.Features(scene.layer))
         {
-            const std::vector<PassedFeature> passing = PassingFeatures(scene, placed, "line-sort-key");
+            const std::vector<PassedFeature> passing = PassingFeatures(scene, placed, "line", FarthestSeen());
             for (const int world : placed.worlds)
             {
                 const TileClip clip(scene.canvas, placed.tile, world);
@@ -73,6 +76,15 @@ public:
     }
 
 private:
+    /// How far from the picture a line may lie that is seen, in pixels.
+    double FarthestSeen() const
+    {
+        const double reach = properties.Reach(context) + scene.layer.tolerance * scene.Scale();
+        // Dashed lines are kept whole, and may then be moved.
+        const bool isWhole = scene.canvas.View().GridOrigin() && scene.layer.Find("line-dasharray");
+        return isWhole && !properties.AreConstant() ? std::max(reach, kFarthestMove * scene.Scale()) : reach;
+    }
+
     void DrawWorld(const PlacedFeatures& placed, const std::vector<PassedFeature>& passing, int world)
     {
         const double reach = properties.Reach(context);
