@@ -6,7 +6,7 @@
 #include <vector>
 
 #include <txmap/map/Mercator.h>
-#include <txmap/sources/TileSet.h>
+#include <txmap/sources/TileImages.h>
 
 namespace txmap
 {
@@ -64,7 +64,7 @@ private:
     ElevationGrid LoadFile(const MapView& view) const;
 
     std::string file; ///< Empty for tiles.
-    std::optional<TileSet> tiles;
+    std::optional<TileImages> tiles;
     Encoding encoding;
 };
 

@@ -31,6 +31,19 @@ MercatorBox FeatureSet::BoundsOf(const SetFeature& feature) const
     return box;
 }
 
+std::size_t FeatureSet::Bytes() const
+{
+    // What names and texts take on the heap.
+    constexpr std::size_t kKey = 128, kText = 64;
+    std::size_t bytes = sizeof *this + keys.size() * kKey + features.capacity() * sizeof(SetFeature) +
+                        points.capacity() * sizeof(TXPoint) + counts.capacity() * sizeof(int) +
+                        tags.capacity() * sizeof(Tag) + values.capacity() * sizeof(Value);
+    for (const Value& value : values)
+        if (value.Is(Value::Kind::String))
+            bytes += kText + value.String().size();
+    return bytes;
+}
+
 LonLatGeometry FeatureSet::ToDegrees(const SetFeature& feature) const
 {
     LonLatGeometry geometry;

@@ -34,6 +34,9 @@ struct FeatureRequest
     bool joinsAtDateLine = false;
     /// Of a file with several layers, the first is read that may hold such geometry; nothing for the first of all.
     std::optional<GeometryType> geometry = std::nullopt;
+    /// Of sources in tiles, so many pixels around the picture the features of a source layer are wanted that are not in
+    /// the picture's own tiles as well: points. 0 for layers that are not named.
+    std::map<std::string, double> layerMargins = {};
 };
 
 /// Features, and where they are drawn.
