@@ -54,6 +54,13 @@ bool ElevationGrid::HasHeights() const
     return std::any_of(metres.begin(), metres.end(), [](float height) { return !std::isnan(height); });
 }
 
+float ElevationGrid::Nearest(double x, double y) const
+{
+    const double column =
+        box.right - box.left == 1.0 ? x - std::floor(x / width) * width : std::clamp(x, 0.0, width - 1.0);
+    return At(static_cast<int>(column), static_cast<int>(std::clamp(y, 0.0, height - 1.0)));
+}
+
 std::optional<GeoBox> ElevationSource::Extent() const { return tiles ? tiles->Tiles().Extent() : RasterExtent(file); }
 
 ElevationGrid ElevationSource::Load(const MapView& view, SourceDiagnostics& diagnostics)

@@ -1,4 +1,5 @@
 // Sources that are kept for many views: what an index leaves out, nobody sees.
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <sstream>
@@ -12,6 +13,7 @@
 #include <txgraphics/TXImage.h>
 #include <txmap/drawing/PluginSession.h>
 #include <txmap/drawing/layers/StyledMap.h>
+#include <txmap/map/MercatorView.h>
 #include <txmap/render/StyleFile.h>
 #include <txmap/sources/KeptSources.h>
 #include <txmap/sources/PassingFeatures.h>
@@ -110,8 +112,9 @@ protected:
             auto made = MakeFeatureSource(source.name, source.json, SourceFolder::Of(file));
             made->Load(TileView::World(source.name == "groups" ? view.Zoom() : 0.0),
                        RequestFor(source, style, std::nullopt, view.Scale()), diagnostics);
-            // More of the repeating worlds than anything reaches across.
-            made->ShowIn(view, 5000.0);
+            // In tiles, more of the repeating worlds than anything reaches across.
+            made->ShowIn(view,
+                         view.GridOrigin() ? 5000.0 : RequestFor(source, style, view.Zoom(), view.Scale()).margin);
             EXPECT_EQ(made->Features("").at(0).index, nullptr);
             loaded.features.emplace(source.name, std::move(made));
         }
@@ -159,6 +162,21 @@ TEST_F(KeptSourcesTest, DrawTheSamePixelsAsAllOfTheirFeatures)
                         << block.z << "/" << block.x + column << "/" << block.y + row << ", line " << y;
                 }
             }
+    }
+}
+
+TEST_F(KeptSourcesTest, DrawTheSamePixelsInTurnedPictures)
+{
+    TileLook look;
+    look.style = file;
+    look.plugin = TX_TEST_PLUGIN;
+    TileRenderer renderer(look, [](const std::string& warning) { ADD_FAILURE() << warning; });
+    PluginSession plugin(TX_TEST_PLUGIN, TextPath::Qt);
+    for (const Camera& camera :
+         {Camera{10.0, 20.0, 4.3, 33.0}, Camera{179.0, -30.0, 3.0, 0.0}, Camera{-178.0, 50.0, 6.7, -120.0}})
+    {
+        const MercatorView view(camera, {500, 400});
+        EXPECT_TRUE(renderer.DrawPicture(view).rgba == DrawnFromAll(plugin, view)) << "at zoom " << camera.zoom;
     }
 }
 

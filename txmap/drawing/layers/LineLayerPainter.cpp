@@ -22,7 +22,7 @@ namespace
 
 // Points of lines that are closer than this part of their width count as one.
 constexpr double kCornerOfWidth = 1.0 / 128.0;
-// How far dashed lines reach whose width or offset depends on the feature, in logical pixels.
+// How far lines reach that are kept whole and whose width or offset depends on the feature, in logical pixels.
 constexpr double kFarthestMove = 1024.0;
 
 /// Draws only within a tile as long as it lives. Features reach beyond their tile and are in its neighbour, too.
@@ -80,9 +80,15 @@ private:
     double FarthestSeen() const
     {
         const double reach = properties.Reach(context) + scene.layer.tolerance * scene.Scale();
-        // Dashed lines are kept whole, and may then be moved.
-        const bool isWhole = scene.canvas.View().GridOrigin() && scene.layer.Find("line-dasharray");
-        return isWhole && !properties.AreConstant() ? std::max(reach, kFarthestMove * scene.Scale()) : reach;
+        // Lines that are kept whole may then be moved.
+        return KeepsLines() && !properties.AreConstant() ? std::max(reach, kFarthestMove * scene.Scale()) : reach;
+    }
+
+    /// Dashes and patterns go on from where a line begins, wherever a picture that joins others does.
+    bool KeepsLines() const
+    {
+        return scene.canvas.View().GridOrigin() &&
+               (scene.layer.Find("line-dasharray") || scene.layer.Find("line-pattern"));
     }
 
     void DrawWorld(const PlacedFeatures& placed, const std::vector<PassedFeature>& passing, int world)
@@ -92,7 +98,7 @@ private:
             properties.AreConstant() ? std::optional(properties.At(context)) : std::nullopt;
         PixelParts parts(TranslatedPixels(scene, "line", world), scene.canvas.View().PictureBox(reach));
         if (const std::optional<TXPoint>& origin = scene.canvas.View().GridOrigin())
-            parts.SnapToGrid(*origin, scene.layer.Find("line-dasharray") != nullptr);
+            parts.SnapToGrid(*origin, KeepsLines());
         // Of a stroke, corners show that are a good part of its width.
         if (common && common->width * kCornerOfWidth > PixelParts::kFinest)
             parts.SetFinest(common->width * kCornerOfWidth);
