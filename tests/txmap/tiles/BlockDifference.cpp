@@ -27,6 +27,7 @@ Difference Compare(txmap::TileRenderer& renderer, const TileBlock& all, int side
                         for (std::size_t k = 0; k < 4; ++k)
                             most = std::max(most, std::abs(one.rgba[i + k] - other.rgba[i + k]));
                         difference.pixels += most > 0 ? 1 : 0;
+                        difference.clear += most > 4 ? 1 : 0;
                         if (most > 4 && difference.where.size() < 2000)
                             difference.where +=
                                 " " +

@@ -79,7 +79,7 @@ private:
     /// How far from the picture a line may lie that is seen, in pixels.
     double FarthestSeen() const
     {
-        const double reach = properties.Reach(context) + scene.layer.tolerance * scene.Scale();
+        const double reach = properties.Reach() + scene.layer.tolerance * scene.Scale();
         // Lines that are kept whole may then be moved.
         return KeepsLines() && !properties.AreConstant() ? std::max(reach, kFarthestMove * scene.Scale()) : reach;
     }
@@ -93,7 +93,7 @@ private:
 
     void DrawWorld(const PlacedFeatures& placed, const std::vector<PassedFeature>& passing, int world)
     {
-        const double reach = properties.Reach(context);
+        const double reach = properties.Reach();
         const std::optional<LineLook> common =
             properties.AreConstant() ? std::optional(properties.At(context)) : std::nullopt;
         PixelParts parts(TranslatedPixels(scene, "line", world), scene.canvas.View().PictureBox(reach));
