@@ -205,9 +205,15 @@ TEST_F(SeamOfSources, PicturesJoin)
 
 TEST_F(SeamOfSources, HeightsJoin)
 {
-    ExpectSame(R"({"id":"h","type":"hillshade","source":"heights"})");
-    ExpectSame(R"({"id":"h","type":"color-relief","source":"heights","paint":{"color-relief-color":
-        ["interpolate",["linear"],["elevation"],-20000,"#003366",0,"#66aa66",2000,"#ffffff"]}})");
+    for (const char* const layer : {R"({"id":"h","type":"hillshade","source":"heights"})",
+                                    R"({"id":"h","type":"color-relief","source":"heights","paint":{
+            "color-relief-color":["interpolate",["linear"],["elevation"],-20000,"#003366",0,"#66aa66",2000,
+            "#ffffff"]}})"})
+    {
+        // All around the world, and a part of it.
+        EXPECT_EQ(CompareLayers(layer, {2, 0, 0, 4, 4}, 2).pixels, 0u) << layer;
+        EXPECT_EQ(CompareLayers(layer, {5, 4, 9, 2, 2}, 1).pixels, 0u) << layer;
+    }
 }
 
 TEST_F(SeamOfSources, IconsJoin)
