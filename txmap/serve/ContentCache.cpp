@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
-#include <iterator>
 #include <utility>
 
 namespace txmap
@@ -55,46 +54,26 @@ bool HasTag(std::string_view header, std::string_view tag)
 ContentPointer ContentCache::Find(const std::string& key)
 {
     const std::lock_guard<std::mutex> guard(mutex);
-    const auto place = places.find(key);
-    if (place == places.end())
-        return nullptr;
-    entries.splice(entries.begin(), entries, place->second);
-    return place->second->content;
+    return contents.Find(key);
 }
 
 void ContentCache::Keep(const std::string& key, ContentPointer content)
 {
     const std::lock_guard<std::mutex> guard(mutex);
-    if (const auto place = places.find(key); place != places.end())
-        Remove(place->second);
-    if (CostOf(*content) > mostBytes)
-        return;
-    bytes += CostOf(*content);
-    entries.push_front({key, std::move(content)});
-    places[key] = entries.begin();
-    while (bytes > mostBytes)
-        Remove(std::prev(entries.end()));
+    const std::size_t cost = CostOf(*content);
+    contents.Keep(key, std::move(content), cost);
 }
 
 void ContentCache::Clear()
 {
     const std::lock_guard<std::mutex> guard(mutex);
-    entries.clear();
-    places.clear();
-    bytes = 0;
+    contents.Clear();
 }
 
 std::size_t ContentCache::Bytes() const
 {
     const std::lock_guard<std::mutex> guard(mutex);
-    return bytes;
-}
-
-void ContentCache::Remove(std::list<Entry>::iterator entry)
-{
-    bytes -= CostOf(*entry->content);
-    places.erase(entry->key);
-    entries.erase(entry);
+    return contents.Bytes();
 }
 
 } // namespace txmap

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstddef>
-#include <list>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+
+#include <txmap/support/RecentCache.h>
 
 namespace txmap
 {
@@ -30,7 +30,7 @@ bool HasTag(std::string_view header, std::string_view tag);
 class ContentCache
 {
 public:
-    explicit ContentCache(std::size_t mostBytes) : mostBytes(mostBytes) {}
+    explicit ContentCache(std::size_t mostBytes) : contents(mostBytes) {}
 
     /// What is kept under a key; null for nothing.
     ContentPointer Find(const std::string& key);
@@ -41,19 +41,8 @@ public:
     std::size_t Bytes() const;
 
 private:
-    struct Entry
-    {
-        std::string key;
-        ContentPointer content;
-    };
-
-    void Remove(std::list<Entry>::iterator entry);
-
-    const std::size_t mostBytes;
     mutable std::mutex mutex;
-    std::list<Entry> entries; ///< What was asked for last comes first.
-    std::unordered_map<std::string, std::list<Entry>::iterator> places;
-    std::size_t bytes = 0;
+    RecentCache<std::string, Content> contents;
 };
 
 } // namespace txmap

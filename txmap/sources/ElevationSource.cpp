@@ -9,7 +9,6 @@
 #include <txmap/sources/ElevationFile.h>
 #include <txmap/sources/GeoreferencedSource.h>
 #include <txmap/sources/RasterExtent.h>
-#include <txmap/sources/RasterTileSource.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/sources/SourcePath.h>
 #include <txmap/support/Failure.h>
@@ -32,19 +31,20 @@ ElevationSource::ElevationSource(const Json& source, const SourceFolder& folder)
         file = folder.PathOf(source.at("url").get<std::string>());
     else
     {
-        tiles.emplace(source, folder, true, 1.0);
+        tiles.emplace(TileSet(source, folder, true, 1.0));
         ReadEncoding();
     }
 }
 
 void ElevationSource::ReadEncoding()
 {
-    const std::string name = tiles->Text("encoding");
+    const std::string name = tiles->Tiles().Text("encoding");
     if (name == "terrarium")
         encoding = {256.0, 1.0, 1.0 / 256.0, 32768.0};
     else if (name == "custom")
-        encoding = {tiles->Number("redFactor").value_or(1.0), tiles->Number("greenFactor").value_or(1.0),
-                    tiles->Number("blueFactor").value_or(1.0), tiles->Number("baseShift").value_or(0.0)};
+        encoding = {
+            tiles->Tiles().Number("redFactor").value_or(1.0), tiles->Tiles().Number("greenFactor").value_or(1.0),
+            tiles->Tiles().Number("blueFactor").value_or(1.0), tiles->Tiles().Number("baseShift").value_or(0.0)};
     else if (!name.empty() && name != "mapbox")
         throw Failure(ExitCode::Data, "there are no heights with the encoding " + name);
 }
@@ -54,7 +54,14 @@ bool ElevationGrid::HasHeights() const
     return std::any_of(metres.begin(), metres.end(), [](float height) { return !std::isnan(height); });
 }
 
-std::optional<GeoBox> ElevationSource::Extent() const { return tiles ? tiles->Extent() : RasterExtent(file); }
+float ElevationGrid::Nearest(double x, double y) const
+{
+    const double column =
+        box.right - box.left == 1.0 ? x - std::floor(x / width) * width : std::clamp(x, 0.0, width - 1.0);
+    return At(static_cast<int>(column), static_cast<int>(std::clamp(y, 0.0, height - 1.0)));
+}
+
+std::optional<GeoBox> ElevationSource::Extent() const { return tiles ? tiles->Tiles().Extent() : RasterExtent(file); }
 
 ElevationGrid ElevationSource::Load(const MapView& view, SourceDiagnostics& diagnostics)
 {
@@ -86,17 +93,17 @@ ElevationGrid ElevationSource::LoadTiles(const MapView& view, SourceDiagnostics&
     ElevationGrid grid;
     int side = 0;
     const bool isWholeWorld = view.Visible(kMargin).right - view.Visible(kMargin).left >= 1.0;
-    const std::vector<CoveringTile> covering = CoveringTiles(view, tiles->Pyramid(), kMargin);
+    const std::vector<CoveringTile> covering = CoveringTiles(view, tiles->Tiles().Pyramid(), kMargin);
     for (const CoveringTile& tile : covering)
     {
-        std::shared_ptr<const Raster> image = ReadTileImage(*tiles, tile.id, diagnostics);
+        std::shared_ptr<const Raster> image = tiles->Read(tile.id, diagnostics);
         if (!image)
             continue;
         if (side == 0)
             side = image->size.width;
         if (image->size.width != side || image->size.height != side)
         {
-            diagnostics.Report(tiles->NameOf(tile.id) + ": is not of the size of the other tiles");
+            diagnostics.Report(tiles->Tiles().NameOf(tile.id) + ": is not of the size of the other tiles");
             continue;
         }
         for (const int world : tile.worlds)
@@ -119,7 +126,8 @@ ElevationGrid ElevationSource::LoadTiles(const MapView& view, SourceDiagnostics&
     const int zoom = covering[0].id.z;
     const double cells = std::ldexp(1.0, -zoom);
     if (static_cast<double>(right - left + 1) * (bottom - top + 1) * side * side > kMostCells)
-        throw Failure(ExitCode::Data, tiles->NameOf(covering[0].id) + ": and its neighbours have too many heights");
+        throw Failure(ExitCode::Data,
+                      tiles->Tiles().NameOf(covering[0].id) + ": and its neighbours have too many heights");
     grid.width = (right - left + 1) * side;
     grid.height = (bottom - top + 1) * side;
     grid.box = {left * cells, top * cells, (right + 1) * cells, (bottom + 1) * cells};

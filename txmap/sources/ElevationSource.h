@@ -6,7 +6,7 @@
 #include <vector>
 
 #include <txmap/map/Mercator.h>
-#include <txmap/sources/TileSet.h>
+#include <txmap/sources/TileImages.h>
 
 namespace txmap
 {
@@ -29,6 +29,8 @@ struct ElevationGrid
     bool IsEmpty() const { return metres.empty(); }
     /// Whether any height is known.
     bool HasHeights() const;
+    /// The height of a cell, or of the nearest one: around the world, columns go on where they began.
+    float Nearest(double x, double y) const;
     float At(int x, int y) const
     {
         return metres[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)];
@@ -64,7 +66,7 @@ private:
     ElevationGrid LoadFile(const MapView& view) const;
 
     std::string file; ///< Empty for tiles.
-    std::optional<TileSet> tiles;
+    std::optional<TileImages> tiles;
     Encoding encoding;
 };
 

@@ -1,5 +1,7 @@
 #include <txmap/sources/FeatureSet.h>
 
+#include <algorithm>
+
 namespace txmap
 {
 
@@ -14,6 +16,32 @@ const Value* FeatureSet::Property(const SetFeature& feature, const std::string& 
         if (tags[i].key == found->second)
             return &values[tags[i].value];
     return nullptr;
+}
+
+MercatorBox FeatureSet::BoundsOf(const SetFeature& feature) const
+{
+    MercatorBox box{1e300, 1e300, -1e300, -1e300};
+    ForEachPart(feature,
+                [&](const TXPoint* part, std::size_t count)
+                {
+                    for (const TXPoint* point = part; point != part + count; ++point)
+                        box = {std::min(box.left, point->x), std::min(box.top, point->y), std::max(box.right, point->x),
+                               std::max(box.bottom, point->y)};
+                });
+    return box;
+}
+
+std::size_t FeatureSet::Bytes() const
+{
+    // What names and texts take on the heap.
+    constexpr std::size_t kKey = 128, kText = 64;
+    std::size_t bytes = sizeof *this + keys.size() * kKey + features.capacity() * sizeof(SetFeature) +
+                        points.capacity() * sizeof(TXPoint) + counts.capacity() * sizeof(int) +
+                        tags.capacity() * sizeof(Tag) + values.capacity() * sizeof(Value);
+    for (const Value& value : values)
+        if (value.Is(Value::Kind::String))
+            bytes += kText + value.String().size();
+    return bytes;
 }
 
 LonLatGeometry FeatureSet::ToDegrees(const SetFeature& feature) const

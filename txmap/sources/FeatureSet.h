@@ -59,8 +59,12 @@ public:
             point += count;
         }
     }
+    /// The box around all points of a feature.
+    MercatorBox BoundsOf(const SetFeature& feature) const;
     /// An attribute of a feature, or null where it has none of that name.
     const Value* Property(const SetFeature& feature, const std::string& name) const;
+    /// About how much memory the set takes.
+    std::size_t Bytes() const;
     /// The geometry in degrees.
     LonLatGeometry ToDegrees(const SetFeature& feature) const;
 

@@ -15,6 +15,7 @@
 namespace txmap
 {
 
+class BoxIndex;
 class MapView;
 class SourceDiagnostics;
 class SourceFolder;
@@ -33,6 +34,9 @@ struct FeatureRequest
     bool joinsAtDateLine = false;
     /// Of a file with several layers, the first is read that may hold such geometry; nothing for the first of all.
     std::optional<GeometryType> geometry = std::nullopt;
+    /// Of sources in tiles, so many pixels around the picture the features of a source layer are wanted that are not in
+    /// the picture's own tiles as well: points. 0 for layers that are not named.
+    std::map<std::string, double> layerMargins = {};
 };
 
 /// Features, and where they are drawn.
@@ -47,6 +51,8 @@ struct PlacedFeatures
     std::optional<MercatorBox> tile;
     /// The zoom of that tile.
     std::optional<int> tileZoom;
+    /// Where each feature of the set lies, by its number; null for a set that is drawn in few pictures.
+    std::shared_ptr<const BoxIndex> index;
 };
 
 /// Which features of a source there are, for the member `filter` of sources.
@@ -69,6 +75,8 @@ public:
     /// Shows what was read in another view of the same projection, which sees no more of the world. What is kept in
     /// tiles stays as it is. @param margin as in the request.
     virtual void ShowIn(const MapView& /*view*/, double /*margin*/) {}
+    /// Prepares what was read for many views, each of which shows a part of it.
+    virtual void IndexFeatures() {}
     /// The features of a source layer, "" for a source without layers; none for one that there is not.
     virtual const std::vector<PlacedFeatures>& Features(const std::string& sourceLayer) const = 0;
     /// Whether anything was read that is seen.

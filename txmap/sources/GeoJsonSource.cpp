@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include <txmap/map/MapView.h>
+#include <txmap/sources/BoxIndex.h>
 #include <txmap/sources/FeatureSetBuilder.h>
 #include <txmap/sources/Gdal.h>
 #include <txmap/sources/GdalFeatureReader.h>
@@ -173,7 +174,7 @@ void GeoJsonSource::Load(const MapView& view, const FeatureRequest& request, Sou
     placed.clear();
     if (!set->IsEmpty())
     {
-        placed.push_back({std::move(set), {}, std::nullopt, std::nullopt});
+        placed.push_back({std::move(set), {}, std::nullopt, std::nullopt, nullptr});
         ShowIn(view, request.margin);
     }
 }
@@ -182,6 +183,18 @@ void GeoJsonSource::ShowIn(const MapView& view, double margin)
 {
     for (PlacedFeatures& features : placed)
         features.worlds = view.WorldsThatShow(features.features->bounds, margin);
+}
+
+void GeoJsonSource::IndexFeatures()
+{
+    for (PlacedFeatures& features : placed)
+    {
+        std::vector<MercatorBox> boxes;
+        boxes.reserve(features.features->features.size());
+        for (const SetFeature& feature : features.features->features)
+            boxes.push_back(features.features->BoundsOf(feature));
+        features.index = std::make_shared<const BoxIndex>(boxes);
+    }
 }
 
 bool GeoJsonSource::HasFeatures() const

@@ -23,6 +23,7 @@ public:
 
     void Load(const MapView& view, const FeatureRequest& request, SourceDiagnostics& diagnostics) override;
     void ShowIn(const MapView& view, double margin) override;
+    void IndexFeatures() override;
     const std::vector<PlacedFeatures>& Features(const std::string& sourceLayer) const override;
     bool HasFeatures() const override;
     std::optional<MercatorBox> Extent() const override { return extent; }

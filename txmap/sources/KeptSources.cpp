@@ -54,25 +54,22 @@ void KeptSources::ReadFeatures(const StyleSource& source, const MapView& view, d
         made = MakeFeatureSource(source.name, source.json, folder);
     }
     FeatureRequest request = RequestFor(source, style, view.Zoom(), view.Scale());
-    const bool hasSymbols = std::any_of(style.layers.begin(), style.layers.end(),
-                                        [&](const StyleLayer& layer) {
-                                            return layer.type == LayerType::Symbol && layer.source == source.name &&
-                                                   layer.IsShownAt(view.Zoom());
-                                        });
+    for (const StyleLayer& layer : style.layers)
+        if (layer.type == LayerType::Symbol && layer.source == source.name && layer.IsShownAt(view.Zoom()))
+        {
+            request.margin = std::max(request.margin, margin);
+            double& layerMargin = request.layerMargins[layer.sourceLayer];
+            layerMargin = std::max(layerMargin, margin);
+        }
     if (source.type == "vector")
-    {
-        // Tiles have what of lines and areas reaches into their neighbours, but not their symbols.
-        request.margin = hasSymbols ? margin : 0.0;
         return made->Load(view, request, diagnostics);
-    }
-    if (hasSymbols)
-        request.margin = std::max(request.margin, margin);
     // Clusters are others at each zoom; other features are read with all that is wanted of them at any zoom.
     const double zoom = IsClustered(source) ? view.Zoom() : 0.0;
     const auto read = readAt.find(source.name);
     if (read == readAt.end() || read->second != zoom)
     {
         made->Load(TileView::World(zoom), RequestFor(source, style, std::nullopt, view.Scale()), diagnostics);
+        made->IndexFeatures();
         readAt[source.name] = zoom;
     }
     made->ShowIn(view, request.margin);

@@ -19,7 +19,9 @@ struct PassedFeature
 /// The features of a set that a layer draws, in its order.
 /// @param sortKey the name of the property that orders them.
 /// @param context what expressions may ask beside the feature; its zoom is that of the map.
+/// @param seen parts of the world outside of which the layer draws nothing: features of a set with an index are not
+/// looked at if they touch none of them.
 std::vector<PassedFeature> PassingFeatures(const StyleLayer& layer, const PlacedFeatures& placed, const char* sortKey,
-                                           EvaluationContext context);
+                                           EvaluationContext context, const std::vector<MercatorBox>& seen);
 
 } // namespace txmap

@@ -61,22 +61,33 @@ MercatorBox QuadImageSource::Bounds() const
 
 std::optional<GeoBox> QuadImageSource::Extent() const { return Projection::WebMercator().ToDegrees(Bounds()); }
 
+std::shared_ptr<const Raster> QuadImageSource::Picture(SourceDiagnostics& diagnostics)
+{
+    if (kept)
+        return kept;
+    const std::string data = ReadSourceFile(file, kLimit);
+    try
+    {
+        auto picture = std::make_shared<const Raster>(DecodeImage(data, kLongestSide));
+        if (picture->pixels.size() * sizeof picture->pixels[0] <= kMostBytes)
+            kept = picture;
+        return picture;
+    }
+    catch (const std::runtime_error& problem)
+    {
+        diagnostics.Report(file + ": " + problem.what());
+        return nullptr;
+    }
+}
+
 void QuadImageSource::Load(const MapView& view, SourceDiagnostics& diagnostics)
 {
     images.clear();
     std::vector<int> worlds = view.WorldsThatShow(Bounds());
     if (worlds.empty())
         return;
-    const std::string data = ReadSourceFile(file, kLimit);
-    try
-    {
-        images.push_back({std::make_shared<const Raster>(DecodeImage(data, kLongestSide)), corners, std::move(worlds),
-                          std::nullopt});
-    }
-    catch (const std::runtime_error& problem)
-    {
-        diagnostics.Report(file + ": " + problem.what());
-    }
+    if (std::shared_ptr<const Raster> picture = Picture(diagnostics))
+        images.push_back({std::move(picture), corners, std::move(worlds), std::nullopt});
 }
 
 } // namespace txmap

@@ -10,8 +10,8 @@ namespace txmap
 namespace
 {
 
-// How far symbols of a size that depends on the feature may reach, in logical pixels.
-constexpr double kUnknownReach = 64.0;
+// How far lines and circles of a size that depends on the feature may reach, in logical pixels.
+constexpr double kUnknownReach = 128.0;
 constexpr double kLongestReach = 1024.0;
 // Around the picture texts make room for each other, and their halves reach into it.
 constexpr double kSymbolReach = 200.0;
@@ -86,8 +86,15 @@ FeatureRequest RequestFor(const StyleSource& source, const MapStyle& style, std:
             add(*layer.filter);
         for (const auto& property : layer.properties)
             add(property.second);
-        if (zoom)
-            request.margin = std::max(request.margin, ReachOf(layer, *zoom) * scale);
+        if (!zoom)
+            continue;
+        const double reach = ReachOf(layer, *zoom) * scale;
+        request.margin = std::max(request.margin, reach);
+        if (layer.type == LayerType::Circle)
+        {
+            double& margin = request.layerMargins[name];
+            margin = std::max(margin, reach);
+        }
     }
     return request;
 }

@@ -13,15 +13,6 @@ using TZObjects::TXPoint;
 namespace
 {
 
-MercatorBox BoundsOf(const TXPoint* points, std::size_t count)
-{
-    MercatorBox box{1e300, 1e300, -1e300, -1e300};
-    for (const TXPoint* point = points; point != points + count; ++point)
-        box = {std::min(box.left, point->x), std::min(box.top, point->y), std::max(box.right, point->x),
-               std::max(box.bottom, point->y)};
-    return box;
-}
-
 /// The parts of a line in a box.
 Parts CutTo(const TXPoint* points, std::size_t count, const MercatorBox& box)
 {
@@ -47,6 +38,22 @@ void Append(const Parts& parts, const MercatorBox& tile, double worldSize, std::
 }
 
 } // namespace
+
+MercatorBox BoundsOf(const TXPoint* points, std::size_t count)
+{
+    MercatorBox box{1e300, 1e300, -1e300, -1e300};
+    for (const TXPoint* point = points; point != points + count; ++point)
+        box = {std::min(box.left, point->x), std::min(box.top, point->y), std::max(box.right, point->x),
+               std::max(box.bottom, point->y)};
+    return box;
+}
+
+MercatorBox WholeTiles(const MercatorBox& box, int zoom)
+{
+    const double count = std::exp2(zoom);
+    return {std::floor(box.left * count) / count, std::floor(box.top * count) / count,
+            (std::floor(box.right * count) + 1.0) / count, (std::floor(box.bottom * count) + 1.0) / count};
+}
 
 TiledLine WholeLine(const TXPoint* points, std::size_t count, double worldSize)
 {

@@ -23,6 +23,9 @@ struct TiledLine
     }
 };
 
+/// The box around points.
+MercatorBox BoundsOf(const TZObjects::TXPoint* points, std::size_t count);
+
 /// A line as it is, beyond all tiles.
 TiledLine WholeLine(const TZObjects::TXPoint* points, std::size_t count, double worldSize);
 
@@ -30,7 +33,11 @@ TiledLine WholeLine(const TZObjects::TXPoint* points, std::size_t count, double 
 std::vector<TiledLine> LinesInTile(const std::vector<TZObjects::TXPoint>& points, const MercatorBox& tile,
                                    double worldSize);
 
-/// The parts of a line in each tile of a zoom that has a point in common with a box.
+/// The box of whole tiles of a zoom that have a point in common with a box.
+MercatorBox WholeTiles(const MercatorBox& box, int zoom);
+
+/// The parts of a line in each tile of a zoom that has a point in common with a box: none of a line without a point in
+/// `WholeTiles` of it.
 std::vector<TiledLine> LinesInTiles(const std::vector<TZObjects::TXPoint>& points, int zoom, const MercatorBox& shown,
                                     double worldSize);
 

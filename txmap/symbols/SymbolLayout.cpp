@@ -8,13 +8,13 @@
 
 #include <txmap/map/MapView.h>
 #include <txmap/sources/PassingFeatures.h>
+#include <txmap/symbols/LayerLines.h>
 #include <txmap/symbols/LineAnchors.h>
 #include <txmap/symbols/LineTiles.h>
 #include <txmap/symbols/PlacementGrid.h>
 #include <txmap/symbols/PoleOfInaccessibility.h>
 #include <txmap/symbols/RepeatedTexts.h>
 #include <txmap/symbols/SymbolCandidates.h>
-#include <txmap/symbols/text/MergeLines.h>
 
 namespace txmap
 {
@@ -30,19 +30,6 @@ constexpr double kTileSize = 512.0;
 constexpr double kAnchorMargin = 512.0;
 // How exact the place in an area is found, in logical pixels.
 constexpr double kPolePrecision = 2.0;
-
-MercatorBox BoundsOf(const FeatureSet& set, const SetFeature& feature)
-{
-    MercatorBox box{1e300, 1e300, -1e300, -1e300};
-    set.ForEachPart(feature,
-                    [&](const TXPoint* points, std::size_t count)
-                    {
-                        for (const TXPoint* point = points; point != points + count; ++point)
-                            box = {std::min(box.left, point->x), std::min(box.top, point->y),
-                                   std::max(box.right, point->x), std::max(box.bottom, point->y)};
-                    });
-    return box;
-}
 
 /// How far around the picture anchors matter, in pixels.
 double MarginOf(const MapView& view)
@@ -65,13 +52,12 @@ public:
 
     void Run()
     {
-        const std::vector<PassedFeature> passing = PassingFeatures(data.layer, placed, "symbol-sort-key", data.context);
         if (layout.properties.stand == SymbolStand::Line)
-            return AddLines(passing);
-        for (const PassedFeature& passed : passing)
+            return AddLines();
+        for (const PassedFeature& passed : PassingFeatures(data.layer, placed, "symbol-sort-key", data.context, Seen()))
         {
             Begin(passed);
-            if (!MayBeSeen(BoundsOf(*placed.features, *passed.feature)))
+            if (!MayBeSeen(placed.features->BoundsOf(*passed.feature)))
                 continue;
             if (layout.properties.stand == SymbolStand::LineCenter)
                 AddMiddles();
@@ -108,6 +94,18 @@ private:
     {
         return std::any_of(placed.worlds.begin(), placed.worlds.end(),
                            [&](int world) { return data.view.Shows(box.Shifted(world), margin); });
+    }
+
+    /// The parts of the world in which anchors matter; with a zoom, the whole tiles of it.
+    std::vector<MercatorBox> Seen(std::optional<int> zoom = std::nullopt) const
+    {
+        std::vector<MercatorBox> seen;
+        for (const int world : placed.worlds)
+        {
+            const MercatorBox box = data.view.Visible(margin).Shifted(-world);
+            seen.push_back(zoom ? WholeTiles(box, *zoom) : box);
+        }
+        return seen;
     }
 
     /// Adds the current feature's symbol at an anchor, in each world where it may be seen.
@@ -210,45 +208,60 @@ private:
                                      });
     }
 
-    void AddLines(const std::vector<PassedFeature>& passing)
+    /// The lines of all features, or of those that may be seen.
+    std::shared_ptr<const LayerLines> JoinLines()
     {
-        std::vector<LinePiece> pieces;
-        std::vector<const PassedFeature*> owners;
-        for (const PassedFeature& passed : passing)
+        // With what is far away a line may be one whose direction, and place among others, depends on it.
+        const bool joinsAll = data.view.GridOrigin().has_value();
+        std::vector<PassedFeature> passing =
+            PassingFeatures(data.layer, placed, "symbol-sort-key", data.context,
+                            joinsAll ? std::vector<MercatorBox>{placed.features->bounds} : Seen());
+        if (!joinsAll)
+            passing.erase(std::remove_if(passing.begin(), passing.end(),
+                                         [&](const PassedFeature& passed)
+                                         { return !MayBeSeen(placed.features->BoundsOf(*passed.feature)); }),
+                          passing.end());
+        return std::make_shared<const LayerLines>(*placed.features, passing,
+                                                  [&](const PassedFeature& passed)
+                                                  {
+                                                      Begin(passed);
+                                                      return layout.texts->TextOf(context).ToString();
+                                                  });
+    }
+
+    void AddLines()
+    {
+        if (!data.keptLines || !data.view.GridOrigin() || placed.tile)
         {
-            Begin(passed);
-            // With what is far away a line may be one whose direction, and place among others, depends on it.
-            if (passed.feature->type == GeometryType::Point ||
-                (!data.view.GridOrigin() && !MayBeSeen(BoundsOf(*placed.features, *passed.feature))))
-                continue;
-            const std::string key = layout.texts->TextOf(context).ToString();
-            placed.features->ForEachPart(*passed.feature,
-                                         [&](const TXPoint* points, std::size_t count)
-                                         {
-                                             if (count < 2)
-                                                 return;
-                                             pieces.push_back({key, {points, points + count}});
-                                             owners.push_back(&passed);
-                                         });
+            const std::shared_ptr<const LayerLines> lines = JoinLines();
+            for (const LayerLines::Line& line : lines->All())
+                AddLine(line);
+            return;
         }
-        for (const MergedLine& line : MergeLines(std::move(pieces)))
-        {
-            const PassedFeature& owner = *owners[line.piece];
-            if (!isMade || current.feature != owner.feature)
-                Begin(owner);
-            if (Content())
-                AddLine(line.points);
-        }
+        const std::shared_ptr<const LayerLines> lines =
+            data.keptLines->Find(data.layer, placed.features, data.view.Zoom(), [this] { return JoinLines(); });
+        for (const LayerLines::Line* const line : lines->Near(Seen(LineTileZoom())))
+            AddLine(*line);
+    }
+
+    int LineTileZoom() const { return static_cast<int>(std::min(layoutZoom, 18.0)); }
+
+    void AddLine(const LayerLines::Line& line)
+    {
+        if (!isMade || current.feature != line.owner.feature)
+            Begin(line.owner);
+        if (Content())
+            AddLine(line.points);
     }
 
     void AddLine(const std::vector<TXPoint>& points)
     {
-        const int tileZoom = static_cast<int>(std::min(layoutZoom, 18.0));
         for (const int world : placed.worlds)
         {
             const std::vector<TiledLine> lines =
-                placed.tile ? LinesInTile(points, *placed.tile, worldSize)
-                            : LinesInTiles(points, tileZoom, data.view.Visible(margin).Shifted(-world), worldSize);
+                placed.tile
+                    ? LinesInTile(points, *placed.tile, worldSize)
+                    : LinesInTiles(points, LineTileZoom(), data.view.Visible(margin).Shifted(-world), worldSize);
             for (const TiledLine& line : lines)
                 AddAlong(line, world);
         }

@@ -14,6 +14,7 @@
 namespace txmap
 {
 
+class KeptLines;
 class MapView;
 class Sprites;
 class SymbolFonts;
@@ -61,6 +62,8 @@ struct SymbolLayerData
     const MapView& view;
     SymbolFonts& fonts;
     EvaluationContext context; ///< What expressions may ask beside the feature; its zoom is that of the map.
+    /// Where lines are kept for other views of the same sources; null to make them for this one.
+    KeptLines* keptLines = nullptr;
 };
 
 /// How far around the picture symbols make room for each other, in logical pixels.

@@ -12,6 +12,7 @@
 #include <txmap/sources/KeptSources.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/support/Failure.h>
+#include <txmap/symbols/LayerLines.h>
 #include <txmap/symbols/PlacementGrid.h>
 
 namespace txmap
@@ -37,7 +38,7 @@ struct TileRenderer::State
         MapData data = sources.Read(view, view.GridOrigin() ? PlacementGrid(view).Margin() : 0.0, diagnostics);
         DrawingReport report;
         MapCanvas canvas(plugin.Engine(), view);
-        DrawLayers(canvas, style, data, report);
+        DrawLayers(canvas, style, data, report, &lines);
         sources.Keep(data);
         for (const std::string& warning : diagnostics.Warnings())
             Warn(warning);
@@ -56,6 +57,7 @@ struct TileRenderer::State
     MessageSink warn;
     MapStyle style;
     KeptSources sources;
+    KeptLines lines;
     SourceDiagnostics diagnostics;
     PluginSession plugin;
     int side;

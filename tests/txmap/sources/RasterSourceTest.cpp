@@ -18,6 +18,7 @@
 #include <txmap/sources/RasterSource.h>
 #include <txmap/sources/SourceDiagnostics.h>
 #include <txmap/sources/SourcePath.h>
+#include <txmap/sources/TileImages.h>
 
 using namespace txmap;
 using ::testing::ElementsAre;
@@ -210,6 +211,44 @@ TEST_F(RasterSourceTest, PlacesAPictureByItsCorners)
     EXPECT_NEAR(images[0].corners[1].x, ToMercator(10, 10).x, 1e-12);
     EXPECT_NEAR(images[0].corners[3].y, ToMercator(10, -10).y, 1e-12);
     EXPECT_THAT(Images(json, MercatorView({90.0, 0.0, 5.0, 0.0}, {512, 512})), IsEmpty());
+}
+
+TEST_F(RasterSourceTest, DecodesPicturesOnceForViewsThatShareThem)
+{
+    folder.Write("a.png", Encoded({1, 2, 3, 255}, 16));
+    WriteTile("0/0/0.png", Encoded({200, 0, 0, 255}));
+    for (const char* const json :
+         {R"({"type": "image", "url": "a.png", "coordinates": [[-10, 10], [10, 10], [10, -10], [-10, -10]]})",
+          R"({"type": "raster", "tiles": ["{z}/{x}/{y}.png"], "maxzoom": 0})"})
+    {
+        const std::unique_ptr<RasterSource> source =
+            MakeRasterSource("test", Json::parse(json), SourceFolder(folder.Path().string()), 1.0);
+        source->Load(MercatorView({0.0, 0.0, 3.0, 0.0}, {512, 512}), diagnostics);
+        const std::shared_ptr<const Raster> first = source->Images().at(0).image;
+        source->Load(MercatorView({5.0, 5.0, 4.0, 0.0}, {512, 512}), diagnostics);
+        EXPECT_EQ(source->Images().at(0).image, first) << json;
+    }
+}
+
+TEST_F(RasterSourceTest, KeepsPicturesOfTilesUpToItsMemory)
+{
+    std::vector<TileId> tiles;
+    for (int x = 0; x < 4; ++x)
+    {
+        WriteTile("2/" + std::to_string(x) + "/0.png", Encoded({x, 0, 0, 255}, 64));
+        tiles.push_back({2, x, 0});
+    }
+    const Json json = Json::parse(R"({"type": "raster", "tiles": ["{z}/{x}/{y}.png"]})");
+    const SourceFolder from(folder.Path().string());
+    TileImages all(TileSet(json, from, true, 1.0)), two(TileSet(json, from, true, 1.0), 64 * 64 * 4 * 2);
+    for (int i = 0; i < 3; ++i)
+        for (const TileId& tile : tiles)
+        {
+            EXPECT_EQ(all.Read(tile, diagnostics)->pixels, two.Read(tile, diagnostics)->pixels);
+            EXPECT_EQ(two.Read(tile, diagnostics)->pixels.size(), 64u * 64u);
+        }
+    EXPECT_EQ(all.Decoded(), 4u);
+    EXPECT_EQ(two.Decoded(), 12u);
 }
 
 TEST_F(RasterSourceTest, RefusesWhatCannotBe)

@@ -209,4 +209,103 @@ TEST(VectorTileSource, SurvivesMutationsOfPackedTiles)
     }
 }
 
+/// Two layers with a place each, one of them with two attributes.
+std::string TileOfTwoLayers()
+{
+    TestTile tile;
+    tile.layers.push_back({"places",
+                           {{1, TestTile::Points({{2048, 2048}}), {0, 0, 1, 1}}},
+                           {"name", "kind"},
+                           {TestTile::Text("here"), TestTile::Text("town")}});
+    tile.layers.push_back({"roads", {{2, TestTile::Lines({{{0, 0}, {4096, 4096}}}), {}}}, {}, {}});
+    return tile.Encoded();
+}
+
+class KeptTiles : public ::testing::Test
+{
+protected:
+    KeptTiles()
+    {
+        for (const char* const name : {"1/0/0.pbf", "1/1/0.pbf", "1/0/1.pbf", "1/1/1.pbf"})
+            WriteTile(folder, name, TileOfTwoLayers());
+    }
+
+    VectorTileSource Source(std::size_t mostBytes = VectorTileSource::kMostBytes) const
+    {
+        return {Json::parse(R"({"type": "vector", "tiles": ["{z}/{x}/{y}.pbf"], "maxzoom": 1})"),
+                SourceFolder(folder.Path().string()), mostBytes};
+    }
+
+    TemporaryFolder folder;
+    SourceDiagnostics diagnostics{true};
+    const MercatorView corner{{-90.0, 50.0, 3.0, 0.0}, {200, 200}}; ///< Shows one tile.
+};
+
+TEST_F(KeptTiles, AreDecodedOnceForViewsThatShareThem)
+{
+    VectorTileSource source = Source();
+    for (int i = 0; i < 3; ++i)
+    {
+        source.Load(kWorld, {{{"places", std::nullopt}, {"roads", std::nullopt}}}, diagnostics);
+        EXPECT_THAT(source.Features("places"), SizeIs(4));
+        source.Load(corner, {{{"roads", std::set<std::string>()}}}, diagnostics);
+        EXPECT_THAT(source.Features("roads"), SizeIs(1));
+        EXPECT_THAT(source.Features("places"), IsEmpty());
+    }
+    EXPECT_EQ(source.DecodedTiles(), 4u);
+}
+
+TEST_F(KeptTiles, AreDecodedAgainForLayersAndAttributesThatAreMissing)
+{
+    VectorTileSource source = Source();
+    const auto kind = [&]
+    {
+        const FeatureSet& set = *source.Features("places").at(0).features;
+        return set.Property(set.features.at(0), "kind");
+    };
+    source.Load(corner, {{{"places", std::set<std::string>{"name"}}}}, diagnostics);
+    EXPECT_EQ(source.DecodedTiles(), 1u);
+    EXPECT_EQ(kind(), nullptr);
+    source.Load(corner, {{{"places", std::set<std::string>{"kind"}}}}, diagnostics);
+    EXPECT_EQ(source.DecodedTiles(), 2u);
+    EXPECT_EQ(kind()->String(), "town");
+    source.Load(corner, {{{"places", std::set<std::string>{"kind"}}, {"roads", std::nullopt}}}, diagnostics);
+    EXPECT_EQ(source.DecodedTiles(), 3u);
+    EXPECT_THAT(source.Features("roads"), SizeIs(1));
+    source.Load(corner, {{{"places", std::nullopt}}}, diagnostics);
+    EXPECT_EQ(source.DecodedTiles(), 4u);
+    // With all attributes there is nothing that is missing.
+    source.Load(corner, {{{"places", std::set<std::string>{"name"}}}}, diagnostics);
+    EXPECT_EQ(source.DecodedTiles(), 4u);
+}
+
+TEST_F(KeptTiles, KeepToTheirMemory)
+{
+    VectorTileSource all = Source();
+    all.Load(kWorld, {{{"places", std::nullopt}}}, diagnostics);
+    const std::size_t one = all.KeptBytes() / 4;
+    VectorTileSource source = Source(one * 5 / 2);
+    for (int i = 0; i < 3; ++i)
+    {
+        source.Load(kWorld, {{{"places", std::nullopt}}}, diagnostics);
+        EXPECT_THAT(source.Features("places"), SizeIs(4));
+        EXPECT_EQ(source.KeptBytes(), 2 * one);
+    }
+    EXPECT_GT(source.DecodedTiles(), 4u);
+}
+
+TEST_F(KeptTiles, AreReadBeyondTheViewForLayersThatReachIntoIt)
+{
+    VectorTileSource source = Source();
+    // The tile in the north-west, up to 60 pixels from those beside it.
+    const MercatorView view({-90.0, 66.5, 3.0, 0.0}, {1900, 1900});
+    source.Load(view, {{{"places", std::nullopt}, {"roads", std::nullopt}}}, diagnostics);
+    ASSERT_THAT(source.Features("places"), SizeIs(1));
+    FeatureRequest request{{{"places", std::nullopt}, {"roads", std::nullopt}}};
+    request.layerMargins = {{"places", 200.0}};
+    source.Load(view, request, diagnostics);
+    EXPECT_THAT(source.Features("places"), SizeIs(4));
+    EXPECT_THAT(source.Features("roads"), SizeIs(1));
+}
+
 } // namespace

@@ -62,7 +62,7 @@ protected:
             set->values.emplace_back(feature.n);
             set->features.push_back(made);
         }
-        return {set, {0}, std::nullopt, std::nullopt};
+        return {set, {0}, std::nullopt, std::nullopt, nullptr};
     }
 
     static MapStyle StyleOf(const std::string& layout)

@@ -1,8 +1,6 @@
 // Blocks of tiles beside each other are the picture of all: fills pixel for pixel, lines all but, names in both or
 // none.
-#include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <functional>
 #include <sstream>
 #include <string>
@@ -11,16 +9,15 @@
 #include <gtest/gtest.h>
 #include <tests/support/RandomSource.h>
 #include <tests/txmap/support/TemporaryFolder.h>
+#include <tests/txmap/tiles/BlockDifference.h>
 #include <txmap/symbols/PlacementGrid.h>
 #include <txmap/tiles/TileRenderer.h>
 
 namespace
 {
 
-using txmap::BlockPixels;
 using txmap::TileBlock;
 using txmap::TileLook;
-using txmap::TilePixels;
 using txmap::TileRenderer;
 
 constexpr int kTile = 256;
@@ -84,49 +81,6 @@ std::string StyleOf(const std::string& layers, unsigned seed)
     const std::string crumbs = Features(300, "LineString", [&](int) { return Crumb(random); });
     return R"({"version":8,"sources":{"areas":)" + areas + R"(,"ways":)" + ways + R"(,"places":)" + places +
            R"(,"crumbs":)" + crumbs + R"(},"layers":[)" + layers + "]}";
-}
-
-struct Difference
-{
-    std::size_t pixels = 0;
-    int most = 0;
-    std::string where; ///< Pixels of the whole that differ by more than a little.
-};
-
-/// Compares a block with the same tiles drawn in smaller ones.
-Difference Compare(TileRenderer& renderer, const TileBlock& all, int side)
-{
-    const BlockPixels whole = renderer.Draw(all);
-    Difference difference;
-    for (int top = 0; top < all.rows; top += side)
-        for (int left = 0; left < all.columns; left += side)
-        {
-            const BlockPixels part = renderer.Draw({all.z, all.x + left, all.y + top, side, side});
-            for (int row = 0; row < side; ++row)
-                for (int column = 0; column < side; ++column)
-                {
-                    const TilePixels one = part.Tile(column, row);
-                    const TilePixels other = whole.Tile(left + column, top + row);
-                    for (std::size_t i = 0; i < one.rgba.size(); i += 4)
-                    {
-                        int most = 0;
-                        for (std::size_t k = 0; k < 4; ++k)
-                            most = std::max(most, std::abs(one.rgba[i + k] - other.rgba[i + k]));
-                        difference.pixels += most > 0 ? 1 : 0;
-                        if (most > 4 && difference.where.size() < 2000)
-                            difference.where +=
-                                " " +
-                                std::to_string((left + column) * kTile +
-                                               static_cast<int>(i / 4 % static_cast<std::size_t>(one.size.width))) +
-                                "," +
-                                std::to_string((top + row) * kTile +
-                                               static_cast<int>(i / 4 / static_cast<std::size_t>(one.size.width))) +
-                                ":" + std::to_string(most);
-                        difference.most = std::max(difference.most, most);
-                    }
-                }
-        }
-    return difference;
 }
 
 class Seam : public ::testing::Test

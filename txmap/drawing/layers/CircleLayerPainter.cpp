@@ -97,20 +97,25 @@ public:
     {
         for (const PlacedFeatures& placed : scene.data.Features(scene.layer))
         {
-            const std::vector<PassedFeature> passing = PassingFeatures(scene, placed, "circle-sort-key");
+            const std::vector<PassedFeature> passing = PassingFeatures(scene, placed, "circle", Reach());
             for (const int world : placed.worlds)
                 DrawWorld(placed, passing, world);
         }
     }
 
 private:
-    void DrawWorld(const PlacedFeatures& placed, const std::vector<PassedFeature>& passing, int world)
+    /// How far from the picture a circle may lie that is seen, in pixels.
+    double Reach() const
     {
         const bool isKnown = radius.IsConstant() && strokeWidth.IsConstant();
-        const double reach =
-            isKnown ? radius.Constant() * ReachOf(marker) + strokeWidth.Constant() + 2.0 : kUnknownReach;
-        PixelParts parts(TranslatedPixels(scene, "circle", world),
-                         scene.canvas.View().PictureBox(reach * scene.Scale()), placed.tile);
+        return scene.Scale() *
+               (isKnown ? radius.Constant() * ReachOf(marker) + strokeWidth.Constant() + 2.0 : kUnknownReach);
+    }
+
+    void DrawWorld(const PlacedFeatures& placed, const std::vector<PassedFeature>& passing, int world)
+    {
+        PixelParts parts(TranslatedPixels(scene, "circle", world), scene.canvas.View().PictureBox(Reach()),
+                         placed.tile);
         if (const std::optional<TXPoint>& origin = scene.canvas.View().GridOrigin())
             parts.SnapToGrid(*origin);
         FeatureAttributes attributes(*placed.features);

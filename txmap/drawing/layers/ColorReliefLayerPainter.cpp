@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <vector>
 
 #include <txmap/drawing/layers/HeightPixels.h>
@@ -14,57 +15,64 @@ namespace txmap
 namespace
 {
 
-// No two colours of a ramp are nearer to each other than a picture can show.
-constexpr int kSteps = 4096;
+// Heights this near to each other, in metres, have the same colour: the same heights in every picture.
+constexpr double kStep = 1.0 / 16.0;
+// Broken heights may lie far apart.
+constexpr double kMostSteps = 1 << 22;
+// No colour: it is transparent and yet not black.
+constexpr std::uint32_t kUnknown = 0x00FFFFFF;
 
-/// The colours of all heights of a grid, computed once.
+/// The colours of the heights of a grid, each computed when it is wanted first.
 class HeightColors
 {
 public:
     HeightColors(const LayerScene& scene, const ElevationGrid& grid)
+        : ramp(scene.layer.Find("color-relief-color")), context(scene.Context())
     {
-        lowest = 1e9;
-        double highest = -1e9;
+        double lowest = 1e9, highest = -1e9;
         for (const float metres : grid.metres)
             if (std::isfinite(metres))
             {
                 lowest = std::min(lowest, static_cast<double>(metres));
                 highest = std::max(highest, static_cast<double>(metres));
             }
-        step = std::max((highest - lowest) / kSteps, 1e-3);
-        const Expression* const ramp = scene.layer.Find("color-relief-color");
-        EvaluationContext context = scene.Context();
-        for (int i = 0; ramp && i <= kSteps; ++i)
-        {
-            context.elevation = lowest + i * step;
-            Color color{0.0, 0.0, 0.0, 0.0};
-            Take(ramp->EvaluateOrDefault(context), color);
-            const double part = color.alpha * 255.0;
-            colors.push_back(SampledColor{color.red * part, color.green * part, color.blue * part, part}.Packed());
-        }
+        if (!ramp || lowest > highest)
+            return;
+        while ((highest - lowest) / step > kMostSteps)
+            step *= 2.0;
+        first = std::floor(lowest / step);
+        colors.assign(static_cast<std::size_t>(std::floor(highest / step) - first) + 2, kUnknown);
     }
 
-    std::uint32_t At(double metres) const
+    std::uint32_t At(double metres)
     {
         if (!std::isfinite(metres) || colors.empty())
             return 0;
-        return colors[static_cast<std::size_t>(std::clamp((metres - lowest) / step + 0.5, 0.0, 0.0 + kSteps))];
+        const double number = std::clamp(std::floor(metres / step + 0.5) - first, 0.0, colors.size() - 1.0);
+        std::uint32_t& known = colors[static_cast<std::size_t>(number)];
+        if (known == kUnknown)
+        {
+            context.elevation = (first + number) * step;
+            Color color{0.0, 0.0, 0.0, 0.0};
+            Take(ramp->EvaluateOrDefault(context), color);
+            const double part = color.alpha * 255.0;
+            known = SampledColor{color.red * part, color.green * part, color.blue * part, part}.Packed();
+        }
+        return known;
     }
 
 private:
-    double lowest;
-    double step;
+    const Expression* ramp;
+    EvaluationContext context;
+    double step = kStep;
+    double first = 0.0; ///< The number of the lowest step.
     std::vector<std::uint32_t> colors;
 };
 
 /// The height between the centres of cells, or of the nearest cell.
 double HeightAt(const ElevationGrid& grid, double x, double y, bool linear)
 {
-    const auto cell = [&](double column, double row)
-    {
-        return static_cast<double>(grid.At(static_cast<int>(std::clamp(column, 0.0, grid.width - 1.0)),
-                                           static_cast<int>(std::clamp(row, 0.0, grid.height - 1.0))));
-    };
+    const auto cell = [&](double column, double row) { return static_cast<double>(grid.Nearest(column, row)); };
     if (!linear)
         return cell(std::floor(x), std::floor(y));
     const double left = std::floor(x - 0.5);
@@ -88,7 +96,7 @@ void DrawColorReliefLayer(const LayerScene& scene)
         return;
     const bool linear =
         LayerProperty<std::string>(scene.layer, "resampling", scene.Zoom(), context).Constant() != "nearest";
-    const HeightColors colors(scene, grid);
+    HeightColors colors(scene, grid);
     DrawHeightPixels(scene, grid, opacity,
                      [&](const TZObjects::TXPoint& /*place*/, double column, double row)
                      { return colors.At(HeightAt(grid, column, row, linear)); });

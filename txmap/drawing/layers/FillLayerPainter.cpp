@@ -70,7 +70,7 @@ public:
         const AntialiasingOff aliased(scene.canvas.Surface(), !antialias.Constant());
         for (const PlacedFeatures& placed : scene.data.Features(scene.layer))
         {
-            const std::vector<PassedFeature> passing = PassingFeatures(scene, placed, "fill-sort-key");
+            const std::vector<PassedFeature> passing = PassingFeatures(scene, placed, "fill", kMargin + scene.Scale());
             for (const int world : placed.worlds)
                 DrawWorld(placed, passing, world);
         }
@@ -83,7 +83,8 @@ private:
         std::optional<MercatorBox> tile;
         if (placed.tile)
             tile = view.AlignedToPixels(*placed.tile);
-        PixelParts parts(TranslatedPixels(scene, "fill", world), view.PictureBox(kMargin), tile);
+        const AffineMatrix matrix = TranslatedPixels(scene, "fill", world);
+        PixelParts parts(matrix, view.PictureBox(kMargin), tile);
         if (view.GridOrigin())
             parts.SnapToGrid(*view.GridOrigin());
         FeatureAttributes attributes(*placed.features);
@@ -104,7 +105,7 @@ private:
             const FillLook look = LookOf();
             scene.evaluating.Stop();
             if (!parts.Result().IsEmpty())
-                Fill(parts.Result(), look);
+                Fill(parts.Result(), look, GradientBox(parts.Result(), *placed.features, *passed.feature, matrix));
             if (look.outline)
                 Outline(parts, *placed.features, *passed.feature, look);
         }
@@ -121,7 +122,21 @@ private:
         return look;
     }
 
-    void Fill(const Parts& parts, const FillLook& look)
+    /// What a gradient of an area goes over, in pixels: what is seen of the area, or all of it in a picture that joins
+    /// others.
+    TZObjects::TXRect GradientBox(const Parts& parts, const FeatureSet& set, const SetFeature& feature,
+                                  const AffineMatrix& matrix) const
+    {
+        if (!scene.layer.gradient)
+            return {};
+        if (!scene.canvas.View().GridOrigin())
+            return BoundsOf(parts.points);
+        const MercatorBox box = set.BoundsOf(feature);
+        return matrix.MapBox({box.left, box.right, box.top, box.bottom});
+    }
+
+    /// @param gradientBox see `GradientBox`.
+    void Fill(const Parts& parts, const FillLook& look, const TZObjects::TXRect& gradientBox)
     {
         MapCanvas& canvas = scene.canvas;
         // The outline has the colour of the fill unless the style says otherwise, and closes the gaps that would be
@@ -143,7 +158,7 @@ private:
         }
         else if (scene.layer.gradient)
         {
-            canvas.UseGradient(GradientOf(*scene.layer.gradient), BoundsOf(parts.points));
+            canvas.UseGradient(GradientOf(*scene.layer.gradient), gradientBox);
             canvas.Surface().SetOpacity(look.opacity);
         }
         else

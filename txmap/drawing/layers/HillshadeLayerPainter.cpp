@@ -75,13 +75,8 @@ public:
                 const double across = x - 0.5 - left;
                 const double down = y - 0.5 - top;
                 const double weight = (column == 1 ? across : 1.0 - across) * (row == 1 ? down : 1.0 - down);
-                const int cellX = static_cast<int>(left) + column;
-                const int cellY = static_cast<int>(top) + row;
                 const auto height = [&](int dx, int dy)
-                {
-                    return static_cast<double>(
-                        grid.At(std::clamp(cellX + dx, 0, grid.width - 1), std::clamp(cellY + dy, 0, grid.height - 1)));
-                };
+                { return static_cast<double>(grid.Nearest(left + column + dx, top + row + dy)); };
                 eastward += weight * (height(1, -1) + 2.0 * height(1, 0) + height(1, 1) - height(-1, -1) -
                                       2.0 * height(-1, 0) - height(-1, 1));
                 southward += weight * (height(-1, 1) + 2.0 * height(0, 1) + height(1, 1) - height(-1, -1) -

@@ -61,8 +61,8 @@ std::string KeyOf(const IconShape& shape, const TXPoint& part, double angle, dou
     return key;
 }
 
-/// The nearest quarter.
-double Quarter(double value) { return std::round(value * 4.0) / 4.0; }
+/// The nearest quarter; of two, the greater one on either side of 0, so that it is the same wherever a picture begins.
+double Quarter(double value) { return std::floor(value * 4.0 + 0.5) / 4.0; }
 
 } // namespace
 

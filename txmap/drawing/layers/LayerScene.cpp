@@ -8,6 +8,16 @@
 namespace txmap
 {
 
+using TZObjects::TXRect;
+
+namespace
+{
+
+// By so many pixels, places that are rounded may come nearer.
+constexpr double kRounding = 1.0;
+
+} // namespace
+
 EvaluationContext ContextOf(const MapStyle& style, const MapData& data, double zoom)
 {
     EvaluationContext context;
@@ -19,10 +29,20 @@ EvaluationContext ContextOf(const MapStyle& style, const MapData& data, double z
 
 EvaluationContext LayerScene::Context() const { return ContextOf(style, data, Zoom()); }
 
-std::vector<PassedFeature> PassingFeatures(const LayerScene& scene, const PlacedFeatures& placed, const char* sortKey)
+std::vector<PassedFeature> PassingFeatures(const LayerScene& scene, const PlacedFeatures& placed, const char* prefix,
+                                           double reach)
 {
     scene.evaluating.Start();
-    std::vector<PassedFeature> passing = PassingFeatures(scene.layer, placed, sortKey, scene.Context());
+    std::vector<MercatorBox> seen;
+    if (placed.index)
+        for (const int world : placed.worlds)
+        {
+            const TXRect picture = scene.canvas.View().PictureBox(reach + kRounding);
+            const TXRect box = TranslatedPixels(scene, prefix, world).Inverted().MapBox(picture);
+            seen.push_back({box.left, box.top, box.right, box.bottom});
+        }
+    const std::string sortKey = std::string(prefix) + "-sort-key";
+    std::vector<PassedFeature> passing = PassingFeatures(scene.layer, placed, sortKey.c_str(), scene.Context(), seen);
     scene.evaluating.Stop();
     return passing;
 }

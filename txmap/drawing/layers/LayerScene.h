@@ -50,9 +50,12 @@ struct LayerScene
     EvaluationContext Context() const;
 };
 
-/// The features of a set that a layer draws, in its order.
-/// @param sortKey the name of the property that orders them.
-std::vector<PassedFeature> PassingFeatures(const LayerScene& scene, const PlacedFeatures& placed, const char* sortKey);
+/// What a layer shows of a set: the features that pass its filter, in its order, without those that are too far away.
+/// @param prefix what the names of the layer's properties begin with: "fill".
+/// @param reach how far a feature may lie from the picture and still be seen, in pixels, apart from what the layer is
+/// moved by.
+std::vector<PassedFeature> PassingFeatures(const LayerScene& scene, const PlacedFeatures& placed, const char* prefix,
+                                           double reach);
 
 /// Mercator coordinates to pixels, with what the layer says in "*-translate" and "*-translate-anchor".
 /// @param prefix what the names of these properties begin with: "fill".

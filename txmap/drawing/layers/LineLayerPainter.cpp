@@ -1,5 +1,6 @@
 #include <txmap/drawing/layers/LineLayerPainter.h>
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -21,6 +22,8 @@ namespace
 
 // Points of lines that are closer than this part of their width count as one.
 constexpr double kCornerOfWidth = 1.0 / 128.0;
+// How far lines reach that are kept whole and whose width or offset depends on the feature, in logical pixels.
+constexpr double kFarthestMove = 1024.0;
 
 /// Draws only within a tile as long as it lives. Features reach beyond their tile and are in its neighbour, too.
 class TileClip
@@ -62,7 +65,7 @@ public:
     {
         for (const PlacedFeatures& placed : scene.data.Features(scene.layer))
         {
-            const std::vector<PassedFeature> passing = PassingFeatures(scene, placed, "line-sort-key");
+            const std::vector<PassedFeature> passing = PassingFeatures(scene, placed, "line", FarthestSeen());
             for (const int world : placed.worlds)
             {
                 const TileClip clip(scene.canvas, placed.tile, world);
@@ -73,14 +76,29 @@ public:
     }
 
 private:
+    /// How far from the picture a line may lie that is seen, in pixels.
+    double FarthestSeen() const
+    {
+        const double reach = properties.Reach() + scene.layer.tolerance * scene.Scale();
+        // Lines that are kept whole may then be moved.
+        return KeepsLines() && !properties.AreConstant() ? std::max(reach, kFarthestMove * scene.Scale()) : reach;
+    }
+
+    /// Dashes and patterns go on from where a line begins, wherever a picture that joins others does.
+    bool KeepsLines() const
+    {
+        return scene.canvas.View().GridOrigin() &&
+               (scene.layer.Find("line-dasharray") || scene.layer.Find("line-pattern"));
+    }
+
     void DrawWorld(const PlacedFeatures& placed, const std::vector<PassedFeature>& passing, int world)
     {
-        const double reach = properties.Reach(context);
+        const double reach = properties.Reach();
         const std::optional<LineLook> common =
             properties.AreConstant() ? std::optional(properties.At(context)) : std::nullopt;
         PixelParts parts(TranslatedPixels(scene, "line", world), scene.canvas.View().PictureBox(reach));
         if (const std::optional<TXPoint>& origin = scene.canvas.View().GridOrigin())
-            parts.SnapToGrid(*origin, scene.layer.Find("line-dasharray") != nullptr);
+            parts.SnapToGrid(*origin, KeepsLines());
         // Of a stroke, corners show that are a good part of its width.
         if (common && common->width * kCornerOfWidth > PixelParts::kFinest)
             parts.SetFinest(common->width * kCornerOfWidth);

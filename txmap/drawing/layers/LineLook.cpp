@@ -73,11 +73,14 @@ bool LineProperties::AreConstant() const
            miterLimit.IsConstant() && dashes.IsConstant() && pattern.IsConstant();
 }
 
-double LineProperties::Reach(const EvaluationContext& context) const
+double LineProperties::Reach() const
 {
-    const bool isKnown = width.IsConstant() && gap.IsConstant() && offset.IsConstant();
-    const LineLook look = isKnown ? At(context) : LineLook();
-    return isKnown ? look.width * 2.0 + look.gap + std::abs(look.offset) + 4.0 : kUnknownReach * scale;
+    // There is no feature to ask yet.
+    if (!width.IsConstant() || !gap.IsConstant() || !offset.IsConstant())
+        return kUnknownReach * scale;
+    const auto pixels = [&](const LayerProperty<double>& length)
+    { return std::clamp(std::abs(length.Constant()) * scale, 0.0, widest); };
+    return pixels(width) * 2.0 + pixels(gap) + pixels(offset) + 4.0;
 }
 
 } // namespace txmap

@@ -36,7 +36,7 @@ public:
     /// Whether all features look the same.
     bool AreConstant() const;
     /// How far from its line a feature may be drawn, in pixels.
-    double Reach(const EvaluationContext& context) const;
+    double Reach() const;
 
 private:
     double scale;

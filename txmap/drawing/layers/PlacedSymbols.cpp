@@ -29,7 +29,8 @@ std::string MissingText(const std::vector<std::string>& names)
 
 } // namespace
 
-PlacedSymbols::PlacedSymbols(MapCanvas& canvas, const MapStyle& style, const MapData& data, DrawingReport& report)
+PlacedSymbols::PlacedSymbols(MapCanvas& canvas, const MapStyle& style, const MapData& data, DrawingReport& report,
+                             KeptLines* keptLines)
 {
     const auto missing = std::make_shared<std::vector<std::string>>();
     fonts = std::make_unique<SymbolFonts>(canvas.Engine(),
@@ -40,7 +41,7 @@ PlacedSymbols::PlacedSymbols(MapCanvas& canvas, const MapStyle& style, const Map
         if (layer.type != LayerType::Symbol || !layer.IsShownAt(canvas.View().Zoom()))
             continue;
         layers[&layer].layout = LayOutSymbols({layer, data.Features(layer), data.Pictures(), canvas.View(), *fonts,
-                                               ContextOf(style, data, canvas.View().Zoom())});
+                                               ContextOf(style, data, canvas.View().Zoom()), keptLines});
         if (!missing->empty())
             report.warnings.push_back(layer.pointer + "/layout/text-font: " + MissingText(*missing));
         missing->clear();

@@ -11,6 +11,7 @@
 namespace txmap
 {
 
+class KeptLines;
 class MapCanvas;
 class MapData;
 class MapView;
@@ -28,7 +29,9 @@ public:
     };
 
     /// @param report hears of fonts that are missing, and how long this takes.
-    PlacedSymbols(MapCanvas& canvas, const MapStyle& style, const MapData& data, DrawingReport& report);
+    /// @param keptLines see `SymbolLayerData`.
+    PlacedSymbols(MapCanvas& canvas, const MapStyle& style, const MapData& data, DrawingReport& report,
+                  KeptLines* keptLines);
 
     /// Null for a layer without symbols.
     const Layer* Find(const StyleLayer& layer) const;

@@ -112,9 +112,10 @@ void ClipTo(const LayerClip& clip, MapCanvas& canvas)
 
 } // namespace
 
-void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, DrawingReport& report)
+void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, DrawingReport& report,
+                KeptLines* keptLines)
 {
-    const PlacedSymbols symbols(canvas, style, data, report);
+    const PlacedSymbols symbols(canvas, style, data, report, keptLines);
     PatternImages patterns(canvas, data.Pictures());
     for (const StyleLayer& layer : style.layers)
     {

@@ -8,6 +8,8 @@
 namespace txmap
 {
 
+class KeptLines;
+
 /// What there is to say about a map that was drawn.
 struct DrawingReport
 {
@@ -17,6 +19,8 @@ struct DrawingReport
 };
 
 /// Draws the layers of a style, one over the other.
-void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, DrawingReport& report);
+/// @param keptLines where lines with names are kept for other views of the same data; null for a single picture.
+void DrawLayers(MapCanvas& canvas, const MapStyle& style, const MapData& data, DrawingReport& report,
+                KeptLines* keptLines = nullptr);
 
 } // namespace txmap
