@@ -73,8 +73,10 @@ for (const name of own) {
     if (execFileSync(program, ['validate', file], { encoding: 'utf8' }) !== '')
         fail(name, 'txmap validate has objections');
 }
-const fine = [...goodStyles(), ...smallStyles()];
-const broken = brokenStyles();
+const oneOf = Number(process.env.TX_ONE_OF ?? 1);
+const some = styles => styles.filter((_, index) => index % oneOf === 0);
+const fine = some([...goodStyles(), ...smallStyles()]);
+const broken = some(brokenStyles());
 for (const one of fine)
     check(one, true);
 const stricter = stricterStyles();
