@@ -126,7 +126,7 @@ bool Walk(const Json& json, GeoJsonEvents& events)
 GeoJsonResult ReadGeoJsonText(std::string text, const GeoJsonOptions& options, FeatureSetBuilder& builder,
                               FeatureSet& set)
 {
-    // A vector that grows under a coastline copies it as often as it doubles. Memory that is never written costs nothing.
+    // A vector that grows copies a coastline as often as it doubles. Memory that is never written costs nothing.
     constexpr std::size_t kBytesOfPosition = 24;
     set.points.reserve(set.points.size() + text.size() / kBytesOfPosition);
     GeoJsonEvents events(options, builder, set);
