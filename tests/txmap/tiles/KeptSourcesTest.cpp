@@ -153,9 +153,9 @@ TEST_F(KeptSourcesTest, DrawTheSamePixelsAsAllOfTheirFeatures)
                 const std::size_t bytes = std::size_t{4} * kTile;
                 for (int y = 0; y < kTile; ++y)
                 {
-                    const std::size_t start =
-                        (static_cast<std::size_t>(row * kTile + y) * width + static_cast<std::size_t>(column * kTile)) *
-                        4;
+                    const auto top = static_cast<std::size_t>(TileView::kEdge + row * kTile + y);
+                    const auto left = static_cast<std::size_t>(TileView::kEdge + column * kTile);
+                    const std::size_t start = (top * width + left) * 4;
                     ASSERT_TRUE(std::equal(tile.rgba.begin() + static_cast<std::ptrdiff_t>(bytes * y),
                                            tile.rgba.begin() + static_cast<std::ptrdiff_t>(bytes * (y + 1)),
                                            all.begin() + static_cast<std::ptrdiff_t>(start)))
