@@ -28,11 +28,15 @@ TXRect Common(const TXRect& a, const TXRect& b)
     return {std::max(a.left, b.left), std::min(a.right, b.right), std::max(a.top, b.top), std::min(a.bottom, b.bottom)};
 }
 
-double OnGrid(double value)
+TXPoint OnGrid(const TXPoint& point)
 {
     constexpr double kSteps = 64.0;
-    const double rounded = std::round(value * kSteps) / kSteps;
-    return rounded - std::floor(rounded) == 0.5 ? rounded + 1.0 / kSteps : rounded;
+    const auto rounded = [](double value)
+    {
+        const double step = std::round(value * kSteps) / kSteps;
+        return step - std::floor(step) == 0.5 ? step + 1.0 / kSteps : step;
+    };
+    return {rounded(point.x), rounded(point.y)};
 }
 
 std::uint64_t SpotOf(const TXPoint& point, double size)

@@ -18,10 +18,10 @@ TZObjects::TXRect United(const TZObjects::TXRect& a, const TZObjects::TXRect& b)
 /// What two rectangles share; its right lies left of its left, or its bottom above its top, when they share nothing.
 TZObjects::TXRect Common(const TZObjects::TXRect& a, const TZObjects::TXRect& b);
 
-/// A number of pixels in steps of 1/64, as surfaces round outlines, but never in the middle of a pixel: surfaces draw a
+/// A point at steps of 1/64 of a pixel, as surfaces round outlines, but never in the middle of a pixel: surfaces draw a
 /// line within one pixel as a dot, and which pixel a middle belongs to depends on its sign, and so on where the picture
 /// begins.
-double OnGrid(double value);
+TZObjects::TXPoint OnGrid(const TZObjects::TXPoint& point);
 
 /// The number of the square in which a point lies, where squares of a size lie side by side. Points far away share one.
 std::uint64_t SpotOf(const TZObjects::TXPoint& point, double size);

@@ -175,7 +175,10 @@ void PixelParts::Snap(bool splits)
     }
     pixels.clear();
     for (const TXPoint& point : snapped)
-        pixels.emplace_back(OnGrid(point.x) - origin->x, OnGrid(point.y) - origin->y);
+    {
+        const TXPoint placed = OnGrid(point);
+        pixels.emplace_back(placed.x - origin->x, placed.y - origin->y);
+    }
 }
 
 void PixelParts::Reduce(const TXPoint* points, std::size_t count)
@@ -308,7 +311,10 @@ void PixelParts::AddPoint(const TXPoint& point)
     }
     TXPoint pixel = toPixels.Map(point);
     if (origin)
-        pixel = {OnGrid(pixel.x) - origin->x, OnGrid(pixel.y) - origin->y};
+    {
+        const TXPoint placed = OnGrid(pixel);
+        pixel = {placed.x - origin->x, placed.y - origin->y};
+    }
     const TXRect& picture = origin ? seen : pictureClipper.Box();
     if (pixel.x < picture.left || pixel.x > picture.right || pixel.y < picture.top || pixel.y > picture.bottom)
         return;

@@ -164,7 +164,7 @@ void LineStroker::AddDashes(const PixelLine& line, const LineLook& look, double 
     if (canvas.View().GridOrigin())
         for (auto point = pieces.points.begin() + static_cast<std::ptrdiff_t>(first); point != pieces.points.end();
              ++point)
-            *point = {OnGrid(point->x), OnGrid(point->y)};
+            *point = OnGrid(*point);
 }
 
 void LineStroker::Use(const PenLook& look)
