@@ -16,9 +16,9 @@ namespace
 {
 
 // Heights this near to each other, in metres, have the same colour: the same heights in every picture.
-constexpr double kStep = 1.0 / 16.0;
+constexpr double kStep = 1.0 / 256.0;
 // Broken heights may lie far apart.
-constexpr double kMostSteps = 1 << 22;
+constexpr double kMostSteps = 1 << 23;
 // No colour: it is transparent and yet not black.
 constexpr std::uint32_t kUnknown = 0x00FFFFFF;
 

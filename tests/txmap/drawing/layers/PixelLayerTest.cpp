@@ -1,5 +1,6 @@
 // Layers whose pixels are computed: patterns, pictures and shaded relief.
 #include <cmath>
+#include <set>
 
 #include <gdal_priv.h>
 #include <tests/txmap/drawing/layers/StyledTwins.h>
@@ -21,6 +22,17 @@ protected:
         const TXRefPtr<TXImage> image(plugin.Engine().NewImage());
         image->CreateImage(reinterpret_cast<unsigned char*>(copy.data()), width, height, TXImage::Format_ARGB32);
         image->Save(TXString((folder / name).c_str()));
+    }
+    /// Writes slope.asc, whose heights grow by so many metres with each of 64 cells from west to east.
+    void WriteSlope(double step)
+    {
+        GDALAllRegister();
+        std::string grid = "ncols 64\nnrows 64\nxllcorner -8\nyllcorner -8\ncellsize 0.25\n";
+        for (int i = 0; i < 64 * 64; ++i)
+            grid += std::to_string(step * (i % 64)) + (i % 64 < 63 ? " " : "\n");
+        folder.Write("slope.asc", grid);
+        folder.Write("slope.prj", R"(GEOGCS["WGS 84",DATUM["WGS_1984",SPHEROID["WGS 84",6378137,298.257223563]],)"
+                                  R"(PRIMEM["Greenwich",0],UNIT["degree",0.0174532925199433]])");
     }
     unsigned At(const std::vector<unsigned>& pixels, int x, int y) const
     {
@@ -138,14 +150,7 @@ TEST_F(PixelLayer, SlopesTowardTheLightAreLitAndOthersShaded)
 
 TEST_F(PixelLayer, HeightsHaveTheColoursOfTheirRamp)
 {
-    GDALAllRegister();
-    // Higher by 100 metres with each cell from west to east.
-    std::string grid = "ncols 64\nnrows 64\nxllcorner -8\nyllcorner -8\ncellsize 0.25\n";
-    for (int i = 0; i < 64 * 64; ++i)
-        grid += std::to_string(100 * (i % 64)) + (i % 64 < 63 ? " " : "\n");
-    folder.Write("slope.asc", grid);
-    folder.Write("slope.prj", R"(GEOGCS["WGS 84",DATUM["WGS_1984",SPHEROID["WGS 84",6378137,298.257223563]],)"
-                              R"(PRIMEM["Greenwich",0],UNIT["degree",0.0174532925199433]])");
+    WriteSlope(100.0);
     const auto drawn = [&](const std::string& paint)
     {
         return StyledSource(R"({"type": "raster-dem", "url": "slope.asc"})",
@@ -159,6 +164,19 @@ TEST_F(PixelLayer, HeightsHaveTheColoursOfTheirRamp)
     const auto blend =
         drawn(R"("color-relief-color": ["interpolate", ["linear"], ["elevation"], 0, "#000000", 6400, "#ffffff"])");
     EXPECT_NEAR(At(blend, 128, 128) & 255, 127.0, 6.0);
+}
+
+TEST_F(PixelLayer, ShallowHeightsKeepTheirShades)
+{
+    WriteSlope(0.01);
+    const auto drawn = StyledSource(
+        R"({"type": "raster-dem", "url": "slope.asc"})",
+        R"({"id": "r", "type": "color-relief", "source": "s", "paint": {"color-relief-color": ["interpolate", ["linear"],
+        ["elevation"], 0, "#000000", 0.64, "#ffffff"]}})");
+    std::set<unsigned> shades;
+    for (int x = 0; x < 256; ++x)
+        shades.insert(At(drawn, x, 128));
+    EXPECT_GT(shades.size(), 20u);
 }
 
 TEST(Hillshade, FlatGroundIsTransparentByTheStandardMethod)
